@@ -2,6 +2,9 @@
 
 #include <cstdint>
 
+/// A character of the host's interface: all its text is wide.
+using ACHAR = wchar_t;
+
 /// The host's own names for the plain types that cross its interface.
 namespace Adesk {
 
