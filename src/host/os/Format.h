@@ -9,7 +9,6 @@ namespace os {
 /// width, precision and '*'. %s and %c take wide text, %hs, %hc, %S and %C narrow (UTF-8); lengths h hh l ll w j z t L
 /// I32 I64 I. A null text prints as "(null)". A conversion that isn't one prints the character after the percent sign
 /// and reads no argument; a format that ends inside a conversion prints nothing more and reads no argument for it.
-void formatWideV(std::wstring& out, const wchar_t* format, std::va_list arguments);
 void formatWide(std::wstring& out, const wchar_t* format, std::va_list arguments);
 
 /// As above, into a new text.

@@ -34,6 +34,9 @@ struct ReplaceResult {
 ReplaceResult replaceFile(const std::string& path, std::string_view contents, const ReplaceOptions& options = {},
                           FileSystem& files = realFileSystem());
 
+/// Whether a file could be written at `path` now: its folder takes a new file, and no folder stands there.
+bool canReplaceFile(const std::string& path, FileSystem& files = realFileSystem());
+
 /// The name under which the file that stood at `path` is kept: its ending, if it has one, replaced by ".bak".
 std::string backupName(const std::string& path);
 

@@ -1,0 +1,188 @@
+#include "host/os/ReplaceFile.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace os {
+
+namespace {
+
+constexpr unsigned kNewFileMode = 0666;
+constexpr int kTemporaryNameTries = 100;
+
+std::string folderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+ReplaceErrorKind kindOf(int error) {
+  switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+      return ReplaceErrorKind::noSuchFolder;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return ReplaceErrorKind::notWritable;
+    case EISDIR:
+      return ReplaceErrorKind::isDirectory;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return ReplaceErrorKind::diskFull;
+    case EEXIST:
+      return ReplaceErrorKind::exists;
+    default:
+      return ReplaceErrorKind::other;
+  }
+}
+
+std::string reasonOf(ReplaceErrorKind kind, int error) {
+  switch (kind) {
+    case ReplaceErrorKind::noSuchFolder:
+      return "its folder does not exist";
+    case ReplaceErrorKind::notWritable:
+      return "no permission to write there";
+    case ReplaceErrorKind::isDirectory:
+      return "it is a folder";
+    case ReplaceErrorKind::diskFull:
+      return "no space left";
+    case ReplaceErrorKind::exists:
+      return "it exists already";
+    default:
+      return std::generic_category().message(error);
+  }
+}
+
+ReplaceResult failure(const std::string& path, int error) {
+  const ReplaceErrorKind kind = kindOf(error);
+  return {kind, "cannot write " + path + ": " + reasonOf(kind, error)};
+}
+
+/// The temporary file beside the target: closed and removed unless it has taken the target's place.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(FileSystem& files) : files_(files) {}
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile() {
+    if (descriptor_ >= 0) files_.close(descriptor_);
+    if (!path_.empty()) files_.remove(path_);
+  }
+
+  int create(const std::string& target) {
+    int error = EEXIST;
+    for (int i = 0; i < kTemporaryNameTries && error == EEXIST; ++i) {
+      const std::string name = target + ".tmp" + std::to_string(::getpid()) + "-" + std::to_string(i);
+      error = files_.createExclusive(name, kNewFileMode, descriptor_);
+      if (error == 0) path_ = name;
+    }
+    if (error != 0) descriptor_ = -1;
+    // Names that are all taken are no sign that the target exists.
+    return error == EEXIST ? EIO : error;
+  }
+
+  int write(std::string_view contents) {
+    while (!contents.empty()) {
+      std::size_t written = 0;
+      if (const int error = files_.write(descriptor_, contents.data(), contents.size(), written)) return error;
+      // A file system that takes nothing and names no reason would be asked for ever.
+      if (written == 0) return ENOSPC;
+      contents.remove_prefix(written);
+    }
+    return 0;
+  }
+
+  int setMode(unsigned mode) { return files_.setMode(descriptor_, mode); }
+
+  int finish() {
+    const int error = files_.sync(descriptor_);
+    // A failed close still gives the descriptor up.
+    const int closing = files_.close(std::exchange(descriptor_, -1));
+    return error != 0 ? error : closing;
+  }
+
+  int moveTo(const std::string& target) {
+    const int error = files_.rename(path_, target);
+    if (error == 0) path_.clear();
+    return error;
+  }
+
+  // Unlike a rename, a second name is refused when the target has come to be in the meantime.
+  int linkTo(const std::string& target) { return files_.link(path_, target); }
+
+ private:
+  FileSystem& files_;
+  std::string path_;
+  int descriptor_ = -1;
+};
+
+/// What stands at the target before the replacement.
+struct OldFile {
+  bool present = false;
+  unsigned mode = 0;
+};
+
+int inspect(FileSystem& files, const std::string& target, const ReplaceOptions& options, OldFile& old) {
+  bool isFolder = false;
+  const int error = files.status(target, old.mode, isFolder);
+  if (error == ENOENT) return 0;
+  if (error != 0) return error;
+  if (isFolder) return EISDIR;
+  if (!options.overwrite) return EEXIST;
+  old.present = true;
+  return 0;
+}
+
+// The backup is a second name of the old file, so that the old contents are never without one.
+int backUp(FileSystem& files, const std::string& target) {
+  const std::string spare = target + ".bak" + std::to_string(::getpid());
+  if (const int error = files.link(target, spare)) return error;
+  const int error = files.rename(spare, backupName(target));
+  if (error != 0) files.remove(spare);
+  return error;
+}
+
+int replace(FileSystem& files, const std::string& target, std::string_view contents, const ReplaceOptions& options) {
+  OldFile old;
+  if (const int error = inspect(files, target, options, old)) return error;
+  TemporaryFile temporary(files);
+  if (const int error = temporary.create(target)) return error;
+  if (const int error = temporary.write(contents)) return error;
+  if (const int error = old.present ? temporary.setMode(old.mode) : 0) return error;
+  if (const int error = temporary.finish()) return error;
+  if (const int error = old.present && options.keepBackup ? backUp(files, target) : 0) return error;
+  const int error = options.overwrite ? temporary.moveTo(target) : temporary.linkTo(target);
+  return error != 0 ? error : files.syncFolder(folderOf(target));
+}
+
+}  // namespace
+
+ReplaceResult replaceFile(const std::string& path, std::string_view contents, const ReplaceOptions& options,
+                          FileSystem& files) {
+  const int error = replace(files, files.target(path), contents, options);
+  return error == 0 ? ReplaceResult{} : failure(path, error);
+}
+
+bool canReplaceFile(const std::string& path, FileSystem& files) {
+  const std::string target = files.target(path);
+  OldFile old;
+  if (inspect(files, target, {}, old) != 0) return false;
+  TemporaryFile temporary(files);
+  return temporary.create(target) == 0;
+}
+
+std::string backupName(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  const std::size_t name = slash == std::string::npos ? 0 : slash + 1;
+  const std::size_t dot = path.rfind('.');
+  // A dot that begins the name begins no ending.
+  const bool hasEnding = dot != std::string::npos && dot > name;
+  return (hasEnding ? path.substr(0, dot) : path) + ".bak";
+}
+
+}  // namespace os
