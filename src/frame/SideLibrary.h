@@ -1,0 +1,4 @@
+#pragma once
+
+/// The module's side library.
+#include "support/SideLibrary.h"
