@@ -1,0 +1,26 @@
+#pragma once
+
+/// The geometry of the host: values for points, vectors, maps and tolerances, and curves and planes used as
+/// calculators. Header only, trivially copyable, without virtual calls and without allocation.
+#include "host/ge/AcGeCircArc2d.h"
+#include "host/ge/AcGeCircArc3d.h"
+#include "host/ge/AcGeCurve2d.h"
+#include "host/ge/AcGeCurve3d.h"
+#include "host/ge/AcGeLine2d.h"
+#include "host/ge/AcGeLine3d.h"
+#include "host/ge/AcGeLineSeg2d.h"
+#include "host/ge/AcGeLineSeg3d.h"
+#include "host/ge/AcGeLinearEnt2d.h"
+#include "host/ge/AcGeLinearEnt3d.h"
+#include "host/ge/AcGeMatrix2d.h"
+#include "host/ge/AcGeMatrix3d.h"
+#include "host/ge/AcGePlanarEnt.h"
+#include "host/ge/AcGePlane.h"
+#include "host/ge/AcGePoint2d.h"
+#include "host/ge/AcGePoint3d.h"
+#include "host/ge/AcGeRay2d.h"
+#include "host/ge/AcGeRay3d.h"
+#include "host/ge/AcGeScale.h"
+#include "host/ge/AcGeTol.h"
+#include "host/ge/AcGeVector2d.h"
+#include "host/ge/AcGeVector3d.h"
