@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "NamePool.h"
+#include "ProfileClasses.h"
+
+namespace kr {
+
+/// "Not there", as an index into one of a job's lists.
+inline constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
+
+/// The greatest coordinate or size that a job may give, in millimetres: a thousand kilometres, beyond which a
+/// drawing's tolerance of 1e-8 is finer than its numbers.
+inline constexpr double kLargestCoordinate = 1e9;
+
+/// A point of the drawing plane, mm.
+struct JobPoint {
+  double x = 0;
+  double y = 0;
+};
+
+/// What the title block says. Empty texts leave their field empty.
+struct JobTitle {
+  std::string owner;
+  std::string project;
+  std::string title;
+  std::string subtitle;
+  std::string number;
+  std::string revision;
+  std::string date;
+  std::string drawnBy;
+  std::string checkedBy;
+  std::string approvedBy;
+  std::string documentType;
+  std::string status;
+};
+
+/// A layer of the job's own.
+struct JobLayer {
+  NameId name = kNoName;
+  int color = 7;
+  NameId linetype = kNoName;
+  double lineweight = -1;  ///< mm; negative: the default
+};
+
+/// A profile: a class with its parameters, in the constructor's order.
+struct JobProfile {
+  NameId name = kNoName;
+  const ProfileClass* profileClass = nullptr;
+  ParameterValues values{};
+};
+
+/// A member between two points. Points and profile are indices into the job's lists; the layer is a name, kNoName for
+/// the layer of every member.
+struct JobMember {
+  NameId name = kNoName;
+  std::uint32_t from = kNone;
+  std::uint32_t to = kNone;
+  std::uint32_t profile = kNone;
+  NameId layer = kNoName;
+  std::int8_t view = 1;
+  std::int8_t role = 0;
+  double startSetback = 0;  ///< mm, from `from` towards `to`; negative reaches beyond
+  double endSetback = 0;    ///< mm, from `to` towards `from`
+};
+
+/// A sheet of paper to draw on.
+struct JobSheet {
+  std::string size = "A1";
+  double scale = 0;         ///< paper to real size, 0.02 for 1:50; 0 chooses the largest standard one that fits
+  double sectionScale = 0;  ///< the same for the sections
+  bool sections = true;
+  bool table = true;
+  bool marks = true;
+  bool dimensions = true;
+  JobTitle title;  ///< what differs from the job's title
+  std::vector<std::string> notes;
+};
+
+/// A whole job, with every reference resolved. `points` holds the nodes and the points given in place.
+struct Job {
+  NamePool names;
+  JobTitle title;
+  std::vector<JobLayer> layers;
+  std::vector<JobPoint> points;
+  std::vector<JobProfile> profiles;
+  std::vector<JobMember> members;
+  std::vector<JobSheet> sheets;
+};
+
+/// The words for a member's view, at their numbers; number 5 isn't a view that a job can name.
+std::string_view viewWord(int view);
+
+/// The words for a member's role in the structure, at their numbers 0 to 9.
+std::string_view roleWord(int role);
+
+/// The start and end of a member with its setbacks taken off.
+struct MemberAxis {
+  JobPoint start;
+  JobPoint end;
+};
+MemberAxis memberAxis(const Job& job, const JobMember& member);
+
+}  // namespace kr

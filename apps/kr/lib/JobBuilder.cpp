@@ -1,0 +1,248 @@
+#include "JobBuilder.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "Number.h"
+#include "Suggest.h"
+
+namespace kr {
+namespace {
+
+// A reference to a node is, until it is resolved, either a name or the index of a point given in place.
+constexpr std::uint32_t kPointInPlace = 0x80000000U;
+
+// Shorter than this no member can be drawn: the drawing's own tolerance for points is finer still.
+constexpr double kShortestMember = 1e-3;
+
+// The entry of a by-name index, made on demand.
+std::uint32_t& entry(std::vector<std::uint32_t>& index, NameId name, const NamePool& names) {
+  if (index.size() <= name) index.resize(std::max<std::size_t>(names.size(), index.size() * 2), kNone);
+  return index[name];
+}
+
+std::uint32_t lookUp(const std::vector<std::uint32_t>& index, NameId name) {
+  return name < index.size() ? index[name] : kNone;
+}
+
+std::vector<std::string_view> namesIn(const std::vector<std::uint32_t>& index, const NamePool& names) {
+  std::vector<std::string_view> found;
+  for (NameId name = 1; name < index.size(); ++name) {
+    if (index[name] != kNone) found.push_back(names.text(name));
+  }
+  return found;
+}
+
+std::string memberPath(std::size_t index, std::string_view key) {
+  return "/members/" + std::to_string(index) + "/" + std::string(key);
+}
+
+void appendEscaped(std::string& path, std::string_view step) {
+  for (const char c : step) path += c == '~' ? "~0" : c == '/' ? "~1" : std::string(1, c);
+}
+
+}  // namespace
+
+void JobBuilder::addNode(std::string_view name, JobPoint point) {
+  std::uint32_t& place = entry(pointOf_, job.names.intern(name), job.names);
+  if (place == kNone) place = addPoint(point);
+}
+
+std::uint32_t JobBuilder::addPoint(JobPoint point) {
+  job.points.push_back(point);
+  return static_cast<std::uint32_t>(job.points.size() - 1);
+}
+
+std::uint32_t JobBuilder::nodeReference(const Scalar& value) {
+  return value.kind == Kind::kPoint ? addPoint(value.point) | kPointInPlace : job.names.intern(value.text);
+}
+
+void JobBuilder::beginProfile(std::string_view name) {
+  profile_ = {};
+  profile_.name = job.names.intern(name);
+  className_.clear();
+  parameters_.clear();
+}
+
+void JobBuilder::profileClassName(std::string_view text) {
+  className_ = text;
+  profile_.profileClass = profileClass(text);
+  if (profile_.profileClass != nullptr) return;
+  std::vector<std::string_view> classes;
+  for (const ProfileClass& row : profileClasses()) classes.push_back(row.name);
+  problems.report("unknown class of profile " + inQuotes(text) + ": " + suggestion(text, classes));
+}
+
+void JobBuilder::profileParameter(const Scalar& value) {
+  parameters_.push_back({std::string(value.key), problems.offset(), value});
+}
+
+void JobBuilder::endProfile() {
+  // Known by its name even when something is wrong with it, so that its members aren't blamed too.
+  std::uint32_t& place = entry(profileOf_, profile_.name, job.names);
+  if (place == kNone) place = static_cast<std::uint32_t>(job.profiles.size());
+  if (profile_.profileClass != nullptr) settleProfile();
+  job.profiles.push_back(profile_);
+}
+
+void JobBuilder::settleProfile() {
+  const ProfileClass& row = *profile_.profileClass;
+  GivenParameters given;
+  bool sound = true;
+  const auto wrong = [&](const Parameter& parameter, std::string message) {
+    problems.reportKey(parameter.key, parameter.offset, std::move(message));
+    sound = false;
+  };
+  for (const Parameter& parameter : parameters_) {
+    const auto found = std::find_if(row.parameters.begin(), row.parameters.end(),
+                                    [&](const ProfileParameter& p) { return p.key == parameter.key; });
+    if (found == row.parameters.end()) {
+      std::vector<std::string_view> keys{"class"};
+      for (const ProfileParameter& p : row.parameters) keys.push_back(p.key);
+      wrong(parameter, "unknown key " + inQuotes(parameter.key) + " in a profile of class " + std::string(row.name) +
+                           ": " + suggestion(parameter.key, keys));
+      continue;
+    }
+    const auto at = static_cast<std::size_t>(found - row.parameters.begin());
+    const std::string meaning(found->meaning);
+    if (given.has(at)) wrong(parameter, "duplicate key " + inQuotes(parameter.key) + ": give it once");
+    given.given |= 1U << at;
+    given.values[at] = parameter.value.number;
+    if (parameter.value.kind != Kind::kNumber) {
+      wrong(parameter, "expected a number (" + meaning + "), found " + std::string(kindWord(parameter.value.kind)));
+    } else if (std::isinf(parameter.value.number)) {
+      wrong(parameter, "the number is too great to be held: expected " + meaning);
+    } else if (parameter.value.number <= 0) {
+      wrong(parameter, "must be greater than 0: expected " + meaning);
+    } else if (parameter.value.number > kLargestCoordinate) {
+      wrong(parameter, "must be at most " + shortest(kLargestCoordinate) + ": expected " + meaning);
+    }
+  }
+  for (std::size_t i = 0; i < row.parameters.size(); ++i) {
+    if (given.has(i) || !row.parameters[i].required) continue;
+    problems.report("missing " + inQuotes(row.parameters[i].key) + ": " + std::string(row.parameters[i].meaning));
+    sound = false;
+  }
+  ParameterProblem problem;
+  if (!sound || row.settle(given, profile_.values, problem)) return;
+  if (problem.key.empty()) return problems.report(std::move(problem.message));
+  const auto blamed = std::find_if(parameters_.begin(), parameters_.end(),
+                                   [&](const Parameter& parameter) { return parameter.key == problem.key; });
+  problems.reportKey(problem.key, blamed->offset, std::move(problem.message));
+}
+
+void JobBuilder::endMember() {
+  job.members.push_back(member);
+}
+void JobBuilder::endSheet() {
+  job.sheets.push_back(sheet);
+}
+
+void JobBuilder::finish(const KnownNames& known, std::vector<Problem>& found) {
+  resolveLayers(known, found);
+  for (std::size_t i = 0; i < job.members.size(); ++i) checkLayer(i, known, found);
+  resolveMembers(found);
+}
+
+void JobBuilder::resolveLayers(const KnownNames& known, std::vector<Problem>& found) {
+  for (const JobLayer& row : job.layers) {
+    if (row.linetype == kNoName) continue;
+    const std::string_view wanted = job.names.text(row.linetype);
+    const auto same = [&](const std::string& name) { return editDistance(name, wanted, 0) == 0; };
+    if (std::any_of(known.linetypes.begin(), known.linetypes.end(), same)) continue;
+    const std::vector<std::string_view> words(known.linetypes.begin(), known.linetypes.end());
+    std::string path = "/layers/";
+    appendEscaped(path, job.names.text(row.name));
+    found.push_back({0, 0, 0, path + "/linetype",
+                     "unknown line style " + inQuotes(wanted) + ": " + suggestion(wanted, words, "see the manual")});
+  }
+}
+
+void JobBuilder::checkLayer(std::size_t index, const KnownNames& known, std::vector<Problem>& found) const {
+  const NameId layerName = job.members[index].layer;
+  if (layerName == kNoName) return;
+  const std::string_view wanted = job.names.text(layerName);
+  const auto own = [&](const JobLayer& row) { return row.name == layerName; };
+  if (std::any_of(job.layers.begin(), job.layers.end(), own)) return;
+  if (std::find(known.layers.begin(), known.layers.end(), wanted) != known.layers.end()) return;
+  std::vector<std::string_view> words;
+  for (const JobLayer& row : job.layers) words.push_back(job.names.text(row.name));
+  words.insert(words.end(), known.layers.begin(), known.layers.end());
+  found.push_back({0, 0, 0, memberPath(index, "layer"),
+                   "unknown layer " + inQuotes(wanted) + ": " + suggestion(wanted, words, "declare it in \"layers\"")});
+}
+
+void JobBuilder::resolvePoint(std::size_t index, const char* key, std::uint32_t& reference,
+                              std::vector<Problem>& found) {
+  if (reference == kNone) return;  // reported when it was read
+  if ((reference & kPointInPlace) != 0) {
+    reference &= ~kPointInPlace;
+    return;
+  }
+  const NameId name = reference;
+  reference = lookUp(pointOf_, name);
+  if (reference != kNone) return;
+  const std::string_view wanted = job.names.text(name);
+  found.push_back({0, 0, 0, memberPath(index, key),
+                   "unknown node " + inQuotes(wanted) + ": " +
+                       suggestion(wanted, namesIn(pointOf_, job.names), "declare it in \"nodes\"")});
+}
+
+void JobBuilder::resolveMembers(std::vector<Problem>& found) {
+  for (std::size_t i = 0; i < job.members.size(); ++i) {
+    JobMember& row = job.members[i];
+    if (row.name != kNoName) {
+      std::uint32_t& first = entry(memberOf_, row.name, job.names);
+      if (first != kNone) {
+        found.push_back({0, 0, 0, memberPath(i, "name"),
+                         "duplicate name " + inQuotes(job.names.text(row.name)) + ": member " + std::to_string(first) +
+                             " has it already; each must be unique"});
+      } else {
+        first = static_cast<std::uint32_t>(i);
+      }
+    }
+    if (row.profile != kNone) {
+      const std::string_view wanted = job.names.text(row.profile);
+      const std::uint32_t place = lookUp(profileOf_, row.profile);
+      if (place == kNone) {
+        found.push_back({0, 0, 0, memberPath(i, "profile"),
+                         "unknown profile " + inQuotes(wanted) + ": " +
+                             suggestion(wanted, namesIn(profileOf_, job.names), "declare it in \"profiles\"")});
+      }
+      row.profile = place;
+    }
+    resolvePoint(i, "from", row.from, found);
+    resolvePoint(i, "to", row.to, found);
+    checkLength(i, row, found);
+  }
+}
+
+void JobBuilder::checkLength(std::size_t index, const JobMember& checked, std::vector<Problem>& found) const {
+  if (checked.from == kNone || checked.to == kNone) return;
+  const JobPoint from = job.points[checked.from];
+  const JobPoint to = job.points[checked.to];
+  const double length = std::hypot(to.x - from.x, to.y - from.y);
+  if (length < kShortestMember) {
+    found.push_back({0, 0, 0, memberPath(index, "to"),
+                     "the end equals the start: \"from\" and \"to\" must be two different points"});
+    return;
+  }
+  const double left = length - checked.startSetback - checked.endSetback;
+  if (left >= kShortestMember) return;
+  found.push_back({0, 0, 0, memberPath(index, checked.endSetback > 0 ? "endSetback" : "startSetback"),
+                   "the setbacks leave nothing: together they must be less than the distance of " + fixed(length, 1) +
+                       " mm between the nodes"});
+}
+
+MemberAxis memberAxis(const Job& job, const JobMember& member) {
+  const JobPoint from = job.points[member.from];
+  const JobPoint to = job.points[member.to];
+  if (member.startSetback == 0 && member.endSetback == 0) return {from, to};
+  const double length = std::hypot(to.x - from.x, to.y - from.y);
+  const double ux = (to.x - from.x) / length;
+  const double uy = (to.y - from.y) / length;
+  return {{from.x + ux * member.startSetback, from.y + uy * member.startSetback},
+          {to.x - ux * member.endSetback, to.y - uy * member.endSetback}};
+}
+
+}  // namespace kr

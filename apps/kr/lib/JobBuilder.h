@@ -1,0 +1,87 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Job.h"
+#include "JobRules.h"
+#include "Problem.h"
+
+namespace kr {
+
+/// Where a builder tells what's wrong with a value while it is read.
+class ProblemSink {
+ public:
+  virtual ~ProblemSink() = default;
+
+  /// A problem with the value being read, or with the object that has just ended.
+  virtual void report(std::string message) = 0;
+
+  /// A problem with a key of the object that has just ended, whose value began at `offset`.
+  virtual void reportKey(std::string_view key, std::size_t offset, std::string message) = 0;
+
+  /// The offset of the value being read.
+  virtual std::size_t offset() const = 0;
+};
+
+/// Names that a job may use without declaring them.
+struct KnownNames {
+  std::vector<std::string> layers;
+  std::vector<std::string> linetypes;
+};
+
+/// The job that grows while its text is read. The rules' functions fill the thing that is being read; finish() resolves
+/// the references.
+class JobBuilder {
+ public:
+  JobBuilder(Job& built, ProblemSink& sink) : job(built), problems(sink) {}
+
+  Job& job;
+  ProblemSink& problems;
+
+  // What is being read, by the rule that is open.
+  JobTitle* title = nullptr;
+  JobMember member;
+  JobLayer layer;
+  JobSheet sheet;
+
+  void beginProfile(std::string_view name);
+  void profileClassName(std::string_view text);
+  void profileParameter(const Scalar& value);
+  void endProfile();
+
+  void addNode(std::string_view name, JobPoint point);
+  std::uint32_t addPoint(JobPoint point);
+  std::uint32_t nodeReference(const Scalar& value);
+  void endMember();
+  void endSheet();
+
+  /// Resolves every reference and checks what needs the whole job. Problems found here have a path and no offset.
+  void finish(const KnownNames& known, std::vector<Problem>& found);
+
+ private:
+  struct Parameter {
+    std::string key;
+    std::size_t offset;
+    Scalar value;
+  };
+
+  void settleProfile();
+  void resolveLayers(const KnownNames& known, std::vector<Problem>& found);
+  void resolveMembers(std::vector<Problem>& found);
+  void resolvePoint(std::size_t index, const char* key, std::uint32_t& reference, std::vector<Problem>& found);
+  void checkLength(std::size_t index, const JobMember& checked, std::vector<Problem>& found) const;
+  void checkLayer(std::size_t index, const KnownNames& known, std::vector<Problem>& found) const;
+
+  JobProfile profile_;
+  std::string className_;
+  std::vector<Parameter> parameters_;
+
+  // By name, kNone where the name is of something else.
+  std::vector<std::uint32_t> pointOf_;
+  std::vector<std::uint32_t> profileOf_;
+  std::vector<std::uint32_t> memberOf_;
+};
+
+}  // namespace kr

@@ -1,0 +1,231 @@
+#include "JobRules.h"
+
+#include "JobBuilder.h"
+
+namespace kr {
+namespace {
+
+constexpr std::string_view kViews[] = {"Secao", "Superior", "Inferior", "Esquerda", "Direita", "", "SecaoVerso"};
+constexpr std::string_view kRoles[] = {"Barra", "Montante", "Diagonal", "Banzo Inferior", "Banzo Superior",
+                                       "Viga",  "Pilar",    "Gousset",  "Chapa",          "Terca"};
+constexpr std::string_view kSizes[] = {"A0", "A1", "A2", "A3", "A4"};
+
+constexpr double kLastColor = 255;
+constexpr double kThickestLine = 2.11;  // the widest of the standard line weights, mm
+
+// Rules of single values.
+constexpr ValueRule text(std::string_view meaning) {
+  return {Form::kText, meaning};
+}
+constexpr ValueRule flag(std::string_view meaning) {
+  return {Form::kFlag, meaning};
+}
+constexpr ValueRule length(std::string_view meaning) {
+  return {Form::kNumber, meaning};
+}
+constexpr ValueRule object(const ObjectRule& rule, std::string_view meaning) {
+  return {.form = Form::kObject, .meaning = meaning, .object = &rule};
+}
+constexpr ValueRule collection(Form form, const ValueRule& element, std::string_view meaning) {
+  return {.form = form, .meaning = meaning, .element = &element};
+}
+
+// "1:50", "2:1" or "1:33.5" as a ratio of paper to real size; 0 when it isn't one.
+double scaleOf(std::string_view text) {
+  const std::size_t colon = text.find(':');
+  if (colon == std::string_view::npos) return 0;
+  const auto part = [](std::string_view digits) {
+    if (digits.empty() || digits.find_first_not_of("0123456789.") != std::string_view::npos) return 0.0;
+    return std::strtod(std::string(digits).c_str(), nullptr);
+  };
+  const double paper = part(text.substr(0, colon));
+  const double real = part(text.substr(colon + 1));
+  return paper > 0 && real > 0 && paper <= kLargestCoordinate && real <= kLargestCoordinate ? paper / real : 0;
+}
+
+void takeScale(JobBuilder& b, const Scalar& value, double& scale) {
+  scale = scaleOf(value.text);
+  if (scale > 0) return;
+  b.problems.report("not a scale: \"" + std::string(value.text) + "\": expected paper to real size, such as \"1:50\"");
+}
+
+template <std::string JobTitle::*Field>
+void takeTitle(JobBuilder& b, const Scalar& value) {
+  b.title->*Field = value.text;
+}
+
+constexpr KeyRule kTitleKeys[] = {
+    {"owner", text("a text: the legal owner of the drawing"), false, takeTitle<&JobTitle::owner>},
+    {"project", text("a text: the project's name"), false, takeTitle<&JobTitle::project>},
+    {"title", text("a text: what is drawn"), false, takeTitle<&JobTitle::title>},
+    {"subtitle", text("a text: a second line of title"), false, takeTitle<&JobTitle::subtitle>},
+    {"number", text("a text: the drawing's number"), false, takeTitle<&JobTitle::number>},
+    {"revision", text("a text: the revision's letter or number"), false, takeTitle<&JobTitle::revision>},
+    {"date", text("a text: the date of issue, such as \"2026-03-31\""), false, takeTitle<&JobTitle::date>},
+    {"drawnBy", text("a text: who drew it"), false, takeTitle<&JobTitle::drawnBy>},
+    {"checkedBy", text("a text: who checked it"), false, takeTitle<&JobTitle::checkedBy>},
+    {"approvedBy", text("a text: who approved it"), false, takeTitle<&JobTitle::approvedBy>},
+    {"documentType", text("a text: the kind of document"), false, takeTitle<&JobTitle::documentType>},
+    {"status", text("a text: the document's status"), false, takeTitle<&JobTitle::status>},
+};
+
+constexpr ObjectRule kTitle{
+    .what = "title",
+    .keys = kTitleKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.title = &b.job.title; },
+};
+
+constexpr ObjectRule kSheetTitle{
+    .what = "title",
+    .keys = kTitleKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.title = &b.sheet.title; },
+};
+
+constexpr KeyRule kLayerKeys[] = {
+    {"color",
+     {Form::kInteger, "a colour index from 1 to 255", 1, kLastColor},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.layer.color = static_cast<int>(v.number); }},
+    {"linetype", text("the name of a line style"), false,
+     [](JobBuilder& b, const Scalar& v) { b.layer.linetype = b.job.names.intern(v.text); }},
+    {"lineweight",
+     {Form::kNumber, "a line weight in mm", 0, kThickestLine, true},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.layer.lineweight = v.number; }},
+};
+
+constexpr ObjectRule kLayer{
+    .what = "layer",
+    .keys = kLayerKeys,
+    .open =
+        [](JobBuilder& b, std::string_view name) {
+          b.layer = {};
+          b.layer.name = b.job.names.intern(name);
+        },
+    .close = [](JobBuilder& b) { b.job.layers.push_back(b.layer); },
+};
+
+constexpr KeyRule kProfileKeys[] = {
+    {"class", text("the name of a class of profile, such as \"KrTubo\""), true,
+     [](JobBuilder& b, const Scalar& v) { b.profileClassName(v.text); }},
+};
+
+constexpr KeyRule kProfileParameter{
+    "", {Form::kAny, "a parameter of the profile"}, false, [](JobBuilder& b, const Scalar& v) {
+      b.profileParameter(v);
+    }};
+
+constexpr ObjectRule kProfile{
+    .what = "profile",
+    .keys = kProfileKeys,
+    .open = [](JobBuilder& b, std::string_view name) { b.beginProfile(name); },
+    .close = [](JobBuilder& b) { b.endProfile(); },
+    .otherKeys = &kProfileParameter,
+};
+
+constexpr KeyRule kMemberKeys[] = {
+    {"name", text("the member's name, unique in the job"), true,
+     [](JobBuilder& b, const Scalar& v) {
+       if (v.text.empty()) b.problems.report("a name must not be empty");
+       b.member.name = b.job.names.intern(v.text);
+     }},
+    {"profile", text("the name of one of \"profiles\""), true,
+     [](JobBuilder& b, const Scalar& v) { b.member.profile = b.job.names.intern(v.text); }},
+    {"from",
+     {Form::kPointOrName, "the name of a node, or [x, y] in mm"},
+     true,
+     [](JobBuilder& b, const Scalar& v) { b.member.from = b.nodeReference(v); }},
+    {"to",
+     {Form::kPointOrName, "the name of a node, or [x, y] in mm"},
+     true,
+     [](JobBuilder& b, const Scalar& v) { b.member.to = b.nodeReference(v); }},
+    {"view",
+     {.form = Form::kWord, .meaning = "view", .words = kViews},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.member.view = static_cast<std::int8_t>(v.word); }},
+    {"role",
+     {.form = Form::kWord, .meaning = "role", .words = kRoles},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.member.role = static_cast<std::int8_t>(v.word); }},
+    {"layer", text("the name of a layer"), false,
+     [](JobBuilder& b, const Scalar& v) { b.member.layer = b.job.names.intern(v.text); }},
+    {"startSetback", length("a length in mm from the start node"), false,
+     [](JobBuilder& b, const Scalar& v) { b.member.startSetback = v.number; }},
+    {"endSetback", length("a length in mm from the end node"), false,
+     [](JobBuilder& b, const Scalar& v) { b.member.endSetback = v.number; }},
+};
+
+constexpr ObjectRule kMember{
+    .what = "member",
+    .keys = kMemberKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.member = {}; },
+    .close = [](JobBuilder& b) { b.endMember(); },
+};
+
+constexpr ValueRule kNote = text("a line of text");
+
+constexpr KeyRule kSheetKeys[] = {
+    {"size",
+     {.form = Form::kWord, .meaning = "size of sheet", .words = kSizes},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.sheet.size = v.text; }},
+    {"scale", text("a scale, such as \"1:50\""), false,
+     [](JobBuilder& b, const Scalar& v) { takeScale(b, v, b.sheet.scale); }},
+    {"sectionScale", text("a scale, such as \"1:5\""), false,
+     [](JobBuilder& b, const Scalar& v) { takeScale(b, v, b.sheet.sectionScale); }},
+    {"title", object(kSheetTitle, "an object: what this sheet's title block says differently")},
+    {"sections", flag("true or false: draw the sections"), false,
+     [](JobBuilder& b, const Scalar& v) { b.sheet.sections = v.flag; }},
+    {"table", flag("true or false: draw the bill of materials"), false,
+     [](JobBuilder& b, const Scalar& v) { b.sheet.table = v.flag; }},
+    {"marks", flag("true or false: write the marks on the members"), false,
+     [](JobBuilder& b, const Scalar& v) { b.sheet.marks = v.flag; }},
+    {"dimensions", flag("true or false: draw the main dimensions"), false,
+     [](JobBuilder& b, const Scalar& v) { b.sheet.dimensions = v.flag; }},
+    {"notes", collection(Form::kList, kNote, "a list of texts"), false,
+     [](JobBuilder& b, const Scalar& v) { b.sheet.notes.emplace_back(v.text); }},
+};
+
+constexpr ObjectRule kSheet{
+    .what = "sheet",
+    .keys = kSheetKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.sheet = {}; },
+    .close = [](JobBuilder& b) { b.endSheet(); },
+};
+
+constexpr ValueRule kLayerElement = object(kLayer, "an object: a layer");
+constexpr ValueRule kNodeElement{Form::kPoint, "a node: [x, y] in mm"};
+constexpr ValueRule kProfileElement = object(kProfile, "an object: a profile");
+constexpr ValueRule kMemberElement = object(kMember, "an object: a member");
+constexpr ValueRule kSheetElement = object(kSheet, "an object: a sheet");
+
+constexpr double kFormatVersion = 1;
+
+constexpr KeyRule kJobKeys[] = {
+    {"kr", {Form::kInteger, "the version of the format, 1", kFormatVersion, kFormatVersion}, true},
+    {"$schema", text("a text: the address of the format's schema")},
+    {"title", object(kTitle, "an object: what the title block says")},
+    {"layers", collection(Form::kMap, kLayerElement, "an object of layers by name")},
+    {"nodes", collection(Form::kMap, kNodeElement, "an object of nodes by name"), false,
+     [](JobBuilder& b, const Scalar& v) { b.addNode(v.key, v.point); }},
+    {"profiles", collection(Form::kMap, kProfileElement, "an object of profiles by name"), true},
+    {"members", collection(Form::kList, kMemberElement, "a list of members"), true},
+    {"sheets", collection(Form::kList, kSheetElement, "a list of sheets")},
+};
+
+constexpr ObjectRule kJob{.what = "job", .keys = kJobKeys};
+
+}  // namespace
+
+const ObjectRule& jobRule() {
+  return kJob;
+}
+
+std::string_view viewWord(int view) {
+  return view >= 0 && view < 7 ? kViews[view] : std::string_view();
+}
+std::string_view roleWord(int role) {
+  return role >= 0 && role < 10 ? kRoles[role] : std::string_view();
+}
+
+}  // namespace kr
