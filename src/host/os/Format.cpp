@@ -226,7 +226,7 @@ class Formatter {
 
   void unsignedNumber(const Conversion& c, int base, bool capitals) {
     const std::uint64_t value = readUnsigned(c.length);
-    std::string prefix;
+    const char* prefix = "";
     if (c.alternate && value != 0 && base == 16) prefix = capitals ? "0X" : "0x";
     if (c.alternate && value != 0 && base == 8) prefix = "0";
     digits(c, value, base, capitals, prefix);
@@ -238,21 +238,19 @@ class Formatter {
     digits(c, value, 16, true, "");
   }
 
-  static std::string signOf(const Conversion& c, bool negative) {
+  static const char* signOf(const Conversion& c, bool negative) {
     return negative ? "-" : c.plus ? "+" : c.blank ? " " : "";
   }
 
-  void digits(const Conversion& c, std::uint64_t value, int base, bool capitals, const std::string& prefix) {
+  void digits(const Conversion& c, std::uint64_t value, int base, bool capitals, std::string_view prefix) {
     char buffer[66];
-    const auto written = std::to_chars(buffer, std::end(buffer), value, base);
-    std::string body(buffer, written.ptr);
+    char* end = std::to_chars(buffer, std::end(buffer), value, base).ptr;
     // An explicit precision of 0 prints nothing for the number 0.
-    if (c.precision == 0 && value == 0) body.clear();
-    if (c.precision > static_cast<int>(body.size()))
-      body.insert(0, static_cast<std::size_t>(c.precision) - body.size(), '0');
-    if (capitals) capitalise(body);
+    if (c.precision == 0 && value == 0) end = buffer;
+    if (capitals) capitalise(buffer, end);
+    const int zeros = std::max(0, c.precision - static_cast<int>(end - buffer));
     // A precision says how many zeros are wanted, so the zero flag then has no say.
-    number(c, prefix, body, c.zero && c.precision < 0);
+    number(c, prefix, zeros, {buffer, end}, c.zero && c.precision < 0);
   }
 
   void real(const Conversion& c, wchar_t letter) {
@@ -260,57 +258,54 @@ class Formatter {
                                                         : va_arg(arguments_, double);
     const bool capitals = letter < L'a';
     const auto form = static_cast<wchar_t>(capitals ? letter + (L'a' - L'A') : letter);
-    std::string prefix = signOf(c, std::signbit(value));
-    std::string body = realDigits(std::fabs(value), form, c);
-    if (form == L'a' && std::isfinite(value)) prefix += "0x";
-    if (capitals) {
-      capitalise(prefix);
-      capitalise(body);
-    }
-    number(c, prefix, body, c.zero && std::isfinite(value));
+    char buffer[kMostDecimals + 320];
+    char* const end = realDigits(buffer, std::end(buffer), std::fabs(value), form, c);
+    if (capitals) capitalise(buffer, end);
+    char prefix[3];
+    char* prefixEnd = prefix;
+    for (const char* sign = signOf(c, std::signbit(value)); *sign != 0; ++sign) *prefixEnd++ = *sign;
+    if (form == L'a' && std::isfinite(value)) prefixEnd = std::copy_n(capitals ? "0X" : "0x", 2, prefixEnd);
+    number(c, {prefix, prefixEnd}, 0, {buffer, end}, c.zero && std::isfinite(value));
   }
 
-  static std::string realDigits(double value, wchar_t form, const Conversion& c) {
-    if (std::isnan(value)) return "nan";
-    if (std::isinf(value)) return "inf";
-    char buffer[kMostDecimals + 320];
-    char* const end = std::end(buffer);
+  static char* realDigits(char* buffer, char* end, double value, wchar_t form, const Conversion& c) {
+    if (!std::isfinite(value)) return std::copy_n(std::isnan(value) ? "nan" : "inf", 3, buffer);
     const int precision = c.precision < 0 ? kDefaultDecimals : std::min(c.precision, kMostDecimals);
-    std::to_chars_result written{};
+    char* written = nullptr;
     switch (form) {
       case L'f':
-        written = std::to_chars(buffer, end, value, std::chars_format::fixed, precision);
+        written = std::to_chars(buffer, end, value, std::chars_format::fixed, precision).ptr;
         break;
       case L'e':
-        written = std::to_chars(buffer, end, value, std::chars_format::scientific, precision);
+        written = std::to_chars(buffer, end, value, std::chars_format::scientific, precision).ptr;
         break;
       case L'g':
-        written = std::to_chars(buffer, end, value, std::chars_format::general, precision);
+        written = std::to_chars(buffer, end, value, std::chars_format::general, precision).ptr;
         break;
       default:
-        written = c.precision < 0 ? std::to_chars(buffer, end, value, std::chars_format::hex)
-                                  : std::to_chars(buffer, end, value, std::chars_format::hex, precision);
+        written = c.precision < 0 ? std::to_chars(buffer, end, value, std::chars_format::hex).ptr
+                                  : std::to_chars(buffer, end, value, std::chars_format::hex, precision).ptr;
         break;
     }
-    std::string body(buffer, written.ptr);
-    if (c.alternate && form != L'g' && precision == 0) {
-      const std::size_t exponent = body.find_first_of("ep");
-      body.insert(exponent == std::string::npos ? body.size() : exponent, ".");
-    }
-    return body;
+    if (!c.alternate || form == L'g' || precision != 0) return written;
+    char* const exponent = std::find_if(buffer, written, [](char each) { return each == 'e' || each == 'p'; });
+    std::copy_backward(exponent, written, written + 1);
+    *exponent = '.';
+    return written + 1;
   }
 
-  static void capitalise(std::string& text) {
-    for (char& each : text) {
-      if (each >= 'a' && each <= 'z') each = static_cast<char>(each - ('a' - 'A'));
+  static void capitalise(char* first, const char* last) {
+    for (; first != last; ++first) {
+      if (*first >= 'a' && *first <= 'z') *first = static_cast<char>(*first - ('a' - 'A'));
     }
   }
 
-  void number(const Conversion& c, const std::string& prefix, const std::string& body, bool zeros) {
-    const int missing = std::max(0, c.width - static_cast<int>(prefix.size() + body.size()));
-    if (!c.left && !zeros) out_.append(static_cast<std::size_t>(missing), L' ');
+  void number(const Conversion& c, std::string_view prefix, int zeros, std::string_view body, bool zeroFilled) {
+    const int missing = std::max(0, c.width - static_cast<int>(prefix.size() + body.size()) - zeros);
+    const bool fillsWithZeros = zeroFilled && !c.left;
+    if (!c.left && !fillsWithZeros) out_.append(static_cast<std::size_t>(missing), L' ');
     out_.append(prefix.begin(), prefix.end());
-    if (!c.left && zeros) out_.append(static_cast<std::size_t>(missing), L'0');
+    out_.append(static_cast<std::size_t>(fillsWithZeros ? missing : zeros), L'0');
     out_.append(body.begin(), body.end());
     if (c.left) out_.append(static_cast<std::size_t>(missing), L' ');
   }
