@@ -22,6 +22,10 @@ class RealFileSystem final : public FileSystem {
     descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode_t(mode));
     return errorOf(descriptor);
   }
+  int openExisting(const std::string& path, int& descriptor) override {
+    descriptor = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    return errorOf(descriptor);
+  }
   int write(int descriptor, const char* bytes, std::size_t size, std::size_t& written) override {
     ssize_t taken = 0;
     do {
@@ -48,11 +52,11 @@ class RealFileSystem final : public FileSystem {
     // Some file systems can't flush a folder; there is nothing more to do then.
     return error == EINVAL ? 0 : error;
   }
-  int status(const std::string& path, unsigned& mode, bool& isFolder) override {
+  int status(const std::string& path, unsigned& mode, FileKind& kind) override {
     struct stat found {};
     const int error = errorOf(::stat(path.c_str(), &found));
     mode = found.st_mode & 07777U;
-    isFolder = S_ISDIR(found.st_mode);
+    kind = S_ISDIR(found.st_mode) ? FileKind::folder : S_ISREG(found.st_mode) ? FileKind::regular : FileKind::special;
     return error;
   }
   std::string target(const std::string& path) override {

@@ -63,6 +63,17 @@ ReplaceResult failure(const std::string& path, int error) {
   return {kind, "cannot write " + path + ": " + reasonOf(kind, error)};
 }
 
+int writeAll(FileSystem& files, int descriptor, std::string_view contents) {
+  while (!contents.empty()) {
+    std::size_t written = 0;
+    if (const int error = files.write(descriptor, contents.data(), contents.size(), written)) return error;
+    // A file system that takes nothing and names no reason would be asked for ever.
+    if (written == 0) return ENOSPC;
+    contents.remove_prefix(written);
+  }
+  return 0;
+}
+
 /// The temporary file beside the target: closed and removed unless it has taken the target's place.
 class TemporaryFile {
  public:
@@ -86,16 +97,7 @@ class TemporaryFile {
     return error == EEXIST ? EIO : error;
   }
 
-  int write(std::string_view contents) {
-    while (!contents.empty()) {
-      std::size_t written = 0;
-      if (const int error = files_.write(descriptor_, contents.data(), contents.size(), written)) return error;
-      // A file system that takes nothing and names no reason would be asked for ever.
-      if (written == 0) return ENOSPC;
-      contents.remove_prefix(written);
-    }
-    return 0;
-  }
+  int write(std::string_view contents) { return writeAll(files_, descriptor_, contents); }
 
   int setMode(unsigned mode) { return files_.setMode(descriptor_, mode); }
 
@@ -124,15 +126,19 @@ class TemporaryFile {
 /// What stands at the target before the replacement.
 struct OldFile {
   bool present = false;
+  bool isSpecial = false;
   unsigned mode = 0;
 };
 
 int inspect(FileSystem& files, const std::string& target, const ReplaceOptions& options, OldFile& old) {
-  bool isFolder = false;
-  const int error = files.status(target, old.mode, isFolder);
+  FileKind kind = FileKind::regular;
+  const int error = files.status(target, old.mode, kind);
   if (error == ENOENT) return 0;
   if (error != 0) return error;
-  if (isFolder) return EISDIR;
+  if (kind == FileKind::folder) return EISDIR;
+  old.isSpecial = kind == FileKind::special;
+  // A device or a pipe has no contents to lose.
+  if (old.isSpecial) return 0;
   if (!options.overwrite) return EEXIST;
   old.present = true;
   return 0;
@@ -147,16 +153,32 @@ int backUp(FileSystem& files, const std::string& target) {
   return error;
 }
 
+// A device or a pipe is written to as it stands: replacing it would take it away from everybody.
+int writeSpecial(FileSystem& files, const std::string& target, std::string_view contents) {
+  int descriptor = -1;
+  if (const int error = files.openExisting(target, descriptor)) return error;
+  const int error = writeAll(files, descriptor, contents);
+  const int closing = files.close(descriptor);
+  return error != 0 ? error : closing;
+}
+
+// File systems without second names for a file leave only the rename.
+int putNew(TemporaryFile& temporary, const std::string& target) {
+  const int error = temporary.linkTo(target);
+  return error == EPERM || error == EOPNOTSUPP ? temporary.moveTo(target) : error;
+}
+
 int replace(FileSystem& files, const std::string& target, std::string_view contents, const ReplaceOptions& options) {
   OldFile old;
   if (const int error = inspect(files, target, options, old)) return error;
+  if (old.isSpecial) return writeSpecial(files, target, contents);
   TemporaryFile temporary(files);
   if (const int error = temporary.create(target)) return error;
   if (const int error = temporary.write(contents)) return error;
   if (const int error = old.present ? temporary.setMode(old.mode) : 0) return error;
   if (const int error = temporary.finish()) return error;
   if (const int error = old.present && options.keepBackup ? backUp(files, target) : 0) return error;
-  const int error = options.overwrite ? temporary.moveTo(target) : temporary.linkTo(target);
+  const int error = options.overwrite ? temporary.moveTo(target) : putNew(temporary, target);
   return error != 0 ? error : files.syncFolder(folderOf(target));
 }
 
@@ -172,6 +194,7 @@ bool canReplaceFile(const std::string& path, FileSystem& files) {
   const std::string target = files.target(path);
   OldFile old;
   if (inspect(files, target, {}, old) != 0) return false;
+  if (old.isSpecial) return true;
   TemporaryFile temporary(files);
   return temporary.create(target) == 0;
 }

@@ -29,8 +29,8 @@ struct ReplaceResult {
 /// Makes the file at `path` (UTF-8, the system's form) hold exactly `contents`, in one step: a temporary file in the
 /// same folder is written, flushed to the disk and renamed over the target, and the folder flushed. At any failure the
 /// temporary file is removed and the old file is what it was. A file that is replaced passes its permissions on; a
-/// symbolic link stays one, and its target is replaced. The one failure after which the new contents may stand is that
-/// of the last flush, of the folder.
+/// symbolic link stays one, and its target is replaced; a device or a pipe is written to as it stands. The one failure
+/// after which the new contents may stand is that of the last flush, of the folder.
 ReplaceResult replaceFile(const std::string& path, std::string_view contents, const ReplaceOptions& options = {},
                           FileSystem& files = realFileSystem());
 

@@ -35,6 +35,10 @@ struct AcArrayObjectCopyReallocator {
 template <class T, class R = AcArrayMemCopyReallocator<T>>
 class AcArray : public AcHeapOperators {
  public:
+  using value_type = T;
+  using iterator = T*;
+  using const_iterator = const T*;
+
   /// An empty array with room for `physicalLength` elements, growing by at least `growLength` at a time.
   explicit AcArray(int physicalLength = 0, int growLength = kDefaultGrowLength)
       : growLength_(growLength < 1 ? 1 : growLength) {
