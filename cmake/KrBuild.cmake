@@ -24,8 +24,10 @@ if(KR_WERROR)
   target_compile_options(kr_flags INTERFACE -Werror)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # g++ 12 sees these two inside std::string where they aren't, as soon as it optimises; clang looks for the real ones.
-  target_compile_options(kr_flags INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
+  # g++ 12 sees these inside std::string where they are not, as soon as it optimises; clang and the sanitizers look for
+  # the real ones.
+  target_compile_options(kr_flags INTERFACE -Wno-restrict -Wno-maybe-uninitialized -Wno-array-bounds
+                                             -Wno-stringop-overflow)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   # clang 14 warns of things g++ takes and that are harmless here.
