@@ -31,3 +31,22 @@ endforeach()
 
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# Manual pages and completion, which the program writes from the declaration of its verbs.
+if(TARGET kr AND EXISTS ${PROJECT_SOURCE_DIR}/apps/kr/documents.cpp AND NOT CMAKE_CROSSCOMPILING)
+  set(documents ${PROJECT_BINARY_DIR}/documents)
+  file(MAKE_DIRECTORY ${documents})
+  set(pages)
+  foreach(verb "" build bom list about help)
+    set(page ${documents}/kr.1)
+    if(verb)
+      set(page ${documents}/kr-${verb}.1)
+    endif()
+    add_custom_command(OUTPUT ${page} COMMAND kr documents man ${verb} > ${page} DEPENDS kr VERBATIM)
+    list(APPEND pages ${page})
+  endforeach()
+  add_custom_command(OUTPUT ${documents}/kr COMMAND kr documents completion > ${documents}/kr DEPENDS kr VERBATIM)
+  add_custom_target(kr_documents ALL DEPENDS ${pages} ${documents}/kr)
+  install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${documents}/kr DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+endif()
