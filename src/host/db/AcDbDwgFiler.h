@@ -44,6 +44,7 @@ class AcDbDwgFiler : public AcRxObject {
   virtual Acad::ErrorStatus writeUInt16(Adesk::UInt16 value) = 0;
   virtual Acad::ErrorStatus writeUInt32(Adesk::UInt32 value) = 0;
   virtual Acad::ErrorStatus writeUInt64(Adesk::UInt64 value) = 0;
+  /// What writeBoolean writes readBool reads, and the other way round.
   virtual Acad::ErrorStatus writeBoolean(Adesk::Boolean value) = 0;
   virtual Acad::ErrorStatus writeBool(bool value) = 0;
   virtual Acad::ErrorStatus writeDouble(double value) = 0;
@@ -98,7 +99,7 @@ class AcDbDwgFiler : public AcRxObject {
   Acad::ErrorStatus writeItem(Adesk::UInt16 value) { return writeUInt16(value); }
   Acad::ErrorStatus writeItem(Adesk::UInt32 value) { return writeUInt32(value); }
   Acad::ErrorStatus writeItem(Adesk::UInt64 value) { return writeUInt64(value); }
-  Acad::ErrorStatus writeItem(bool value) { return writeBoolean(value); }
+  Acad::ErrorStatus writeItem(bool value) { return writeBool(value); }
   Acad::ErrorStatus writeItem(double value) { return writeDouble(value); }
   Acad::ErrorStatus writeItem(const AcGePoint2d& value) { return writePoint2d(value); }
   Acad::ErrorStatus writeItem(const AcGePoint3d& value) { return writePoint3d(value); }
@@ -122,7 +123,7 @@ class AcDbDwgFiler : public AcRxObject {
   Acad::ErrorStatus readItem(Adesk::UInt16* value) { return readUInt16(value); }
   Acad::ErrorStatus readItem(Adesk::UInt32* value) { return readUInt32(value); }
   Acad::ErrorStatus readItem(Adesk::UInt64* value) { return readUInt64(value); }
-  Acad::ErrorStatus readItem(bool* value) { return readBoolean(value); }
+  Acad::ErrorStatus readItem(bool* value) { return readBool(value); }
   Acad::ErrorStatus readItem(double* value) { return readDouble(value); }
   Acad::ErrorStatus readItem(AcGePoint2d* value) { return readPoint2d(value); }
   Acad::ErrorStatus readItem(AcGePoint3d* value) { return readPoint3d(value); }

@@ -89,10 +89,10 @@ enum LineWeight {
 /// What a clone across databases does with a record whose name is there already.
 enum DuplicateRecordCloning {
   kDrcNotApplicable = 0,
-  kDrcIgnore = 1,       ///< the destination's record stays and stands for the source's
-  kDrcReplace = 2,      ///< the destination's record takes the source's contents
+  kDrcIgnore = 1,   ///< the destination's record stays and stands for the source's
+  kDrcReplace = 2,  ///< the destination's record takes the source's contents
   kDrcXrefMangleName = 3,
-  kDrcMangleName = 4,   ///< the source's record comes under a new name
+  kDrcMangleName = 4,  ///< the source's record comes under a new name
   kDrcUnmangleName = 5
 };
 

@@ -8,18 +8,7 @@
 #include "host/db/AcDbDxfFiler.h"
 
 /// What kind of value a group code carries.
-enum class AcDbDxfValueKind {
-  kNone,
-  kText,
-  kPoint,
-  kReal,
-  kInt16,
-  kInt32,
-  kInt64,
-  kBinary,
-  kHandle,
-  kObjectId
-};
+enum class AcDbDxfValueKind { kNone, kText, kPoint, kReal, kInt16, kInt32, kInt64, kBinary, kHandle, kObjectId };
 AcDbDxfValueKind acdbDxfValueKind(int code);
 
 /// A list of groups in memory, to be written and read.

@@ -47,7 +47,8 @@ class AcDbObject : public AcGiDrawable {
 
   /// To stand first in every member that reads. Calls acrx_abort unless the object is open (or in no database).
   void assertReadEnabled() const {
-    if (stub_ != nullptr && !stub_->readable()) [[unlikely]] refuse(L"eNotOpenForRead");
+    if (stub_ != nullptr && !stub_->readable()) [[unlikely]]
+      refuse(L"eNotOpenForRead");
   }
   /// To stand first in every member that writes. Calls acrx_abort unless the object is open for write (or in no
   /// database). The first call of an open tells the reactors (openedForModify) and, with `autoUndo`, takes the undo

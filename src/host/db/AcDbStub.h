@@ -13,7 +13,7 @@ struct AcDbStub {
     kOpenForWrite = 1U << 0,
     kOpenForNotify = 1U << 1,
     kErased = 1U << 2,
-    kModified = 1U << 3,          ///< written to during this open
+    kModified = 1U << 3,  ///< written to during this open
     kModifiedGraphics = 1U << 4,
     kModifiedXData = 1U << 5,
     kNewObject = 1U << 6,         ///< added to the database during this open
@@ -36,6 +36,8 @@ struct AcDbStub {
   Adesk::UInt16 notifying = 0;  ///< depth of the notifications that the object is sending
 
   bool has(Adesk::UInt32 bits) const { return (flags & bits) != 0; }
-  bool readable() const { return (flags & (kOpenForWrite | kOpenForNotify | kUndoing)) != 0 || readers != 0 || notifying != 0; }
+  bool readable() const {
+    return (flags & (kOpenForWrite | kOpenForNotify | kUndoing)) != 0 || readers != 0 || notifying != 0;
+  }
   bool writable() const { return (flags & (kOpenForWrite | kUndoing)) != 0; }
 };

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <array>
+
+#include "host/db/AcDbSymbolTable.h"
+
+/// The real and the whole-number variables of a dimension style: X(accessor, setter, default, group code).
+#define KR_DB_DIM_REALS(X)                \
+  X(dimscale, setDimscale, 1.0, 40)       \
+  X(dimasz, setDimasz, 2.5, 41)           \
+  X(dimexo, setDimexo, 0.625, 42)         \
+  X(dimdli, setDimdli, 3.75, 43)          \
+  X(dimexe, setDimexe, 1.25, 44)          \
+  X(dimrnd, setDimrnd, 0.0, 45)           \
+  X(dimdle, setDimdle, 0.0, 46)           \
+  X(dimtp, setDimtp, 0.0, 47)             \
+  X(dimtm, setDimtm, 0.0, 48)             \
+  X(dimtxt, setDimtxt, 2.5, 140)          \
+  X(dimcen, setDimcen, 2.5, 141)          \
+  X(dimtsz, setDimtsz, 0.0, 142)          \
+  X(dimaltf, setDimaltf, 1.0 / 25.4, 143) \
+  X(dimlfac, setDimlfac, 1.0, 144)        \
+  X(dimtvp, setDimtvp, 0.0, 145)          \
+  X(dimtfac, setDimtfac, 1.0, 146)        \
+  X(dimgap, setDimgap, 0.625, 147)
+#define KR_DB_DIM_INTS(X)          \
+  X(dimtol, setDimtol, 0, 71)      \
+  X(dimlim, setDimlim, 0, 72)      \
+  X(dimtih, setDimtih, 0, 73)      \
+  X(dimtoh, setDimtoh, 0, 74)      \
+  X(dimse1, setDimse1, 0, 75)      \
+  X(dimse2, setDimse2, 0, 76)      \
+  X(dimtad, setDimtad, 1, 77)      \
+  X(dimzin, setDimzin, 8, 78)      \
+  X(dimalt, setDimalt, 0, 170)     \
+  X(dimaltd, setDimaltd, 3, 171)   \
+  X(dimtofl, setDimtofl, 1, 172)   \
+  X(dimsah, setDimsah, 0, 173)     \
+  X(dimtix, setDimtix, 0, 174)     \
+  X(dimsoxd, setDimsoxd, 0, 175)   \
+  X(dimclrd, setDimclrd, 0, 176)   \
+  X(dimclre, setDimclre, 0, 177)   \
+  X(dimclrt, setDimclrt, 0, 178)   \
+  X(dimadec, setDimadec, 0, 179)   \
+  X(dimdec, setDimdec, 2, 271)     \
+  X(dimlunit, setDimlunit, 2, 277) \
+  X(dimaunit, setDimaunit, 0, 275) \
+  X(dimjust, setDimjust, 0, 280)   \
+  X(dimsd1, setDimsd1, 0, 281)     \
+  X(dimsd2, setDimsd2, 0, 282)     \
+  X(dimdsep, setDimdsep, 46, 278)  \
+  X(dimatfit, setDimatfit, 3, 289)
+
+/// A dimension style. Lengths are in drawing units on paper, to be multiplied by dimscale.
+class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord {
+ public:
+  ACRX_DECLARE_MEMBERS(AcDbDimStyleTableRecord);
+  AcDbDimStyleTableRecord() = default;
+
+#define KR_DB_DIM_INDEX(get, set, value, code) get##Index,
+  enum RealIndex { KR_DB_DIM_REALS(KR_DB_DIM_INDEX) kNumReals };
+  enum IntIndex { KR_DB_DIM_INTS(KR_DB_DIM_INDEX) kNumInts };
+#undef KR_DB_DIM_INDEX
+#define KR_DB_DIM_REAL(get, set, value, code) \
+  double get() const {                        \
+    return real(get##Index);                  \
+  }                                           \
+  Acad::ErrorStatus set(double v) {           \
+    return setReal(get##Index, v);            \
+  }
+  KR_DB_DIM_REALS(KR_DB_DIM_REAL)
+#undef KR_DB_DIM_REAL
+#define KR_DB_DIM_INT(get, set, value, code) \
+  int get() const {                          \
+    return whole(get##Index);                \
+  }                                          \
+  Acad::ErrorStatus set(int v) {             \
+    return setWhole(get##Index, v);          \
+  }
+  KR_DB_DIM_INTS(KR_DB_DIM_INT)
+#undef KR_DB_DIM_INT
+
+  /// The style of the text; null for the drawing's Standard.
+  AcDbObjectId dimtxsty() const;
+  Acad::ErrorStatus setDimtxsty(AcDbObjectId id);
+  /// The block of the arrow heads; null for the closed filled arrow.
+  AcDbObjectId dimblk() const;
+  Acad::ErrorStatus setDimblk(AcDbObjectId id);
+  /// The text put before and behind the measure ("<>" stands for it): new texts that acutDelString frees.
+  Acad::ErrorStatus dimpost(ACHAR*& text) const;
+  Acad::ErrorStatus setDimpost(const ACHAR* text);
+
+  Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+  Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+  Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;
+  Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const override;
+
+ private:
+  double real(RealIndex i) const {
+    assertReadEnabled();
+    return reals_[i];
+  }
+  Acad::ErrorStatus setReal(RealIndex i, double value);
+  int whole(IntIndex i) const {
+    assertReadEnabled();
+    return ints_[i];
+  }
+  Acad::ErrorStatus setWhole(IntIndex i, int value);
+
+#define KR_DB_DIM_DEFAULT(get, set, value, code) value,
+  std::array<double, kNumReals> reals_{KR_DB_DIM_REALS(KR_DB_DIM_DEFAULT)};
+  std::array<Adesk::Int16, kNumInts> ints_{KR_DB_DIM_INTS(KR_DB_DIM_DEFAULT)};
+#undef KR_DB_DIM_DEFAULT
+  AcDbHardPointerId dimtxsty_;
+  AcDbHardPointerId dimblk_;
+  std::wstring dimpost_;
+};
+
+class AcDbDimStyleTable : public AcDbSymbolTableOf<AcDbDimStyleTableRecord> {
+ public:
+  ACRX_DECLARE_MEMBERS(AcDbDimStyleTable);
+};
+using AcDbDimStyleTableIterator = AcDbDimStyleTable::Iterator;
