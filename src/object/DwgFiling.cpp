@@ -1,0 +1,288 @@
+// Filing: one layout for file, copy, undo and clone. Only the list of the view shown is filed, so that a member read
+// back draws at once. What version 9 leaves out (splits, visual limits, cropping objects, the other lists) doesn't come
+// back.
+
+#include "object/KrObject.h"
+#include "support/Database.h"
+
+namespace {
+
+constexpr int kFirstWithModel = 1;
+constexpr int kFirstWithLinks = 3;
+constexpr int kFirstWithHoleAngle = 4;
+constexpr int kFirstWithRole = 5;
+constexpr int kFirstWithNotches = 6;
+constexpr int kFirstWithOneList = 7;
+constexpr int kFirstWithExtensions = 9;
+
+/// How many lists a file held before only that of the view shown was filed: those of views 0 to 4.
+constexpr int kOldLists = 5;
+
+void writeIds(AcDbDwgFiler* filer, const AcDbObjectIdArray& ids) {
+  filer->writeInt32(ids.length());
+  for (int i = 0; i < ids.length(); ++i) filer->writeSoftPointerId(AcDbSoftPointerId(ids[i]));
+}
+
+void readIds(AcDbDwgFiler* filer, AcDbObjectIdArray& ids) {
+  ids.setLogicalLength(0);
+  Adesk::Int32 count = 0;
+  filer->readInt32(&count);
+  for (int i = 0; i < count && filer->filerStatus() == Acad::eOk; ++i) {
+    AcDbSoftPointerId id;
+    filer->readSoftPointerId(&id);
+    ids.append(id);
+  }
+}
+
+/// The ids that can be opened: a save drops those of erased or lost objects.
+AcDbObjectIdArray living(const AcDbObjectIdArray& ids) {
+  AcDbObjectIdArray kept;
+  for (int i = 0; i < ids.length(); ++i) {
+    AcDbObject* object = nullptr;
+    if (acdbOpenObject(object, ids[i], AcDb::kForRead) != Acad::eOk) continue;
+    object->close();
+    kept.append(ids[i]);
+  }
+  return kept;
+}
+
+template <class Enum>
+void readWord(AcDbDwgFiler* filer, Enum& field) {
+  Adesk::UInt16 word = 0;
+  filer->readUInt16(&word);
+  field = static_cast<Enum>(word);
+}
+
+AcGePoint3d atLevel(const AcGePoint3d& p, double z) {
+  return {p.x, p.y, z};
+}
+
+}  // namespace
+
+Acad::ErrorStatus KrObject::dwgOutFields(AcDbDwgFiler* filer) const {
+  assertReadEnabled();
+  if (semEntidade_ == 0)
+    if (const Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer); es != Acad::eOk) return es;
+
+  filer->writeInt16(static_cast<Adesk::Int16>(kKrObjectVersion));
+  filer->writeString(userName_ ? userName_->c_str() : L"");
+  filer->writeUInt16(static_cast<Adesk::UInt16>(vista_));
+  filer->writeUInt16(material_);
+  filer->writeUInt16(static_cast<Adesk::UInt16>(objectType_));
+  if (const Acad::ErrorStatus es = currentVertexList(VistaCorrente).dwgOutFields(filer); es != Acad::eOk) return es;
+  filer->writeVector3d(normal_);
+  filer->writeDouble(angleVista_);
+  filer->writePoint3d(atLevel(startPoint_, zCoordIni_));
+  filer->writePoint3d(atLevel(endPoint_, zCoordEnd_));
+  filer->writeDouble(comprimento_);
+  filer->writeDouble(angleSecao_);
+  const DclFuracao pattern = furacaoTrelica_.value_or(DclFuracao{});
+  filer->writeBytes(&pattern, sizeof pattern);
+  filer->writeBoolean(projeto_ != 0);
+  filer->writeDouble(projetoFator_);
+
+  filer->writeInt32(cortes_.Qtd());
+  for (int i = 0; i < cortes_.Qtd(); ++i) {
+    double a = 0, b = 0, c = 0, d = 0;
+    cortes_.GetPlane(i).getCoefficients(a, b, c, d);
+    for (const double k : {a, b, c, d}) filer->writeDouble(k);
+    filer->writePoint3d(cortes_.GetSide(i));
+  }
+
+  writeIds(filer, relativeObj_);
+  filer->writeInt32(secao_.Qtd());
+  if (secao_.Qtd() != 0) {
+    for (int i = 0; i <= secao_.Qtd(); ++i) {
+      filer->writeVector3d(secao_.GetVertex(i));
+      filer->writeDouble(secao_.GetBulge(i));
+    }
+  }
+  filer->writeInt32(furos_.Qtd());
+  for (int i = 0; i < furos_.Qtd(); ++i) {
+    filer->writeVector3d(furos_.getIni(i));
+    filer->writeVector3d(furos_.getFim(i));
+    filer->writeDouble(furos_.getDiametro(i));
+    filer->writeDouble(furos_.getStretch(i));
+    filer->writeDouble(furos_.getAngle(i));
+  }
+  filer->writeDouble(xScale_);
+  filer->writeDouble(yScale_);
+  filer->writeDouble(zScale_);
+  const bool save = filer->filerType() == AcDb::kFileFiler;
+  writeIds(filer, save ? living(relativeDim_) : relativeDim_);
+  writeIds(filer, relativePos_);
+  filer->writeInt16(static_cast<Adesk::Int16>(tipoBarra_));
+  for (const KrObjectRecorteArray& notches : recortes_) notches.dwgOutFields(filer);
+
+  // The layers go with the member: filed as hard pointers, they can't be purged.
+  loadLayersIds();
+  filer->writeHardPointerId(kr_laHiddenId);
+  filer->writeHardPointerId(kr_laHideFace);
+  filer->writeHardPointerId(kr_laEixoId);
+  filer->writeInt32(static_cast<Adesk::Int32>(extensions_.size()));
+  for (const KrObjectExtension* e : extensions_) {
+    filer->writeString(e != nullptr ? e->isA()->name() : L"");
+    if (e != nullptr) e->dwgOutFieldsExtension(filer);
+  }
+  return filer->filerStatus();
+}
+
+Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
+  assertWriteEnabled();
+  if (semEntidade_ == 0)
+    if (const Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer); es != Acad::eOk) return es;
+
+  Adesk::Int16 version = 0;
+  filer->readInt16(&version);
+  version_ = static_cast<Version>(version);
+  if (version_ > kKrObjectVersion) return Acad::eMakeMeProxy;
+  if (version_ >= kFirstWithModel)
+    if (const Acad::ErrorStatus es = readModel(filer); es != Acad::eOk) return es;
+  if (version_ >= kFirstWithLinks)
+    if (const Acad::ErrorStatus es = readLinksAndOutline(filer); es != Acad::eOk) return es;
+  if (version_ >= kFirstWithRole) {
+    Adesk::Int16 role = 0;
+    filer->readInt16(&role);
+    tipoBarra_ = static_cast<TipoBarra>(static_cast<Adesk::UInt16>(role));
+  }
+  if (version_ >= kFirstWithNotches)
+    for (KrObjectRecorteArray& notches : recortes_)
+      if (const Acad::ErrorStatus es = notches.dwgInFields(filer); es != Acad::eOk) return es;
+  if (version_ >= kFirstWithExtensions && !readExtensions(filer)) return Acad::eOk;
+
+  version_ = kKrObjectVersion;
+  AcGePoint3d p[4];
+  GetExtremePoints(p, 0, 0);
+  if ((p[2] - p[0]).isZeroLength()) Gera_KrVector(vista_);
+  return filer->filerStatus();
+}
+
+Acad::ErrorStatus KrObject::readModel(AcDbDwgFiler* filer) {
+  ACHAR* name = nullptr;
+  filer->readString(&name);
+  setUserName(name != nullptr && *name != L'\0' ? name : nullptr);
+  acutDelString(name);
+  readWord(filer, vista_);
+  filer->readUInt16(&material_);
+  readWord(filer, objectType_);
+  // A list of no view can't be held; the word comes from a file.
+  if (vista_ < 0 || vista_ >= kNumVistas) return Acad::eInvalidInput;
+  if (version_ < kFirstWithOneList) {
+    for (int v = 0; v < kOldLists; ++v)
+      if (const Acad::ErrorStatus es = vertexLists_[static_cast<std::size_t>(v)].dwgInFields(filer); es != Acad::eOk)
+        return es;
+  } else if (const Acad::ErrorStatus es = vertexList(VistaCorrente).dwgInFields(filer); es != Acad::eOk) {
+    return es;
+  }
+  filer->readVector3d(&normal_);
+  filer->readDouble(&angleVista_);
+  filer->readPoint3d(&startPoint_);
+  filer->readPoint3d(&endPoint_);
+  zCoordIni_ = startPoint_.z;
+  zCoordEnd_ = endPoint_.z;
+  startPoint_.z = endPoint_.z = 0;
+  filer->readDouble(&comprimento_);
+  filer->readDouble(&angleSecao_);
+  DclFuracao pattern;
+  filer->readBytes(&pattern, sizeof pattern);
+  furacaoTrelica_ = pattern;
+  bool projeto = false;
+  filer->readBool(&projeto);
+  projeto_ = projeto ? 1 : 0;
+  filer->readDouble(&projetoFator_);
+
+  cortes_.Clear();
+  Adesk::Int32 cuts = 0;
+  filer->readInt32(&cuts);
+  for (int i = 0; i < cuts && filer->filerStatus() == Acad::eOk; ++i) {
+    double k[4] = {};
+    for (double& coefficient : k) filer->readDouble(&coefficient);
+    AcGePoint3d side;
+    filer->readPoint3d(&side);
+    AcGePlane plane;
+    plane.set(k[0], k[1], k[2], k[3]);
+    cortes_.Add(plane, side);
+  }
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
+  readIds(filer, relativeObj_);
+  secao_.Clear();
+  Adesk::Int32 nodes = 0;
+  filer->readInt32(&nodes);
+  for (int i = 0; nodes > 0 && i <= nodes && filer->filerStatus() == Acad::eOk; ++i) {
+    AcGeVector3d vertex;
+    double bulge = 0;
+    filer->readVector3d(&vertex);
+    filer->readDouble(&bulge);
+    secao_.Add(vertex, bulge);
+  }
+  readHoles(filer);
+  filer->readDouble(&xScale_);
+  filer->readDouble(&yScale_);
+  filer->readDouble(&zScale_);
+  readIds(filer, relativeDim_);
+  readIds(filer, relativePos_);
+  tipoBarra_ = Barra;
+  return Acad::eOk;
+}
+
+void KrObject::readHoles(AcDbDwgFiler* filer) {
+  furos_.Clear();
+  Adesk::Int32 holes = 0;
+  filer->readInt32(&holes);
+  for (int i = 0; i < holes && filer->filerStatus() == Acad::eOk; ++i) {
+    AcGeVector3d ini, fim;
+    double diametro = 0, stretch = 0, angle = 0;
+    filer->readVector3d(&ini);
+    filer->readVector3d(&fim);
+    filer->readDouble(&diametro);
+    filer->readDouble(&stretch);
+    if (version_ >= kFirstWithHoleAngle) filer->readDouble(&angle);
+    furos_.Add(ini, fim, diametro, stretch, angle);
+  }
+}
+
+// False when an extension's class isn't there: the rest of the object is then left as it was.
+bool KrObject::readExtensions(AcDbDwgFiler* filer) {
+  for (int i = 0; i < 3; ++i) {
+    AcDbHardPointerId layer;
+    filer->readHardPointerId(&layer);
+  }
+  Adesk::Int32 count = 0;
+  filer->readInt32(&count);
+  deleteExtensions();
+  for (int i = 0; i < count && filer->filerStatus() == Acad::eOk; ++i) {
+    ACHAR* name = nullptr;
+    filer->readString(&name);
+    const std::wstring className = name != nullptr ? name : L"";
+    acutDelString(name);
+    extensions_.push_back(nullptr);
+    if (className.empty()) continue;
+    AcRxClass* cls = AcRxClass::cast(acrxClassDictionary->at(className.c_str()));
+    if (cls == nullptr) return false;
+    KrObjectExtension* extension = KrObjectExtension::cast(cls->create());
+    if (extension == nullptr) return false;
+    extensions_.back() = extension;
+    extension->dwgInFieldsExtension(filer);
+    extension->setCurExtendedObj(this);
+  }
+  return true;
+}
+
+Acad::ErrorStatus KrObject::audit(AcDbAuditInfo* info) {
+  assertReadEnabled();
+  if (tipoBarra_ < 0 || tipoBarra_ >= kNumTiposBarra) {
+    ACHAR text[64];
+    std::swprintf(text, 64, L"Tipo de Barra - %d", static_cast<int>(tipoBarra_));
+    info->errorsFound(1);
+    info->printError(this, L"Invalido", text, L"Setado para \"Barra\"");
+    if (!info->fixErrors()) return static_cast<Acad::ErrorStatus>(122);
+    assertWriteEnabled();
+    tipoBarra_ = Barra;
+    info->errorsFixed(1);
+    return static_cast<Acad::ErrorStatus>(120);
+  }
+  return AcDbEntity::audit(info);
+}

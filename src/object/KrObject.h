@@ -1,0 +1,469 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "host/db/db.h"
+#include "host/ed/ed.h"
+#include "host/ge/ge.h"
+#include "host/gi/gi.h"
+#include "host/rx/rx.h"
+#include "object/KrTypes.h"
+#include "records/KrFuro.h"
+#include "records/KrGeratriz.h"
+#include "records/KrObjectArray.h"
+#include "records/KrObjectExtension.h"
+#include "records/KrObjectModCData.h"
+#include "records/KrObjectRecorteArray.h"
+#include "records/KrObjectSplitList.h"
+#include "records/KrPlanoCorte.h"
+#include "records/KrVector.h"
+
+class KrConfigSection;
+
+/// Hole pattern handed over by the truss tools. Kept and filed whole; only the third word is read here.
+struct DclFuracao {
+  std::array<std::uint32_t, 24> words{};
+};
+static_assert(sizeof(DclFuracao) == 96, "filed as 96 raw bytes");
+
+/// A steel member: one entity of a drawing.
+///
+/// A member isn't stored as a solid. It is stored as a section outline, a length, a placement in the drawing plane and
+/// a set of modifiers. From these it derives, for the view that it shows, a flat list of drawn elements (`KrVector`),
+/// and that list is what is drawn, snapped to, exploded and stretched.
+///
+/// Guarantees
+///  1. Everything that changes a member ends in `Gera_KrVector`; everything that reads a picture reads what it left.
+///  2. Drawing computes nothing of the member: `subWorldDraw` walks the list.
+///  3. Modifiers are stored in the member's own coordinates at real size: no change of view or scale rewrites them.
+///  4. A regeneration in steady state allocates next to nothing.
+///
+/// Requirements: one thread; a member in a database is reached through an open and left through a close.
+///
+/// Who holds what (sources by concern): life and accessors `KrObject.cpp`, copying `Copy.cpp`, the regeneration
+/// `Regeneration.cpp`, outlines `Outline.cpp` and `Thickening.cpp`, elevations `Elevation.cpp`, the elements of a view
+/// `ElevationElements.cpp`, drawing `WorldDraw.cpp`, views and frames `Views.cpp` and `Extents.cpp`, filing
+/// `DwgFiling.cpp`, attributes and listing `Attributes.cpp`; `modifiers/` and `editing/` hold the rest.
+///
+/// Units: millimetre, radian, kilogram. Frames: a section is in its own plane, X and Y, real size, Z along the bar;
+/// drawn elements are in the drawing's X, Y plane at the object's scale.
+///
+/// Example: `KrTubo t(start, end, Superior, 114.3, 104.3); t.GetNumVertex(VistaCorrente);`
+class KrObject : public AcDbEntity {
+ public:
+  ACRX_DECLARE_MEMBERS(KrObject);
+
+  /// The placement of a bar as a value that can be read from one object and put on another.
+  struct Position {
+    AcGePoint3d ponto;       ///< start of the base line
+    AcGeVector3d direcao;    ///< unit vector along it
+    double comprimento = 0;  ///< its length
+    double offset = 0;       ///< distance from the base line to the other line, along Z x direcao
+    double inicio = 0;       ///< position of the other line's start along direcao
+    double fim = 0;          ///< position of its end
+  };
+
+  /// The argument block of the notch clipper.
+  struct RecKrVectorArrayArgs {
+    KrObjectArray<KrVector>* vectors = nullptr;
+    AcArray<AcGePoint2d>* pontos = nullptr;
+    AcArray<double>* bulges = nullptr;
+    void* reservado = nullptr;
+    AcGePoint2d pontoInterno;
+    std::int32_t manterFora = 0;
+    std::int32_t opcoes = 0;
+  };
+
+  /// A member with no view, no outline and nothing drawn. Sets the host's global tolerance to 1e-8 for points and
+  /// vectors.
+  KrObject();
+  ~KrObject() override;
+
+  // --- Views by name -------------------------------------------------------------------------------------------------
+
+  /// `eOk` for a section view, `eNotApplicable` for an elevation, `eNotImplementedYet` for anything else (no view).
+  static Acad::ErrorStatus isSecao(KrVistas vista);
+  /// The same of the view shown now.
+  Acad::ErrorStatus isSecao() const { return isSecao(vista_); }
+  /// Copies the word of a view when it is shorter than `size` and returns 1; else 0. Outside -1 to 6, and 5, the word
+  /// is "Desconhecida"; -1 writes nothing and returns 0.
+  static int vistaStr(KrVistas vista, ACHAR* buffer, unsigned size);
+  /// The word of the view shown now, or of the real view with `real` nonzero.
+  int vistaStr(ACHAR* buffer, unsigned size, int real) const;
+
+  // --- Structural role -----------------------------------------------------------------------------------------------
+
+  /// Text of a role, or null outside 0 to 9.
+  static const ACHAR* tipoBarraStr(TipoBarra tipo);
+  const ACHAR* tipoBarraStr() const { return tipoBarraStr(tipoBarra_); }
+  /// Text of a role, or the empty string outside 0 to 9.
+  static const ACHAR* nomeTipoBarra(int tipo);
+  /// The role of a text, without regard to case; -1 when there is none.
+  static TipoBarra tipoBarra(const ACHAR* texto);
+
+  // --- Fields. Readers assert read, writers assert write; a writer stores and doesn't regenerate unless it says so
+  // ----
+
+  Acad::ErrorStatus setVista(KrVistas vista);
+  Acad::ErrorStatus Material(unsigned short& material) const;
+  Acad::ErrorStatus setMaterial(unsigned short material);
+  Acad::ErrorStatus ObjectType(KrObjectType& tipo) const;
+  KrObjectType ObjectType() const;
+  Acad::ErrorStatus setObjectType(KrObjectType tipo);
+  Acad::ErrorStatus AngleVista(double& angulo) const;
+  double angleVista() const;
+  Acad::ErrorStatus setAngleVista(double angulo);
+  Acad::ErrorStatus AngleSecao(double& angulo) const;
+  double angleSecao() const;
+  Acad::ErrorStatus setAngleSecao(double angulo);
+  Acad::ErrorStatus Comprimento(double& comprimento) const;
+  Acad::ErrorStatus setComprimento(double comprimento);
+  Acad::ErrorStatus StartPoint(AcGePoint3d& ponto) const;
+  AcGePoint3d startPoint() const;
+  Acad::ErrorStatus setStartPoint(const AcGePoint3d& ponto);
+  Acad::ErrorStatus endPoint(AcGePoint3d& ponto) const;
+  AcGePoint3d endPoint() const;
+  Acad::ErrorStatus setendPoint(const AcGePoint3d& ponto);
+  Acad::ErrorStatus Xscale(double& escala) const;
+  Acad::ErrorStatus Yscale(double& escala) const;
+  Acad::ErrorStatus Zscale(double& escala) const;
+  Acad::ErrorStatus setXscale(double escala);
+  Acad::ErrorStatus setYscale(double escala);
+  Acad::ErrorStatus setZscale(double escala);
+  Acad::ErrorStatus zCoordIni(double& z) const;
+  double zCoordIni() const;
+  Acad::ErrorStatus setZCoordIni(double z);
+  Acad::ErrorStatus zCoordEnd(double& z) const;
+  double zCoordEnd() const;
+  Acad::ErrorStatus setZCoordEnd(double z);
+  Acad::ErrorStatus tipoBarra(TipoBarra& tipo) const;
+  TipoBarra tipoBarra() const;
+  Acad::ErrorStatus settipoBarra(TipoBarra tipo);
+  Acad::ErrorStatus KrObjectVersion(Version& versao) const;
+  /// A copy of the section outline.
+  Acad::ErrorStatus GetSecao(KrGeratriz& secao) const;
+  /// A copy of the holes; with `relativos` nonzero moved by minus the outline's reference origin.
+  Acad::ErrorStatus Furos(KrFuro& furos, int relativos) const;
+  KrObjectSplitList splitList() const;
+  int numSplits() const;
+  int numFuros() const;
+  int numCortes() const;
+  /// Copies the block out; true when its third word is above 0.
+  bool GetFuracaoByTrelica(DclFuracao& furacao) const;
+  Acad::ErrorStatus SetFuracaoByTrelica(const DclFuracao& furacao);
+  /// Nonzero while the member is in the shortened single-line state.
+  int IsProjeto() const;
+
+  Acad::ErrorStatus setUserName(const ACHAR* nome);
+  /// The user's name; null when there is none.
+  const ACHAR* userName() const;
+  /// Copies the name, or the empty string; `eNotApplicable` for a null buffer.
+  Acad::ErrorStatus UserName(ACHAR* buffer) const;
+
+  /// True when the object is in a database.
+  bool hasValidId() const { return objectId() != AcDbObjectId::kNull; }
+
+  // --- Length --------------------------------------------------------------------------------------------------------
+
+  /// Length at 1:1.
+  double getComprimentoReal() const;
+  /// In an elevation the stored length becomes `xScale` times `d`; otherwise `d`.
+  Acad::ErrorStatus setComprimentoReal(double d);
+  /// Exchanges both ends, turns `angleVista` by way of the new direction (into 0 to 2 pi) and regenerates.
+  Acad::ErrorStatus swapStartEnd();
+
+  // --- Visual limits -------------------------------------------------------------------------------------------------
+
+  double visualRepStart() const;
+  double visualRepEnd() const;
+  double visualRepScale() const;
+  /// Ignored unless below the end; at or below 0 it is stored as 0. Regenerates at close.
+  Acad::ErrorStatus setVisualRepStart(double inicio);
+  /// Ignored unless above the start; at or above 1 it is stored as 1. Regenerates at close.
+  Acad::ErrorStatus setVisualRepEnd(double fim);
+  Acad::ErrorStatus setVisualRepScale(double escala);
+
+  // --- Vertex lists --------------------------------------------------------------------------------------------------
+
+  /// The one place where `VistaCorrente` is resolved: list `v`, or the list of the current view when `v` is 5.
+  const KrObjectArray<KrVector>& currentVertexList(KrVistas v) const;
+  int GetNumVertex(KrVistas v) const;
+  /// Copies element `i` out and returns 1; 0 at or beyond the end.
+  int GetVector(int i, KrVector& v) const;
+  int GetVector(KrVistas vista, int i, KrVector& v) const;
+  /// Copies the element in and returns 1; 0 at or beyond the end.
+  int UpdateVector(int i, const KrVector& v);
+  int UpdateVector(KrVistas vista, int i, const KrVector& v);
+  Acad::ErrorStatus AddVertex(const KrVector& v, KrVistas vista);
+  Acad::ErrorStatus ClearVertexes(KrVistas vista);
+  /// The first axis line (`KR_VT_EIXO`) of a view; 0 when it has none.
+  int GetVectorEixo(KrVistas vista, KrVector& v) const;
+  int UpdateVectorEixo(KrVistas vista, const KrVector& v);
+  /// Ends of the first axis line (`qual` 0) or reference line (any other) of the current view; `eNotApplicable`
+  /// without.
+  Acad::ErrorStatus GetPointsOfEixo(AcGePoint3d& a, AcGePoint3d& b, int qual) const;
+  /// Appends every face-on hole of the current view; 1 if `lista` then holds any.
+  int GetFuros(KrObjectArray<KrVector>& lista) const;
+  int GetNumFuros() const;
+
+  // --- Regeneration --------------------------------------------------------------------------------------------------
+
+  /// What a profile class calls last. `startPoint` becomes `ponto`; with `jaFechada` 0 `geratriz` is a centre line that
+  /// is thickened to `espessura` into the outline, otherwise the outline already stands.
+  void Gera_KrVector(const AcGePoint3d& ponto, KrGeratriz& geratriz, KrVistas vista, double espessura, int jaFechada);
+  /// Rebuilds the list of `vista` from the model. The view shown stays. Nothing happens without an outline.
+  void Gera_KrVector(KrVistas vista);
+  void Gera_KrVector() { Gera_KrVector(vista_); }
+  /// Rebuild once, at the next close.
+  void setToRegenAtClose();
+
+  // --- Outlines ------------------------------------------------------------------------------------------------------
+
+  /// Thickens a centre line of one or more branches into closed outlines of that wall. `fechada` is appended to.
+  static void gera_Secao(const KrGeratriz& linha, KrGeratriz& fechada, double espessura);
+  /// Brings an outline to a view: turned by the section's angle, then as the view asks.
+  Acad::ErrorStatus ajustaGeratriz(KrGeratriz& geratriz) const { return ajustaGeratriz(vista_, geratriz); }
+  Acad::ErrorStatus ajustaGeratriz(KrVistas vista, KrGeratriz& geratriz) const;
+  /// Turns every node, the reference node too, by `angulo` about the origin.
+  static void Gira_vetores(KrGeratriz& geratriz, double angulo);
+  /// Mirrors every node in the line through the reference origin along `direcao`; arcs change their sense.
+  static void Mirror_vetores(KrGeratriz& geratriz, const AcGeVector3d& direcao);
+  static void Gira_furacao(KrFuro& furos, double angulo);
+  /// Mirrors both ends of every hole in the line in space through `origem` along Y: X about it, Z negated.
+  static void Mirror_furacao(KrFuro& furos, const AcGeVector3d& origem);
+  /// 1 when a real arc touches vertex i. `modo` 1 looks at edges i - 1 (for i above 0) and i; `modo` 0 wraps round
+  /// within the contour; any other gives 0.
+  static int VertexBulge(const KrGeratriz& geratriz, int i, int modo);
+  /// Area of a thin wall from its centre line.
+  double Calcula_AreaGeratriz(const KrGeratriz& linha, double espessura) const;
+  /// Developed lengths of a centre line, one per strip.
+  static AcArray<double> Calcula_LengthGeratriz(const KrGeratriz& linha);
+  /// Extent of the outline's counted nodes relative to the reference origin; returns 1.
+  int LimitsGeratriz(double& minX, double& maxX, double& maxY, double& minY) const;
+  /// Whether a bulge ends a contour; bound from the side library.
+  static bool Bulge_6000(double bulge);
+  /// The point at half the sweep of an arc from p0 to p1; bound from the side library.
+  static void MidArco(const AcGePoint3d& p0, const AcGePoint3d& p1, double bulge, AcGePoint3d& saida);
+  /// Angle from the X axis to a vector, 0 to 2 pi.
+  static double orientacao(const AcGeVector3d& v);
+
+  // --- Elevations ----------------------------------------------------------------------------------------------------
+
+  /// Works out the rectangle (`contorno`) and the marks (`linhas`) of an elevation from the adjusted outline.
+  void gera_Vista(const KrGeratriz& secao, KrGeratriz& contorno, KrGeratriz& linhas, const KrFuro& furos) const;
+  /// Clears list `vista` and fills it from a rectangle or outline and from marks.
+  void KrVector_In(KrVistas vista, KrGeratriz& contorno, const KrGeratriz& linhas);
+  /// 1 when the edge at a vertex can be seen from above.
+  static int Testa_Top(const KrGeratriz& secao, int indice);
+  /// First counted node whose X is within 0.01 of `v`'s, else -1.
+  static int Testa_ja_existe(const KrGeratriz& lista, const AcGeVector3d& v);
+  /// Adds a mark, or lifts the one that stands over the same X when `v` is higher.
+  static void administra_vetores(KrGeratriz& lista, const AcGeVector3d& v, int marca);
+  /// Whether arc i reaches beyond its neighbours in X; the extreme, or `x` unchanged.
+  static double Arco_Xtreme(const KrGeratriz& secao, int i, int& usar, double x);
+  /// The apparent edge of arc i; the null edge (0, 0, 1) where there is none.
+  static void Aresta_Arco(const KrGeratriz& secao, int i, AcGeVector3d& v, int modo);
+  /// Crossings of a line with an outline, appended with Z 0. A null `geratriz` stands for the member's own outline.
+  void InterceptaLinhas(const AcGeLinearEnt2d& linha, AcArray<AcGeVector3d>& pontos, const KrGeratriz* geratriz) const;
+  /// Orders the outline of the current view into a chain of points.
+  void AlinhaVertexes(AcGePoint3dArray& pontos) const;
+
+  // --- Views and frames ----------------------------------------------------------------------------------------------
+
+  Acad::ErrorStatus secaoToVistaXForm(AcGeMatrix3d& m) const;
+  /// The view shown, or with `real` nonzero the view that the turned section shows: -1 when it is turned by no whole
+  /// quarter, -2 without a frame.
+  KrVistas Vista(int real) const;
+  Acad::ErrorStatus Vista(KrVistas& vista, int real) const;
+  KrVistas GetVistaReal() const;
+  KrVistas GetVistaReal(int& invertida) const;
+  /// Reference line, from end to end.
+  AcGeVector3d direction() const;
+  /// From `startPoint` to `endPoint`.
+  AcGeVector3d directionEixo() const;
+  /// The oriented box of the current view: p1 the minimum, p2 the maximum, p0 (min X, max Y), p3 (max X, min Y) along
+  /// the member. The points stay untouched when nothing is drawn.
+  void GetExtremePoints(AcGePoint3d& p0, AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d& p3, int comEixo,
+                        int semOcultos) const;
+  void GetExtremePoints(AcGePoint3d* pontos, int comEixo, int semOcultos) const;
+
+  double GetMaxX(KrVistas v) const;
+  double GetMaxY(KrVistas v) const;
+  double GetMinX(KrVistas v) const;
+  double GetMinY(KrVistas v) const;
+
+  // --- Scale ---------------------------------------------------------------------------------------------------------
+
+  /// Sets the drawing scale per axis of the view, about `startPoint`. Scales within 0.01 of the present count as equal.
+  Acad::ErrorStatus ObjectScale(double x, double y, double z);
+
+  // --- Drawing -------------------------------------------------------------------------------------------------------
+
+  /// Looks up the three layers of hidden lines, axes and hidden faces in the working database.
+  static void loadLayersIds();
+  void hideAll();
+  void showAll();
+  /// 1 for an empty list and as soon as one element is hidden: the name promises more than that, and it stays as it is.
+  int isHideAll() const;
+  /// The two straight elements parallel to the axis that lie furthest apart.
+  void GetFacesExternas(KrVector& a, KrVector& b, int* ia, int* ib) const;
+  /// In a section view, removes the holes' elements and adds them anew.
+  void desenhaFurosSecao();
+  /// Corners of the band of a hole seen edge on.
+  void PontosTrace(const KrVector& elemento, AcGePoint3d* pontos) const;
+
+  // --- Holes ---------------------------------------------------------------------------------------------------------
+
+  Acad::ErrorStatus ajustaFuros(KrVistas vista, KrFuro& furos, const AcGePoint3d& ref) const;
+  /// Drops the holes that no longer lie in the member.
+  void AuditFuros();
+  /// Draws hole i in the current view.
+  void KrVector_InFur(int i);
+  /// Removes from the current view's list all elements of holes; the record stays.
+  void removeFuros();
+
+  // --- Copying -------------------------------------------------------------------------------------------------------
+
+  Acad::ErrorStatus CopiaDados(const KrObject* origem, int completo);
+  /// Copies all that the filing carries, and nothing of the entity: layer, colour and id stay.
+  Acad::ErrorStatus copyDataFrom(KrObject* origem);
+  Acad::ErrorStatus dwgOutFieldsData(AcDbDwgFiler* filer);
+  Acad::ErrorStatus dwgInFieldsData(AcDbDwgFiler* filer);
+
+  // --- Modification data and extensions ------------------------------------------------------------------------------
+
+  KrObjectModCData* accessCDataToMod(ObjMods mod, int indice) const;
+  Acad::ErrorStatus assocCDataToMod(ObjMods mod, int indice, KrObjectModCData* dados);
+  void purgeModCData(int mods, AcRxClass* classe);
+  void addKrObjectExtension(KrObjectExtension* extensao);
+  const KrObjectExtension* getKrObjectExtension(unsigned id) const;
+  int modifyKrObjectExtension(unsigned id, const KrObjectExtension* extensao);
+  KrObjectExtension* removeKrObjectExtension(unsigned id);
+
+  // --- What a concrete class tells of itself (slot order kept)
+  // --------------------------------------------------------
+
+  virtual void getPerfilUsr(ACHAR* buffer) const;
+  virtual void getPerfil(ACHAR* buffer) const;
+  virtual void getDimensoes(ACHAR* buffer) const;
+  virtual double getComprimento() const;
+  virtual double getPeso() const;
+  virtual int getLinearWeight(double& peso) const;
+  virtual double getArea() const;
+  virtual double getAreaPintura() const;
+  virtual double getPerimetro() const;
+  virtual double getAltura();
+  virtual double getEspessura();
+  virtual double getLargura();
+  virtual AcArray<double> GeratrizLength();
+
+  double getVolume() const;
+  /// Asserts read and leaves the buffer as it was.
+  void getMaterial(ACHAR* buffer) const;
+
+  /// The table of profile names; null until the module has loaded it.
+  static KrConfigSection* GetNamesList();
+  /// Hands the table over to the class, or takes it away with null. For the module's start and unload.
+  static void SetNamesList(KrConfigSection* nomes);
+
+  // --- The host's operations -----------------------------------------------------------------------------------------
+
+  Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+  Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+  Acad::ErrorStatus audit(AcDbAuditInfo* info) override;
+  Acad::ErrorStatus subClose() override;
+
+ protected:
+  Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
+  void subViewportDraw(AcGiViewportDraw* draw) override;
+  void subList() const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
+
+  /// The section outline, for the classes that write it.
+  KrGeratriz& outline() { return secao_; }
+  const KrGeratriz& outline() const { return secao_; }
+
+ private:
+  KrObjectArray<KrVector>& vertexList(KrVistas v);
+  KrVector* findFirst(KrVistas v, KrVectorType tipo);
+  const KrVector* findFirst(KrVistas v, KrVectorType tipo) const;
+  void regenerate(KrVistas vista);
+  void readAxis(bool& eixoOk, AcGePoint3d& e1, AcGePoint3d& e2);
+  void restoreAxis(KrVistas vista, bool eixoOk, const AcGePoint3d& e1, const AcGePoint3d& e2,
+                   std::optional<int> hidden);
+  /// The elevation of an outline as it stands in space: `gera_Vista` on a working copy in which edges of no length,
+  /// joints and arcs that turn back read as what they look like.
+  void geraVistaPreparada(const KrGeratriz& secao, KrGeratriz& contorno, KrGeratriz& linhas, const KrFuro& furos) const;
+  void addHoleMarks(const KrGeratriz& secao, KrGeratriz& linhas, const KrFuro& furos) const;
+  void addEdges(KrVistas vista, const KrGeratriz& contorno, const AcGeVector3d& base);
+  void addMarks(KrVistas vista, const KrGeratriz& linhas, const AcGeVector3d& base, double rot);
+  void addFaceOnHole(KrVistas vista, const AcGeVector3d& no, const AcGeVector3d& base, double rot);
+  void addEdgeOnHole(KrVistas vista, const AcGeVector3d& n1, const AcGeVector3d& n2, const AcGeVector3d& base,
+                     double rot);
+  void addAxis(KrVistas vista, double bulge, double rot);
+  void KrVector_InFurTrace(int i);
+  void ExecutaVertexScale(double a, double b, double c);
+  void ExecutaVertexScale(double a, double b, double c, const AcGePoint3d& base);
+  void drawOblong(AcGiWorldDraw* draw, const KrVector& v, bool dragging) const;
+  void drawElement(AcGiWorldDraw* draw, const KrVector& v, AcDbObjectId entityLayer) const;
+  Acad::ErrorStatus readModel(AcDbDwgFiler* filer);
+  Acad::ErrorStatus readLinksAndOutline(AcDbDwgFiler* filer);
+  bool readExtensions(AcDbDwgFiler* filer);
+  void readHoles(AcDbDwgFiler* filer);
+  void deleteExtensions();
+  KrObjectExtension* accessKrObjectExtension(unsigned id) const;
+
+  // The places of the modifiers in the regeneration, in their order.
+  void AplicaSplits();
+  void AplicaCortes();
+  void AplicaRecortes();
+  void AplicaRepLimits();
+  void SetToProjeto(int projeto, double fator);
+  void AplicaCropping();
+
+  KrVistas vista_ = VistaCorrente;
+  unsigned short material_ = 0;
+  KrObjectType objectType_ = Objeto;
+  std::array<KrObjectArray<KrVector>, kNumVistas> vertexLists_;
+  AcGeVector3d normal_{0, 0, 1};
+  double angleVista_ = 0;
+  AcGePoint3d startPoint_;
+  AcGePoint3d endPoint_;
+  double comprimento_ = 0;
+  double angleSecao_ = 0;
+  std::optional<DclFuracao> furacaoTrelica_{DclFuracao{}};
+  int projeto_ = 0;
+  double projetoFator_ = 100.0;
+  KrGeratriz secao_;
+  KrFuro furos_;
+  std::array<KrObjectRecorteArray, 2> recortes_;
+  KrPlanoCorte cortes_;
+  KrObjectSplitList splits_;
+  double xScale_ = 1.0;
+  double yScale_ = 1.0;
+  double zScale_ = 1.0;
+  AcDbObjectIdArray relativeObj_;
+  AcDbObjectIdArray relativeDim_;
+  AcDbObjectIdArray relativePos_;
+  TipoBarra tipoBarra_ = Barra;
+  double zCoordIni_ = 0;
+  double zCoordEnd_ = 0;
+  std::optional<std::wstring> userName_;
+  Version version_ = kKrObjectVersion;
+  std::vector<KrObjectExtension*> extensions_;
+  AcDbObjectIdArray croppingIds_;
+  std::vector<int> croppingModes_;
+  double visualRepStart_ = 0.0;
+  double visualRepEnd_ = 1.0;
+  double visualRepScale_ = 1.0;
+  std::vector<int> croppingChanged_;
+  mutable int semEntidade_ = 0;
+  int regenAtClose_ = 0;
+
+  static AcDbHardPointerId kr_laHiddenId;
+  static AcDbHardPointerId kr_laEixoId;
+  static AcDbHardPointerId kr_laHideFace;
+};

@@ -1,0 +1,98 @@
+// What other modules hang on a member: data of single modifiers, and extensions of the whole.
+
+#include <algorithm>
+
+#include "object/KrObject.h"
+
+// The two arrays of notches are told apart by the real view: those of "Superior" and "Inferior" stand in the second.
+static std::size_t notchArrayOf(KrVistas real) {
+  return real == Superior || real == Inferior ? 1U : 0U;
+}
+
+KrObjectModCData* KrObject::accessCDataToMod(ObjMods mod, int indice) const {
+  assertReadEnabled();
+  switch (mod) {
+    case ModFuro:
+      return furos_.accessCData(indice);
+    case ModCorte:
+      return cortes_.accessCData(indice);
+    case ModRecorte: {
+      const KrObjectRecorteArray& lista = recortes_[notchArrayOf(GetVistaReal())];
+      return indice >= 0 && indice < lista.length() ? lista[indice].accessCData() : nullptr;
+    }
+    case ModSplit:
+      return indice >= 0 && indice < splits_.length() ? splits_[indice].accessCData() : nullptr;
+  }
+  return nullptr;
+}
+
+Acad::ErrorStatus KrObject::assocCDataToMod(ObjMods mod, int indice, KrObjectModCData* dados) {
+  assertWriteEnabled();
+  switch (mod) {
+    case ModFuro:
+      return furos_.setCData(indice, dados) != 0 ? Acad::eOk : Acad::eInvalidIndex;
+    case ModCorte:
+      return cortes_.setCData(indice, dados) != 0 ? Acad::eOk : Acad::eInvalidIndex;
+    case ModRecorte: {
+      KrObjectRecorteArray& lista = recortes_[notchArrayOf(GetVistaReal())];
+      if (indice < 0 || indice >= lista.length()) return Acad::eInvalidIndex;
+      lista[indice].setCData(dados);
+      return Acad::eOk;
+    }
+    case ModSplit:
+      if (indice < 0 || indice >= splits_.length()) return Acad::eInvalidIndex;
+      splits_[indice].setCData(dados);
+      return Acad::eOk;
+  }
+  return Acad::eOk;
+}
+
+void KrObject::purgeModCData(int mods, AcRxClass* classe) {
+  assertWriteEnabled();
+  if ((mods & ModFuro) != 0) furos_.purgeCData(classe);
+  if ((mods & ModCorte) != 0) cortes_.purgeCData(classe);
+  if ((mods & ModRecorte) != 0)
+    for (KrObjectRecorteArray& lista : recortes_) lista.purgeCData(classe);
+  if ((mods & ModSplit) != 0) splits_.purgeCData(classe);
+}
+
+void KrObject::addKrObjectExtension(KrObjectExtension* extensao) {
+  assertWriteEnabled();
+  extensao->setCurExtendedObj(this);
+  const KrObjectExtension* last = extensions_.empty() ? nullptr : extensions_.back();
+  extensao->setExtensionId(last == nullptr ? 1U : last->extensionId() + 1U);
+  extensions_.push_back(extensao);
+}
+
+KrObjectExtension* KrObject::accessKrObjectExtension(unsigned id) const {
+  if (id == 0) return nullptr;
+  for (KrObjectExtension* e : extensions_)
+    if (e != nullptr && e->extensionId() == id) return e;
+  return nullptr;
+}
+
+const KrObjectExtension* KrObject::getKrObjectExtension(unsigned id) const {
+  assertReadEnabled();
+  return accessKrObjectExtension(id);
+}
+
+int KrObject::modifyKrObjectExtension(unsigned id, const KrObjectExtension* extensao) {
+  assertWriteEnabled();
+  KrObjectExtension* stored = accessKrObjectExtension(id);
+  if (stored == nullptr) return 0;
+  stored->copyFrom(extensao);
+  return 1;
+}
+
+KrObjectExtension* KrObject::removeKrObjectExtension(unsigned id) {
+  assertWriteEnabled();
+  KrObjectExtension* stored = accessKrObjectExtension(id);
+  if (stored == nullptr) return nullptr;
+  extensions_.erase(std::find(extensions_.begin(), extensions_.end(), stored));
+  return stored;
+}
+
+void KrObject::deleteExtensions() {
+  for (KrObjectExtension* e : extensions_) delete e;
+  extensions_.clear();
+}

@@ -1,0 +1,106 @@
+// The elevation generator against the visibility oracle: every shape of the catalogue in four views at quarter turns
+// without a difference, and at any angle and for random outlines with next to none.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+
+#include "object/SampleOutlines.h"
+#include "object/TestMember.h"
+
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+
+// The lines of an elevation by their place across the bar, counted in the outline's X.
+oracle::View drawnView(const TestMember& member, KrVistas vista) {
+  oracle::View view;
+  const KrObjectArray<KrVector>& list = member.currentVertexList(vista);
+  for (int i = 0; i < list.length(); ++i) {
+    const KrVector& v = list[i];
+    // The bar lies along X: an outline's X runs towards -Y of the drawing.
+    const bool along = std::fabs(v.startPoint().y - v.endPoint().y) < 1e-9;
+    if (v.tipo() == KR_VF_ARESTA && along) view.sides.push_back(-v.startPoint().y);
+    if (v.tipo() == KR_VF_PADRAO && (v.type() == KR_VT_LINHA || v.type() == KR_VT_LINHA_OCULTA))
+      view.lines.push_back({-v.startPoint().y, v.type() == KR_VT_LINHA});
+  }
+  std::sort(view.sides.begin(), view.sides.end());
+  return view;
+}
+
+// The outline as the view looks at it, told without the generator: from above, below, left and right.
+oracle::Outline lookedAt(const oracle::Outline& section, KrVistas vista, double sectionAngle) {
+  const oracle::Outline turned = oracle::turned(section, sectionAngle);
+  switch (vista) {
+    case Superior:
+      return turned;
+    case Inferior:
+      return oracle::mirrored(oracle::turned(turned, kPi));
+    case Esquerda:
+      return oracle::mirrored(oracle::turned(turned, -kPi / 2));
+    default:
+      return oracle::turned(turned, kPi / 2);
+  }
+}
+
+constexpr KrVistas kElevations[] = {Superior, Inferior, Esquerda, Direita};
+
+bool agrees(const oracle::Outline& section, KrVistas vista, double angle, std::string* why) {
+  TestMember member;
+  member.setAngleSecao(angle);
+  member.make(section, vista, 1000);
+  return oracle::same(oracle::look(lookedAt(section, vista, angle)), drawnView(member, vista), why);
+}
+
+TEST(ElevationOracle, CatalogueShapesAgreeInFourViewsAtQuarterTurns) {
+  const auto shapes = samples::catalogueLike();
+  ASSERT_FALSE(shapes.empty());
+  for (const auto& shape : shapes)
+    for (const KrVistas vista : kElevations)
+      for (int quarter = 0; quarter < 4; ++quarter) {
+        std::string why;
+        EXPECT_TRUE(agrees(shape.outline, vista, quarter * kPi / 2, &why))
+            << shape.name << ", view " << vista << ", turned by " << quarter * 90 << ": " << why;
+      }
+}
+
+TEST(ElevationOracle, CatalogueShapesAgreeAtAnyAngleAlmostAlways) {
+  int cases = 0;
+  int differ = 0;
+  for (const auto& shape : samples::catalogueLike())
+    for (const KrVistas vista : kElevations)
+      for (int step = 0; step < 97; ++step) {
+        const double angle = step * 2 * kPi / 97;
+        std::string why;
+        ++cases;
+        if (agrees(shape.outline, vista, angle, &why)) continue;
+        ++differ;
+        std::cout << shape.name << ", view " << vista << ", turned by " << angle * 180 / kPi << ": " << why << "\n";
+      }
+  EXPECT_LT(differ, cases / 100) << differ << " of " << cases;
+}
+
+void tryRandom(unsigned seed, bool round) {
+  std::mt19937 random(seed);
+  int differ = 0;
+  const int cases = 2000;
+  for (int i = 0; i < cases; ++i) {
+    const oracle::Outline section = samples::randomOutline(random, round);
+    std::string why;
+    if (agrees(section, kElevations[i % 4], 0, &why)) continue;
+    ++differ;
+    if (differ <= 12) std::cout << "case " << i << ", view " << kElevations[i % 4] << ": " << why << "\n";
+  }
+  EXPECT_LT(differ, cases / 100) << differ << " of " << cases << " with seed " << seed;
+}
+
+TEST(ElevationOracle, RandomSharpOutlinesAgreeAlmostAlways) {
+  tryRandom(20240801, false);
+}
+TEST(ElevationOracle, RandomRoundedOutlinesAgreeAlmostAlways) {
+  tryRandom(20240802, true);
+}
+
+}  // namespace
