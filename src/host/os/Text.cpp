@@ -188,7 +188,7 @@ double _wtof(const wchar_t* text) {
 }
 
 wchar_t* _itow(int value, wchar_t* buffer, int base) {
-  char digits[sizeof(int) * CHAR_BIT + 1];
+  char digits[sizeof(int) * CHAR_BIT + 1] = {};
   // Only decimal numbers have a sign; in other bases the bits count.
   const auto written = base == 10 ? std::to_chars(digits, std::end(digits), value)
                                   : std::to_chars(digits, std::end(digits), static_cast<unsigned>(value), base);
