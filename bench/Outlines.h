@@ -24,18 +24,10 @@ inline Outline rolledI() {
   constexpr double half = 75, top = 150, inner = 139.3, web = 3.55, fillet = 15, bevel = 2;
   const double quarter = -std::tan(std::numbers::pi / 8);
   // The right half from the bottom up; the left half is the same turned by half a turn.
-  const Outline right = {{half - bevel, -top, 0},
-                         {half, -top + bevel, 0},
-                         {half, -inner - bevel, 0},
-                         {half - bevel, -inner, 0},
-                         {web + fillet, -inner, quarter},
-                         {web, -inner + fillet, 0},
-                         {web, inner - fillet, quarter},
-                         {web + fillet, inner, 0},
-                         {half - bevel, inner, 0},
-                         {half, inner + bevel, 0},
-                         {half, top - bevel, 0},
-                         {half - bevel, top, 0}};
+  const Outline right = {{half - bevel, -top, 0},        {half, -top + bevel, 0},         {half, -inner - bevel, 0},
+                         {half - bevel, -inner, 0},      {web + fillet, -inner, quarter}, {web, -inner + fillet, 0},
+                         {web, inner - fillet, quarter}, {web + fillet, inner, 0},        {half - bevel, inner, 0},
+                         {half, inner + bevel, 0},       {half, top - bevel, 0},          {half - bevel, top, 0}};
   Outline all = right;
   for (const Node& node : right) all.push_back({-node.x, -node.y, node.bulge});
   return all;

@@ -1,27 +1,45 @@
-// Elevations of the same outlines, by the members and, where it is installed, by OpenCASCADE's hidden-line removal.
+// A member's pictures, and where it is installed OpenCASCADE's hidden-line removal of the same bar.
 #include <benchmark/benchmark.h>
 
-#include "Outlines.h"
-
+#include "Members.h"
 #ifdef KR_PEER_OCCT
 #include "peer_occt.h"
+#endif
 
 namespace {
 
-void removeHiddenLines(benchmark::State& state, const std::vector<bench::Outline>& contours) {
-  bench::OcctBar bar(contours, bench::kLength);
+void regenerate(benchmark::State& state, const bench::Subject& subject, KrVistas view) {
+  const std::unique_ptr<KrObject> member = subject.make(view);
+  for (auto _ : state) member->Gera_KrVector(view);
+  state.counters["elements"] = member->GetNumVertex(view);
+}
+
+void construct(benchmark::State& state, const bench::Subject& subject, KrVistas view) {
+  for (auto _ : state) benchmark::DoNotOptimize(subject.make(view));
+}
+
+#ifdef KR_PEER_OCCT
+void removeHiddenLines(benchmark::State& state, const bench::Subject& subject) {
+  bench::OcctBar bar(subject.contours, bench::kLength);
   for (auto _ : state) bar.removeHiddenLines();
   state.counters["visible"] = bar.visibleLines();
   state.counters["hidden"] = bar.hiddenLines();
 }
+#endif
 
-void occtRolledI(benchmark::State& state) { removeHiddenLines(state, {bench::rolledI()}); }
-void occtTube(benchmark::State& state) { removeHiddenLines(state, bench::tube(88.9, 4.5)); }
-void occtWheel(benchmark::State& state) { removeHiddenLines(state, {bench::wheel(static_cast<int>(state.range(0)))}); }
-
-BENCHMARK(occtRolledI);
-BENCHMARK(occtTube);
-BENCHMARK(occtWheel)->Arg(20)->Arg(100)->Arg(500);
+const bool kRegistered = [] {
+  bench::start();
+  for (const bench::Subject& subject : bench::subjects()) {
+    const auto name = [&subject](const char* what) { return std::string(what) + "/" + subject.name; };
+    benchmark::RegisterBenchmark(name("elevation").c_str(), regenerate, subject, Superior);
+    benchmark::RegisterBenchmark(name("section").c_str(), regenerate, subject, Secao);
+    benchmark::RegisterBenchmark(name("construct_elevation").c_str(), construct, subject, Superior);
+    benchmark::RegisterBenchmark(name("construct_section").c_str(), construct, subject, Secao);
+#ifdef KR_PEER_OCCT
+    benchmark::RegisterBenchmark(name("occt").c_str(), removeHiddenLines, subject);
+#endif
+  }
+  return true;
+}();
 
 }  // namespace
-#endif

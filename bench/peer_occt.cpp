@@ -17,15 +17,16 @@ namespace bench {
 
 namespace {
 
-gp_Pnt place(double x, double y) { return {x, y, 0}; }
+gp_Pnt place(double x, double y) {
+  return {x, y, 0};
+}
 
 TopoDS_Edge edgeBetween(const Node& from, const Node& to) {
   if (from.bulge == 0) return BRepBuilderAPI_MakeEdge(place(from.x, from.y), place(to.x, to.y));
   // The arc's sagitta is the bulge times half of the chord, to the right of the chord for a counterclockwise arc.
   const double dx = to.x - from.x;
   const double dy = to.y - from.y;
-  const gp_Pnt middle =
-      place((from.x + to.x) / 2 + dy / 2 * from.bulge, (from.y + to.y) / 2 - dx / 2 * from.bulge);
+  const gp_Pnt middle = place((from.x + to.x) / 2 + dy / 2 * from.bulge, (from.y + to.y) / 2 - dx / 2 * from.bulge);
   return BRepBuilderAPI_MakeEdge(GC_MakeArcOfCircle(place(from.x, from.y), middle, place(to.x, to.y)).Value());
 }
 
