@@ -53,7 +53,7 @@ struct Subject {
 
 inline Subject outlineSubject(std::string name, const Outline& outline) {
   return {std::move(name),
-          [outline](KrVistas view) { return std::make_unique<OutlineMember>(std::vector{outline}, view); },
+          [outline](KrVistas view) { return std::make_unique<OutlineMember>(std::vector<Outline>{outline}, view); },
           {outline}};
 }
 
