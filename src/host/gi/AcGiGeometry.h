@@ -33,7 +33,7 @@ class AcGiGeometry : public AcRxObject {
                                      const AcGiArcType arcType = kAcGiArcSimple) const = 0;
   virtual Adesk::Boolean polyline(const Adesk::UInt32 count, const AcGePoint3d* vertices,
                                   const AcGeVector3d* normal = nullptr, Adesk::LongPtr baseSubEntMarker = -1) const = 0;
-  /// Closed; filled unless the traits say never.
+  /// Closed; filled when the traits say so, else its outline.
   virtual Adesk::Boolean polygon(const Adesk::UInt32 count, const AcGePoint3d* vertices) const = 0;
 
   /// Raw: the characters stand for themselves, in the page's own font. The oblique angle is in radians, the width is a

@@ -66,5 +66,5 @@ class AcGiTextStyle {
 };
 
 /// Fills the style from a record of the text style table. A style whose record leaves the size open (0) takes the size
-/// last used. eNullObjectId or eNotThatKindOfClass, and no change, when the id names no text style.
+/// last used. An id that names no text style gives the status of the opening, and no change.
 Acad::ErrorStatus fromAcDbTextStyle(AcGiTextStyle& textStyle, const AcDbObjectId& styleId);

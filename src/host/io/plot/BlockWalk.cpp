@@ -1,0 +1,36 @@
+#include "host/io/plot/BlockWalk.h"
+
+#include "host/db/db.h"
+
+namespace plot {
+namespace {
+
+void drawEntity(gi::WorldDrawBase& draw, AcDbEntity& entity, DrawingStyles& styles) {
+  if (entity.visibility() == AcDb::kInvisible || styles.layer(entity.layerId()).frozen) return;
+  draw.drawWhole(entity);
+}
+
+}  // namespace
+
+BlockWalk drawBlock(gi::WorldDrawBase& draw, AcDbObjectId block, DrawingStyles& styles) {
+  BlockWalk walk;
+  AcDbBlockTableRecord* record = nullptr;
+  walk.status = acdbOpenObject(record, block, AcDb::kForRead);
+  if (walk.status != Acad::eOk) return walk;
+  draw.setDatabase(block.database());
+  for (AcDbStub* stub : record->entities()) {
+    const AcDbObjectId id(stub);
+    if (id.isErased()) continue;
+    AcDbEntity* entity = nullptr;
+    if (acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) {
+      ++walk.unreadable;
+      continue;
+    }
+    drawEntity(draw, *entity, styles);
+    entity->close();
+  }
+  record->close();
+  return walk;
+}
+
+}  // namespace plot

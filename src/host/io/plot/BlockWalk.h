@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/gi/WorldDrawBase.h"
+#include "host/io/plot/DrawingStyles.h"
+
+namespace plot {
+
+/// What became of drawing a block.
+struct BlockWalk {
+  Acad::ErrorStatus status = Acad::eOk;
+  /// Entities that are open for write elsewhere and couldn't be drawn.
+  int unreadable = 0;
+};
+
+/// Draws each entity of the block that is there, visible and on no frozen layer, in order.
+BlockWalk drawBlock(gi::WorldDrawBase& draw, AcDbObjectId block, DrawingStyles& styles);
+
+}  // namespace plot
