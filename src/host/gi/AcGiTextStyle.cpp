@@ -10,14 +10,21 @@
 namespace gi {
 namespace {
 
-/// "C:\fonts\Arial.ttf" as "Arial"; empty for a single-stroke font.
-std::wstring familyOfFile(const std::wstring& file) {
+/// The name of a font file without its folder.
+std::wstring baseName(const std::wstring& file) {
   const std::size_t slash = file.find_last_of(L"\\/");
-  std::wstring name = slash == std::wstring::npos ? file : file.substr(slash + 1);
+  return slash == std::wstring::npos ? file : file.substr(slash + 1);
+}
+
+/// Whether a file's name is that of a single-stroke font: its ending says so, or it has none.
+bool isSingleStroke(const std::wstring& name) {
   const std::size_t dot = name.find_last_of(L'.');
-  if (dot == std::wstring::npos) return name;
-  if (os::compareNoCase(name.substr(dot), L".shx") == 0) return {};
-  return name.substr(0, dot);
+  return dot == std::wstring::npos || os::compareNoCase(name.substr(dot), L".shx") == 0;
+}
+
+StyleFont standardFont() {
+  const Font* font = Font::standard();
+  return {font, font == nullptr || font->family() != Font::kStandardFamily};
 }
 
 }  // namespace
@@ -27,13 +34,14 @@ StyleFont fontOf(const AcGiTextStyle& style) {
   bool bold = false;
   bool italic = false;
   style.font(family, bold, italic);
-  if (family.empty()) family = familyOfFile(style.fileName());
-  if (family.empty()) {
-    const Font* standard = Font::standard();
-    return {standard, standard != nullptr && standard->family() != Font::kStandardFamily};
-  }
+  const std::wstring file = baseName(style.fileName());
+  if (family.empty()) family = file.substr(0, file.find_last_of(L'.'));
   if (const Font* font = Font::find(os::toUtf8(family), bold, italic)) return {font, false};
-  return {Font::standard(), true};
+  StyleFont result = standardFont();
+  const bool namesTypeface =
+      !family.empty() && !(family == file.substr(0, file.find_last_of(L'.')) && isSingleStroke(file));
+  result.substituted = result.substituted || namesTypeface;
+  return result;
 }
 
 }  // namespace gi

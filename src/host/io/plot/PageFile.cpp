@@ -168,7 +168,7 @@ cairo_t* PageFile::beginPage(PaperSize size) {
     cairo_pdf_surface_set_size(surface_, size.width * kPointsPerMm, size.height * kPointsPerMm);
   }
   context_ = cairo_create(surface_);
-  if (format_ == PlotFormat::png) {
+  if (format_ != PlotFormat::pdf) {
     cairo_set_source_rgb(context_, 1.0, 1.0, 1.0);
     cairo_paint(context_);
   }
