@@ -138,8 +138,9 @@ class KrObjectArray {
     Clear();
     const int count = ListFiling::readCount(filer);
     T value;
-    for (int i = 0; i < count && ListFiling::status(filer) == Acad::eOk; ++i) {
+    for (int i = 0; i < count; ++i) {
       readValue(value, filer);
+      if (ListFiling::status(filer) != Acad::eOk) break;
       append(value);
     }
     return Acad::eOk;
@@ -159,8 +160,9 @@ class KrObjectArray {
     int count = 0;
     if (const Acad::ErrorStatus es = ListFiling::readCount(filer, count); es != Acad::eOk) return es;
     T value;
-    for (int i = 0; i < count && ListFiling::status(filer) == Acad::eOk; ++i) {
+    for (int i = 0; i < count; ++i) {
       value.dxfInFields(filer);
+      if (ListFiling::status(filer) != Acad::eOk) break;
       append(value);
     }
     return ListFiling::status(filer);

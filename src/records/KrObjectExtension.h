@@ -17,9 +17,6 @@ class KrObjectExtension : public AcRxObject {
  public:
   ACRX_DECLARE_MEMBERS(KrObjectExtension);
 
-  KrObjectExtension(const KrObjectExtension&) = delete;
-  KrObjectExtension& operator=(const KrObjectExtension&) = delete;
-
   /// Appends the extension's grip points. `Acad::eNotImplementedYet` by default.
   virtual Acad::ErrorStatus getExtensionGripPoints(AcArray<AcGePoint3d>& points, AcArray<int>& osnapModes,
                                                    AcArray<int>& geomIds) const;
@@ -49,6 +46,8 @@ class KrObjectExtension : public AcRxObject {
 
  protected:
   KrObjectExtension() = default;
+  KrObjectExtension(const KrObjectExtension&) = default;
+  KrObjectExtension& operator=(const KrObjectExtension&) = default;
 
   /// Newest version of an extension's fields.
   static constexpr std::uint32_t kFieldsVersion = 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "host/db/db.h"
@@ -20,13 +21,16 @@ class KrObjectTextExtension : public KrObjectExtension {
     kPlusSecondAxis = 0x4,    ///< anchor moved by plus the second half-axis
     kPlusFirstAxis = 0x8,     ///< anchor moved by plus the first half-axis
     kMinusFirstAxis = 0x10,   ///< anchor moved by minus the first half-axis
-    kMinusHalfHeight = 0x40,  ///< text moved by minus half its height
-    kPlusHalfHeight = 0x80,   ///< text moved by plus half its height
+    kPlusHalfHeight = 0x40,   ///< text moved by plus half its height
+    kMinusHalfHeight = 0x80,  ///< text moved by minus half its height
     kMinusHalfWidth = 0x100,  ///< text moved by minus half its width
     kPlusHalfWidth = 0x200    ///< text moved by plus half its width
   };
 
   KrObjectTextExtension() = default;
+  /// A copy shares the text until either is given another.
+  KrObjectTextExtension(const KrObjectTextExtension&) = default;
+  KrObjectTextExtension& operator=(const KrObjectTextExtension&) = default;
 
   /// The text, null for none.
   const ACHAR* text() const;
@@ -76,8 +80,7 @@ class KrObjectTextExtension : public KrObjectExtension {
 
   bool hasFlag(OptionFlags flag) const { return (optionFlags_ & flag) != 0; }
 
-  std::wstring text_;
-  bool hasText_ = false;
+  std::shared_ptr<const std::wstring> text_;
   std::uint32_t optionFlags_ = kDefaultFlags;
   AcGeVector3d vecOffset_;
   AcDbObjectId textStyleId_;

@@ -150,9 +150,7 @@ class KrVector {
   void setStretch(double angle, double stretch);
   void setRay(const AcGePoint3d& start, double angle, double length);
   void measureChord();
-  void readPointsToHidden(AcDbDwgFiler* filer);
   void readMidToHidden(AcDbDwgFiler* filer);
-  bool readDxfGroups(AcDbDxfFiler* filer);
 
   AcGePoint3d start_;
   AcGePoint3d mid_;
