@@ -3,10 +3,10 @@
 #include <cmath>
 #include <limits>
 
-#include "frame/SideLibrary.h"
 #include "object/KrObject.h"
 #include "object/Rotation.h"
 #include "support/Bulges.h"
+#include "support/SideLibrary.h"
 
 namespace {
 

@@ -4,7 +4,5 @@
 #include "host/companion/CloseInChar.h"
 #include "host/companion/KrConfigCenter.h"
 #include "host/companion/KrConfigSection.h"
-#include "host/companion/KrString.h"
-#if __has_include("host/companion/KrGeLib.h")
 #include "host/companion/KrGeLib.h"
-#endif
+#include "host/companion/KrString.h"

@@ -1,4 +1,0 @@
-#pragma once
-
-/// The module's side library.
-#include "support/SideLibrary.h"
