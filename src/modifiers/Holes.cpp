@@ -42,6 +42,12 @@ Acad::ErrorStatus KrObject::ajustaFuros(KrVistas vista, KrFuro& furos, const AcG
   return Acad::eOk;
 }
 
+Acad::ErrorStatus KrObject::setFurosSemLink(const KrFuro& furos) {
+  assertWriteEnabled();
+  furos_ = furos;
+  return Acad::eOk;
+}
+
 void KrObject::AuditFuros() {
   assertWriteEnabled();
   if (furos_.Qtd() == 0) return;

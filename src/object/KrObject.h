@@ -318,6 +318,8 @@ class KrObject : public AcDbEntity {
   // --- Holes ---------------------------------------------------------------------------------------------------------
 
   Acad::ErrorStatus ajustaFuros(KrVistas vista, KrFuro& furos, const AcGePoint3d& ref) const;
+  /// Replaces the list here only; nothing is drawn.
+  Acad::ErrorStatus setFurosSemLink(const KrFuro& furos);
   /// Drops the holes that no longer lie in the member.
   void AuditFuros();
   /// Draws hole i in the current view.
