@@ -57,24 +57,26 @@ class AcGeCircArc2d : public AcGeCurve2d {
   AcGePoint2d center() const { return m_centre; }
   double radius() const { return m_radius; }
   double startAng() const { return m_startAng; }
-  double endAng() const { return m_endAng; }
+  double endAng() const { return m_byPoints ? sweepBetweenEnds() : m_endAng; }
   AcGeVector2d refVec() const { return m_refVec; }
   Adesk::Boolean isClockWise() const { return m_clockWise; }
   AcGePoint2d startPoint() const { return m_start; }
   AcGePoint2d endPoint() const { return m_end; }
-  AcGePoint2d midPoint() const { return evalPoint((m_startAng + m_endAng) / 2.0); }
-  Adesk::Boolean isClosed() const { return m_endAng - m_startAng >= kAcGeTwoPi - kFullTurnSlack; }
+  AcGePoint2d midPoint() const { return evalPoint((m_startAng + endAng()) / 2.0); }
+  Adesk::Boolean isClosed() const { return !m_byPoints && m_endAng - m_startAng >= kAcGeTwoPi - kFullTurnSlack; }
 
   AcGeCircArc2d& setCenter(const AcGePoint2d& centre) {
+    const double end = endAng();
     m_centre = centre;
-    return setAngles(m_startAng, m_endAng);
+    return setAngles(m_startAng, end);
   }
   AcGeCircArc2d& setRadius(double radius) {
     m_radius = radius;
-    return setAngles(m_startAng, m_endAng);
+    return setAngles(m_startAng, endAng());
   }
   /// An end below the start means the way past the full turn.
   AcGeCircArc2d& setAngles(double startAng, double endAng) {
+    m_byPoints = false;
     m_startAng = startAng;
     m_endAng = endAng < startAng ? endAng + kAcGeTwoPi * std::ceil((startAng - endAng) / kAcGeTwoPi) : endAng;
     m_start = evalPoint(m_startAng);
@@ -92,7 +94,7 @@ class AcGeCircArc2d : public AcGeCurve2d {
     const double turn = AcGeVector2d(m_refVec.dotProduct(v), left(m_refVec, v)).angle();
     return turn + kAcGeTwoPi * std::ceil((m_startAng - turn) / kAcGeTwoPi);
   }
-  double length() const { return m_radius * (m_endAng - m_startAng); }
+  double length() const { return m_radius * (endAng() - m_startAng); }
   /// The length between two angles.
   double length(double from, double to, double /*tol*/ = 0.0) const { return m_radius * std::fabs(to - from); }
 
@@ -152,6 +154,7 @@ class AcGeCircArc2d : public AcGeCurve2d {
   void setToPoint(const AcGePoint2d& p) {
     m_centre = m_start = m_end = p;
     m_radius = m_startAng = m_endAng = 0.0;
+    m_byPoints = false;
     m_refVec = AcGeVector2d::kXAxis;
     m_clockWise = false;
   }
@@ -163,9 +166,12 @@ class AcGeCircArc2d : public AcGeCurve2d {
     m_clockWise = clockWise;
     m_start = start;
     m_end = end;
-    const AcGeVector2d toEnd = end - centre;
-    m_startAng = 0.0;
-    m_endAng = AcGeVector2d(out.dotProduct(toEnd), left(out, toEnd)).angle();
+    m_startAng = m_endAng = 0.0;
+    m_byPoints = true;
+  }
+  double sweepBetweenEnds() const {
+    const AcGeVector2d toEnd = m_end - m_centre;
+    return AcGeVector2d(m_refVec.dotProduct(toEnd), left(m_refVec, toEnd)).angle();
   }
   /// Positive when b lies ahead of a in the arc's sense, less than a half turn.
   double left(const AcGeVector2d& a, const AcGeVector2d& b) const {
@@ -173,13 +179,14 @@ class AcGeCircArc2d : public AcGeCurve2d {
   }
   /// True when the arc passes the given direction from its centre, its ends included.
   bool spans(const AcGeVector2d& out) const {
-    const double sweep = m_endAng - m_startAng;
-    if (sweep >= kAcGeTwoPi - kFullTurnSlack) return true;
+    if (isClosed()) return true;
     const AcGeVector2d from = m_start - m_centre;
     const AcGeVector2d to = m_end - m_centre;
+    const double ahead = left(from, to);
+    const double facing = from.dotProduct(to);
     // The sign of the dot product keeps an arc of hardly any sweep from passing the opposite direction.
-    if (sweep < kAcGePi / 2.0 && from.dotProduct(out) < 0.0) return false;
-    if (sweep <= kAcGePi) return left(from, out) >= 0.0 && left(out, to) >= 0.0;
+    if (ahead >= 0.0 && facing > 0.0 && from.dotProduct(out) < 0.0) return false;
+    if (ahead >= 0.0) return left(from, out) >= 0.0 && left(out, to) >= 0.0;
     return !(left(to, out) > 0.0 && left(out, from) > 0.0);
   }
   bool admits(const AcGePoint2d& p, const AcGeTol& tol) const {
@@ -192,7 +199,8 @@ class AcGeCircArc2d : public AcGeCurve2d {
   AcGeVector2d m_refVec;
   double m_radius = 0.0;
   double m_startAng = 0.0;
-  double m_endAng = 0.0;
+  double m_endAng = 0.0;    ///< Of no meaning for an arc by points, whose angle is worked out when it is asked for.
+  bool m_byPoints = false;  ///< Made through points: starts at angle 0 and ends at m_end.
   bool m_clockWise = false;
 };
 
@@ -230,6 +238,7 @@ inline AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& start, const AcGePoi
   setBetween(centre, start, end, b < 0.0);
   // The angle of a flat arc is told better by its bulge than by points far from the centre.
   m_endAng = 4.0 * std::atan(std::fabs(b));
+  m_byPoints = false;
   return *this;
 }
 
@@ -245,22 +254,23 @@ inline void AcGeCircArc2d::boundBlock(AcGePoint2d& low, AcGePoint2d& high) const
 inline Adesk::Boolean AcGeCircArc2d::intersectWith(const AcGeLinearEnt2d& line, int& intn, AcGePoint2d& p1,
                                                    AcGePoint2d& p2, const AcGeTol& tol) const {
   intn = 0;
-  const AcGeVector2d along = line.direction();
-  if (along.lengthSqrd() == 0.0) {
-    if (isOn(line.pointOnLine(), tol)) {
-      intn = 1;
-      p1 = line.pointOnLine();
-    }
-    return intn;
+  const double step = line.stepLength();
+  if (step == 0.0) {
+    if (!isOn(line.pointOnLine(), tol)) return Adesk::kFalse;
+    intn = 1;
+    p1 = line.pointOnLine();
+    return Adesk::kTrue;
   }
+  const AcGeVector2d along = line.direction();
   const AcGeVector2d gap = m_centre - line.pointOnLine();
   const double aside = along.crossProduct(gap);
-  const AcGePoint2d foot = m_centre + along.perpVector() * -aside;
   double places[2];
   const int found = AcGeIntersect::lineAndCircle(std::fabs(aside), m_radius, tol.equalPoint(), places);
   for (int i = 0; i < found; ++i) {
-    const AcGePoint2d p = foot + along * places[i];
-    if (!admits(p, tol) || !line.isOn(p, tol)) continue;
+    const double place = gap.dotProduct(along) + places[i];
+    if (!line.limits().admit(place / step, tol.equalPoint() / step)) continue;
+    const AcGePoint2d p = m_centre - along.perpVector() * aside + along * places[i];
+    if (!admits(p, tol)) continue;
     (intn == 0 ? p1 : p2) = p;
     ++intn;
   }

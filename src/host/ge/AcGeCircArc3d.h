@@ -54,23 +54,25 @@ class AcGeCircArc3d : public AcGeCurve3d {
   AcGeVector3d refVec() const { return m_refVec; }
   double radius() const { return m_radius; }
   double startAng() const { return m_startAng; }
-  double endAng() const { return m_endAng; }
+  double endAng() const { return m_byPoints ? sweepBetweenEnds() : m_endAng; }
   AcGePoint3d startPoint() const { return m_start; }
   AcGePoint3d endPoint() const { return m_end; }
-  AcGePoint3d midPoint() const { return evalPoint((m_startAng + m_endAng) / 2.0); }
-  Adesk::Boolean isClosed() const { return m_endAng - m_startAng >= kAcGeTwoPi - kFullTurnSlack; }
+  AcGePoint3d midPoint() const { return evalPoint((m_startAng + endAng()) / 2.0); }
+  Adesk::Boolean isClosed() const { return !m_byPoints && m_endAng - m_startAng >= kAcGeTwoPi - kFullTurnSlack; }
   void getPlane(AcGePlane& plane) const { plane.set(m_centre, m_refVec, yAxis()); }
 
   AcGeCircArc3d& setCenter(const AcGePoint3d& centre) {
+    const double end = endAng();
     m_centre = centre;
-    return setAngles(m_startAng, m_endAng);
+    return setAngles(m_startAng, end);
   }
   AcGeCircArc3d& setRadius(double radius) {
     m_radius = radius;
-    return setAngles(m_startAng, m_endAng);
+    return setAngles(m_startAng, endAng());
   }
   /// An end below the start means the way past the full turn.
   AcGeCircArc3d& setAngles(double startAng, double endAng) {
+    m_byPoints = false;
     m_startAng = startAng;
     m_endAng = endAng < startAng ? endAng + kAcGeTwoPi * std::ceil((startAng - endAng) / kAcGeTwoPi) : endAng;
     m_start = evalPoint(m_startAng);
@@ -88,7 +90,7 @@ class AcGeCircArc3d : public AcGeCurve3d {
     const double turn = AcGeVector2d(m_refVec.dotProduct(v), yAxis().dotProduct(v)).angle();
     return turn + kAcGeTwoPi * std::ceil((m_startAng - turn) / kAcGeTwoPi);
   }
-  double length() const { return m_radius * (m_endAng - m_startAng); }
+  double length() const { return m_radius * (endAng() - m_startAng); }
   /// The length between two angles.
   double length(double from, double to, double /*tol*/ = 0.0) const { return m_radius * std::fabs(to - from); }
 
@@ -151,10 +153,15 @@ class AcGeCircArc3d : public AcGeCurve3d {
   /// Rounding of 2 pi, in radians: a sweep this close to the full turn is one.
   static constexpr double kFullTurnSlack = 1e-12;
 
+  double sweepBetweenEnds() const {
+    const AcGeVector3d toEnd = m_end - m_centre;
+    return AcGeVector2d(m_refVec.dotProduct(toEnd), yAxis().dotProduct(toEnd)).angle();
+  }
   AcGeVector3d yAxis() const { return m_normal.crossProduct(m_refVec); }
   void setToPoint(const AcGePoint3d& p) {
     m_centre = m_start = m_end = p;
     m_radius = m_startAng = m_endAng = 0.0;
+    m_byPoints = false;
     m_refVec = AcGeVector3d::kXAxis;
     m_normal = AcGeVector3d::kZAxis;
   }
@@ -162,13 +169,14 @@ class AcGeCircArc3d : public AcGeCurve3d {
   double left(const AcGeVector3d& a, const AcGeVector3d& b) const { return a.crossProduct(b).dotProduct(m_normal); }
   /// True when the arc passes the given direction from its centre, its ends included.
   bool spans(const AcGeVector3d& out) const {
-    const double sweep = m_endAng - m_startAng;
-    if (sweep >= kAcGeTwoPi - kFullTurnSlack) return true;
+    if (isClosed()) return true;
     const AcGeVector3d from = m_start - m_centre;
     const AcGeVector3d to = m_end - m_centre;
+    const double ahead = left(from, to);
+    const double facing = from.dotProduct(to);
     // The sign of the dot product keeps an arc of hardly any sweep from passing the opposite direction.
-    if (sweep < kAcGePi / 2.0 && from.dotProduct(out) < 0.0) return false;
-    if (sweep <= kAcGePi) return left(from, out) >= 0.0 && left(out, to) >= 0.0;
+    if (ahead >= 0.0 && facing > 0.0 && from.dotProduct(out) < 0.0) return false;
+    if (ahead >= 0.0) return left(from, out) >= 0.0 && left(out, to) >= 0.0;
     return !(left(to, out) > 0.0 && left(out, from) > 0.0);
   }
   bool admits(const AcGePoint3d& p, const AcGeTol& tol) const {
@@ -186,7 +194,8 @@ class AcGeCircArc3d : public AcGeCurve3d {
   AcGeVector3d m_refVec;
   double m_radius = 0.0;
   double m_startAng = 0.0;
-  double m_endAng = 0.0;
+  double m_endAng = 0.0;    ///< Of no meaning for an arc by points, whose angle is worked out when it is asked for.
+  bool m_byPoints = false;  ///< Made through points: starts at angle 0 and ends at m_end.
 };
 
 inline AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& start, const AcGePoint3d& through, const AcGePoint3d& end,
@@ -215,9 +224,8 @@ inline AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& start, const AcGePoi
   m_refVec = toCentre / -m_radius;
   m_start = start;
   m_end = end;
-  m_startAng = 0.0;
-  const AcGeVector3d toEnd = end - m_centre;
-  m_endAng = AcGeVector2d(m_refVec.dotProduct(toEnd), yAxis().dotProduct(toEnd)).angle();
+  m_startAng = m_endAng = 0.0;
+  m_byPoints = true;
   return *this;
 }
 
@@ -237,24 +245,29 @@ inline void AcGeCircArc3d::boundBlock(AcGePoint3d& low, AcGePoint3d& high) const
 inline Adesk::Boolean AcGeCircArc3d::intersectWith(const AcGeLinearEnt3d& line, int& intn, AcGePoint3d& p1,
                                                    AcGePoint3d& p2, const AcGeTol& tol) const {
   intn = 0;
+  const double step = line.stepLength();
   const AcGeVector3d direction = line.direction();
   const double climb = direction.dotProduct(m_normal);
-  if (std::fabs(climb) > tol.equalVector() || direction.lengthSqrd() == 0.0) {
-    const double height = (m_centre - line.pointOnLine()).dotProduct(m_normal);
+  const AcGeVector3d gap = m_centre - line.pointOnLine();
+  const double height = gap.dotProduct(m_normal);
+  if (std::fabs(climb) > tol.equalVector() || step == 0.0) {
     const AcGePoint3d p = climb == 0.0 ? line.pointOnLine() : line.pointOnLine() + direction * (height / climb);
     const AcGePoint3d nearest = line.closestPointTo(p);
     if (isOn(nearest, tol)) append(nearest, intn, p1, p2);
     return intn;
   }
   // A line that runs in the plane meets the circle as in the plane; how far it is off the plane is seen at each point.
-  const AcGeVector3d along = direction.orthoProject(m_normal).normal();
-  const AcGeVector3d gap = (line.pointOnLine() - m_centre).orthoProject(m_normal);
-  const AcGeVector3d aside = gap - along * gap.dotProduct(along);
+  const AcGeVector3d along = direction - m_normal * climb;
+  const double ahead = gap.dotProduct(along);
+  const AcGeVector3d aside = m_normal * height + along * ahead - gap;
   double places[2];
   const int found = AcGeIntersect::lineAndCircle(aside.length(), m_radius, tol.equalPoint(), places);
   for (int i = 0; i < found; ++i) {
+    const double place = ahead + places[i];
+    if (!line.limits().admit(place / step, tol.equalPoint() / step)) continue;
+    if (std::fabs(height - climb * place) > tol.equalPoint()) continue;
     const AcGePoint3d p = m_centre + aside + along * places[i];
-    if (admits(p, tol) && line.isOn(p, tol)) append(p, intn, p1, p2);
+    if (admits(p, tol)) append(p, intn, p1, p2);
   }
   return intn > 0;
 }

@@ -15,6 +15,8 @@ class AcGeLinearEnt2d : public AcGeCurve2d {
     const double size = m_step.length();
     return size == 0.0 ? m_step : m_step / size;
   }
+  /// The length that one unit of the parameter covers.
+  double stepLength() const { return m_step.length(); }
   inline void getLine(AcGeLine2d& line) const;
   /// The line through p square to this one.
   inline void getPerpLine(const AcGePoint2d& p, AcGeLine2d& perpendicular) const;

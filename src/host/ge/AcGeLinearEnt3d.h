@@ -17,6 +17,8 @@ class AcGeLinearEnt3d : public AcGeCurve3d {
     const double size = m_step.length();
     return size == 0.0 ? m_step : m_step / size;
   }
+  /// The length that one unit of the parameter covers.
+  double stepLength() const { return m_step.length(); }
   inline void getLine(AcGeLine3d& line) const;
   /// The plane through p square to this entity.
   inline void getPerpPlane(const AcGePoint3d& p, AcGePlane& plane) const;

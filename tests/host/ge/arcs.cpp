@@ -178,6 +178,17 @@ TEST(Arc2d, MeetsAnArcInTwoPointsOneOrNone) {
   EXPECT_EQ(meet(circle, AcGeCircArc2d(AcGePoint2d(8, 0), 5.0, 0.0, kPi)).size(), 1u);
 }
 
+TEST(Arc2d, KeepsItsAnglesWhenItsCentreOrRadiusIsSet) {
+  AcGeCircArc2d arc(AcGePoint2d(5, 0), AcGePoint2d(0, 5), AcGePoint2d(-5, 0));
+  arc.setCenter({10, 10}).setRadius(2.0);
+  EXPECT_DOUBLE_EQ(arc.endAng(), kPi);
+  EXPECT_TRUE(arc.startPoint().isEqualTo({12, 10}) && arc.endPoint().isEqualTo({8, 10}));
+  AcGeCircArc3d inSpace(AcGePoint3d(5, 0, 1), AcGePoint3d(0, 5, 1), AcGePoint3d(0, -5, 1));
+  inSpace.setCenter({10, 10, 0}).setRadius(2.0);
+  EXPECT_DOUBLE_EQ(inSpace.endAng(), 1.5 * kPi);
+  EXPECT_TRUE(inSpace.endPoint().isEqualTo({10, 8, 0}));
+}
+
 TEST(Arc2d, IsTurnedRoundByAMirror) {
   AcGeCircArc2d arc(AcGePoint2d(5, 0), AcGePoint2d(0, 5), AcGePoint2d(-5, 0));
   arc.mirror(AcGeLine2d(AcGePoint2d(0, 10), AcGeVector2d(1, 0)));
