@@ -2,8 +2,11 @@
 
 #include <fontconfig/fontconfig.h>
 #include <ft2build.h>
+#include FT_BBOX_H
 #include FT_FREETYPE_H
+#include FT_OUTLINE_H
 
+#include <cmath>
 #include <map>
 #include <memory>
 #include <tuple>
@@ -87,6 +90,20 @@ const GlyphMeasure& Font::glyph(wchar_t c) const {
   const auto [place, isNew] = glyphs_.try_emplace(c);
   if (isNew) place->second = measure(c);
   return place->second;
+}
+
+GlyphMeasure Font::slantedGlyph(wchar_t c, double slope) const {
+  GlyphMeasure result = measure(c);
+  if (!result.hasInk || slope == 0.0 || face_->glyph->format != FT_GLYPH_FORMAT_OUTLINE) return result;
+  constexpr double kFixedOne = 65536.0;
+  const FT_Matrix shear{0x10000, static_cast<FT_Fixed>(std::lround(slope * kFixedOne)), 0, 0x10000};
+  FT_Outline_Transform(&face_->glyph->outline, &shear);
+  FT_BBox box{};
+  if (FT_Outline_Get_BBox(&face_->glyph->outline, &box) != 0) return result;
+  const double em = face_->units_per_EM;
+  result.minX = static_cast<double>(box.xMin) / em;
+  result.maxX = static_cast<double>(box.xMax) / em;
+  return result;
 }
 
 GlyphMeasure Font::measure(wchar_t c) const {

@@ -33,6 +33,8 @@ class Font {
   /// Height of a capital in em units.
   double capHeight() const { return capHeight_; }
   const GlyphMeasure& glyph(wchar_t c) const;
+  /// The glyph with each point moved along X by `slope` times its height: the box is that of the outline itself.
+  GlyphMeasure slantedGlyph(wchar_t c, double slope) const;
   FT_FaceRec_* face() const { return face_; }
 
  private:

@@ -121,10 +121,9 @@ TextLayout layOutText(std::wstring_view text, bool raw, const Font& font, double
     layout.glyphs.push_back({used, glyph->index, c, x, em});
     layout.advance += glyph->advance * em;
     if (glyph->hasInk) {
-      for (const double y : {glyph->minY * em, glyph->maxY * em}) {
-        cover(layout, x + glyph->minX * em + y * slope, y);
-        cover(layout, x + glyph->maxX * em + y * slope, y);
-      }
+      const GlyphMeasure ink = slope == 0.0 ? *glyph : used->slantedGlyph(c, slope);
+      cover(layout, x + ink.minX * em, ink.minY * em);
+      cover(layout, x + ink.maxX * em, ink.maxY * em);
     }
     if (item.overlined) addRule(layout, x, layout.advance, TextLayout::kOverlineY, slope);
     if (item.underlined) addRule(layout, x, layout.advance, TextLayout::kUnderlineY, slope);

@@ -86,7 +86,7 @@ DashLayout layOutDashes(const DashPattern& pattern, double length, double dotLen
   if (!canRepeat(turned, length)) return {};
   if (onlyDots(pattern)) return dots(turned, length, false);
   const double dash = turned.onOff.front();
-  for (double count = std::round((length - dash) / (dash + turned.fixed)); count >= 1.0; count -= 1.0) {
+  for (double count = std::max(1.0, std::round((length - dash) / (dash + turned.fixed))); count >= 1.0; count -= 1.0) {
     const double fitted = (length - count * turned.fixed) / (count + 1.0);
     if (fitted < dash / 2.0) continue;
     DashLayout layout{turned.onOff, 0.0};
@@ -101,7 +101,7 @@ DashLayout layOutClosedDashes(const DashPattern& pattern, double length, double 
   if (!canRepeat(turned, length)) return {};
   if (onlyDots(pattern)) return dots(turned, length, true);
   const double dash = turned.onOff.front();
-  for (double count = std::round(length / (dash + turned.fixed)); count >= 1.0; count -= 1.0) {
+  for (double count = std::max(1.0, std::round(length / (dash + turned.fixed))); count >= 1.0; count -= 1.0) {
     const double fitted = length / count - turned.fixed;
     if (fitted < dash / 2.0) continue;
     DashLayout layout{turned.onOff, fitted / 2.0};

@@ -74,7 +74,9 @@ struct PlotOptions {
   /// On top of the drawing's own scale of line types and of each entity's.
   double linetypeScale = 1.0;
   /// UTF-8; empty ones stay out of the file.
-  std::string title, author, subject;
+  std::string title{};
+  std::string author{};
+  std::string subject{};
 };
 
 enum class PlotErrorKind { badSheet, badOptions, tooLarge, noFont, badBlock, outOfMemory, output, cannotWrite, exists };
