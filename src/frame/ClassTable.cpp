@@ -1,6 +1,8 @@
 #include "frame/ClassTable.h"
 
 #include "object/KrObject.h"
+#include "profiles/KrBarraRedonda.h"
+#include "profiles/KrTubo.h"
 #include "records/KrObjectExtension.h"
 #include "records/KrObjectModCData.h"
 #include "records/KrObjectTextExtension.h"
@@ -13,11 +15,9 @@ constexpr ModuleClass moduleClass() {
 }
 
 constexpr ModuleClass kClasses[] = {
-    moduleClass<KrObject>(),
-    // The profiles stand here, in the order of the catalogue.
-    moduleClass<KrObjectModCData>(),
-    moduleClass<KrObjectExtension>(),
-    moduleClass<KrObjectTextExtension>(),
+    moduleClass<KrObject>(),          moduleClass<KrTubo>(),
+    moduleClass<KrBarraRedonda>(),    moduleClass<KrObjectModCData>(),
+    moduleClass<KrObjectExtension>(), moduleClass<KrObjectTextExtension>(),
 };
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include "frame/Commands.h"
 #include "frame/Module.h"
 #include "object/KrObject.h"
+#include "profiles/KrBarraRedonda.h"
+#include "profiles/KrTubo.h"
 #include "support/Angles.h"
 #include "support/Bulges.h"
 #include "support/Database.h"

@@ -1,7 +1,7 @@
 #include "frame/Module.h"
 
 #include <memory>
-#include <ranges>
+#include <span>
 #include <string>
 
 #include "frame/ClassTable.h"
@@ -85,7 +85,8 @@ void start() {
 }
 
 void unload() {
-  for (const ModuleClass& each : moduleClasses() | std::views::reverse) deleteAcRxClass(each.desc());
+  const std::span<const ModuleClass> classes = moduleClasses();
+  for (auto each = classes.rbegin(); each != classes.rend(); ++each) deleteAcRxClass(each->desc());
   removeProfileNames();
   destroy(configCenter);
   if (!forEachDatabase([](AcDbDatabase& database) { database.removeReactor(databaseReactor); })) return;
