@@ -180,7 +180,7 @@ bool insideByWinding(const Polygon& polygon, const AcGePoint2d& p) {
       walk(polygon.points[i] - p, polygon.points[i + 1] - p);
       continue;
     }
-    constexpr int kSamples = 2000;
+    constexpr int kSamples = 300;
     const double sweep = 4.0 * std::atan(bulge);
     const double radius = chord.length() / 2.0 / std::sin(sweep / 2.0);
     const AcGePoint2d centre =
