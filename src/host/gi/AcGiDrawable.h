@@ -36,8 +36,9 @@ class AcGiDrawable : public AcRxObject {
 
  protected:
   AcGiDrawable() = default;
-  virtual Adesk::UInt32 subSetAttributes(AcGiDrawableTraits* traits) = 0;
-  virtual Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) = 0;
-  virtual void subViewportDraw(AcGiViewportDraw* draw) = 0;
+  // By default a drawable has no look of its own and draws nothing: most objects of a database are such.
+  virtual Adesk::UInt32 subSetAttributes(AcGiDrawableTraits* traits);
+  virtual Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw);
+  virtual void subViewportDraw(AcGiViewportDraw* draw);
   virtual Adesk::UInt32 subViewportDrawLogicalFlags(AcGiViewportDraw* draw);
 };

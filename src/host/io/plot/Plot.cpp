@@ -131,7 +131,8 @@ class Plotter {
                          fmt::format("a block to plot doesn't open (status {})", static_cast<int>(walk.status))};
       }
       if (walk.unreadable > 0) {
-        warnings_.add(fmt::format("{} entities are open for write and were left out", walk.unreadable));
+        warnings_.add(fmt::format("{} {} open for write and left out", walk.unreadable,
+                                  walk.unreadable == 1 ? "entity is" : "entities are"));
       }
     }
     for (AcGiDrawable* drawable : drawables) {
