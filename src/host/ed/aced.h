@@ -23,8 +23,8 @@ inline constexpr int RSG_DDISTFIRST = 0x100;
 
 /// Sets what the next prompt accepts: the bits above, and keywords parted by spaces. A keyword may be shortened down to
 /// its capital letters ("LAyer": LA, LAY, ...), or has its short form behind a comma ("LAYER,LA"). Behind an underscore
-/// stand the language independent keywords in the same order ("Sim Não _Yes No"): typed with an underscore, they give
-/// those. Null: no keywords. Holds for one prompt.
+/// stand the language independent keywords in the same order ("Sim Não _Yes No"): they are what the prompt gives, and
+/// may be typed with an underscore in front. Null: no keywords. Holds for one prompt.
 int acedInitGet(int bits, const wchar_t* keywords);
 
 /// A line of text. With `spaces` 0 the answer ends at the first space. The short form has room for 132 characters, the
