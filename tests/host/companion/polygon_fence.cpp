@@ -112,6 +112,16 @@ TEST(Fence, GoesClockwiseToo) {
   EXPECT_EQ(fence(segment(0, 0, 3, 10), disc).size(), 1u);
 }
 
+TEST(Fence, CrossesMoreThanHalfACircleOnItsWayOutAndBack) {
+  // An eye: 300 degrees of a circle of radius 10, and the chord above that closes it.
+  const double high = 5 * std::sqrt(3.0);
+  const Polygon eye = Polygon().add(-5, high, std::tan(75 * kPi / 180)).add(5, high).close();
+  EXPECT_EQ(fence(segment(8, -20, 8, 20), eye).size(), 2u);
+  EXPECT_EQ(fence(segment(-8, -20, -8, 20), eye).size(), 2u);
+  EXPECT_EQ(fence(segment(0, -20, 0, 20), eye).size(), 2u);
+  EXPECT_EQ(fence(segment(8, 0, 8, 20), eye).size(), 1u);
+}
+
 TEST(Fence, TangentToAnArcIsNoCrossing) {
   const Polygon disc = Polygon().add(5, 0, 1.0).add(-5, 0, 1.0).close();
   EXPECT_EQ(fence(segment(-10, 5, 10, 5), disc).size(), 0u);
@@ -195,7 +205,8 @@ bool insideByWinding(const Polygon& polygon, const AcGePoint2d& p) {
   return std::lround(static_cast<double>(turned) / (2.0 * kPi)) % 2 != 0;
 }
 
-/// A star-shaped ring of rounded and straight edges on a coarse grid, so that vertices and edges often line up.
+/// A ring of straight edges, flat arcs and great arcs on a coarse grid, so that vertices and edges often line up. It
+/// may cross itself: inside is then where the winding is odd.
 Polygon randomRing(std::mt19937_64& random) {
   std::uniform_int_distribution<int> corners(3, 12);
   std::uniform_int_distribution<int> reach(2, 9);
@@ -206,7 +217,8 @@ Polygon randomRing(std::mt19937_64& random) {
     const double angle = 2.0 * kPi * i / n;
     const double r = reach(random);
     const int kind = rounding(random);
-    ring.add(std::round(r * std::cos(angle)), std::round(r * std::sin(angle)), std::abs(kind) == 3 ? kind / 10.0 : 0.0);
+    const double bulge = std::abs(kind) == 3 ? kind / 10.0 : (std::abs(kind) == 2 ? kind * 0.9 : 0.0);
+    ring.add(std::round(r * std::cos(angle)), std::round(r * std::sin(angle)), bulge);
   }
   return ring.close();
 }
