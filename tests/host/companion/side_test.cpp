@@ -40,8 +40,8 @@ class SideLibraryFile : public testing::Test {
   decltype(&krOrientacaoVetor) orientacao_ = nullptr;
 };
 
-TEST_F(SideLibraryFile, ExportsItsFunctions) {
-  for (const char* name : {"krOrientacaoVetor", "krMidArco", "krIsBulge6000"}) {
+TEST_F(SideLibraryFile, ExportsAllFourFunctions) {
+  for (const char* name : {"krAppendEntity", "krOrientacaoVetor", "krMidArco", "krIsBulge6000"}) {
     EXPECT_NE(GetProcAddress(library_, name), nullptr) << name;
   }
 }
