@@ -79,7 +79,7 @@ struct PlotOptions {
   std::string subject{};
 };
 
-enum class PlotErrorKind { badSheet, badOptions, tooLarge, noFont, badBlock, outOfMemory, output, cannotWrite, exists };
+enum class PlotErrorKind { badSheet, badOptions, tooLarge, badBlock, outOfMemory, output, cannotWrite, exists };
 
 /// Why nothing was plotted, in one sentence.
 struct PlotError {
