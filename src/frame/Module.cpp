@@ -147,6 +147,14 @@ AcRxObject* odrxCreateModuleObject(const ACHAR* moduleName) {
   return new ModuleObject(moduleName);
 }
 
+KrAcDbDatabaseReactor* getKrAcDbDatabaseReactor() {
+  return databaseReactor;
+}
+
+KrAcEditorReactor* getKrAcEditorReactor() {
+  return editorReactor;
+}
+
 KrConfigCenter* getKrConfigCenter() {
   return configCenter;
 }

@@ -16,5 +16,12 @@ void odrxGetAPIVersion(int& major, int& minor);
 AcRxObject* odrxCreateModuleObject(const ACHAR* moduleName);
 }
 
+class KrAcDbDatabaseReactor;
+class KrAcEditorReactor;
+
+/// The module's reactors; null unless it has been started.
+KrAcDbDatabaseReactor* getKrAcDbDatabaseReactor();
+KrAcEditorReactor* getKrAcEditorReactor();
+
 /// The module's centre of settings; null unless the module has been started.
 KrConfigCenter* getKrConfigCenter();

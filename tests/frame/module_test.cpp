@@ -5,6 +5,8 @@
 #include "../host/os/Scratch.h"
 #include "../support/Drawing.h"
 #include "frame/ClassTable.h"
+#include "frame/KrAcDbDatabaseReactor.h"
+#include "frame/KrAcEditorReactor.h"
 #include "frame/KrObjects.h"
 #include "host/companion/companion.h"
 
@@ -36,7 +38,6 @@ class Module : public testing::Test {
     if (KrObject::GetNamesList() != nullptr) KrObject::GetNamesList()->getVar(KrString(className), value);
     return value.c_str();
   }
-  // Whether the module's reactor is there shows in the answer to adding or removing it once more.
   static bool hasClasses() { return acrxClassDictionary->has(L"KrObject") && acrxClassDictionary->has(L"KrTubo"); }
 
   int appId_ = 0;
@@ -209,8 +210,6 @@ TEST_F(Module, SymbolThatTheSideLibraryLacksStaysNull) {
   EXPECT_EQ(console_.text(), L"");
 }
 
-/// A module whose reactor can be told of: the number of database reactors isn't public, so the reactor is found by
-/// taking it away.
 TEST_F(Module, StopsItsStartWhereDocumentsCannotBeWalked) {
   acDocManagerPtr()->setIteratorRefused(true);
   start();
@@ -238,17 +237,42 @@ TEST_F(Module, LeavesItsCommandsWhereDocumentsCannotBeWalkedAtItsUnload) {
   EXPECT_EQ(sideLibrary().module, nullptr);
 }
 
-TEST_F(Module, OpenedAndClosedDocumentsAreHandledWhileItRuns) {
-  const Drawing before;
+TEST_F(Module, HearsOfADocumentThatWasOpenAtItsStart) {
+  const Drawing drawing;
   start();
-  acrxEntryPoint(AcRx::kLoadDwgMsg, &appId_);
-  {
-    const Drawing after;
-    acrxEntryPoint(AcRx::kLoadDwgMsg, &appId_);
-    acrxEntryPoint(AcRx::kUnloadDwgMsg, &appId_);
-  }
-  unload();
+  EXPECT_EQ(drawing.database().removeReactor(getKrAcDbDatabaseReactor()), Acad::eOk);
+  EXPECT_NE(drawing.database().removeReactor(getKrAcDbDatabaseReactor()), Acad::eOk);
+}
+
+TEST_F(Module, HearsOfADocumentOpenedLaterThroughTheLoadMessage) {
+  start();
+  const Drawing drawing;
+  // Whether the host has sent the message already or not, the module's reactor is there once it has.
+  drawing.database().removeReactor(getKrAcDbDatabaseReactor());
   EXPECT_EQ(acrxEntryPoint(AcRx::kLoadDwgMsg, &appId_), 0);
+  EXPECT_EQ(drawing.database().removeReactor(getKrAcDbDatabaseReactor()), Acad::eOk);
+  acrxEntryPoint(AcRx::kLoadDwgMsg, &appId_);
+  EXPECT_EQ(acrxEntryPoint(AcRx::kUnloadDwgMsg, &appId_), 0);
+  EXPECT_NE(drawing.database().removeReactor(getKrAcDbDatabaseReactor()), Acad::eOk);
+}
+
+TEST_F(Module, LeavesNoReactorBehind) {
+  const Drawing drawing;
+  start();
+  AcDbDatabaseReactor* const inDrawing = getKrAcDbDatabaseReactor();
+  AcEditorReactor* const inEditor = getKrAcEditorReactor();
+  ASSERT_NE(inEditor, nullptr);
+  unload();
+  EXPECT_EQ(getKrAcDbDatabaseReactor(), nullptr);
+  EXPECT_EQ(getKrAcEditorReactor(), nullptr);
+  EXPECT_NE(drawing.database().removeReactor(inDrawing), Acad::eOk);
+  EXPECT_EQ(acedEditor->removeReactor(inEditor), Acad::eKeyNotFound);
+}
+
+TEST_F(Module, IgnoresDrawingsWhileItIsNotStarted) {
+  const Drawing drawing;
+  EXPECT_EQ(acrxEntryPoint(AcRx::kLoadDwgMsg, &appId_), 0);
+  EXPECT_EQ(acrxEntryPoint(AcRx::kUnloadDwgMsg, &appId_), 0);
 }
 
 TEST_F(Module, GlueTellsTheInterfaceVersionOnly) {
