@@ -34,9 +34,9 @@ resbuf* linkOf(const Group& group) {
   } else if (const auto* id = std::get_if<AcDbObjectId>(&group.value)) {
     if (isName) acdbGetAdsName(link->resval.rlname, *id);
   } else if (const auto* handle = std::get_if<AcDbHandle>(&group.value); handle != nullptr && !isName) {
-    ACHAR text[AcDbHandle::kStrSize];
-    handle->getIntoAsciiBuffer(text);
-    setText(*link, text);
+    ACHAR digits[AcDbHandle::kStrSize];
+    handle->getIntoAsciiBuffer(digits);
+    setText(*link, digits);
   }
   return link;
 }
