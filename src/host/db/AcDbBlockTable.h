@@ -64,7 +64,6 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
   Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
   Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;
   Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const override;
-  Acad::ErrorStatus applyPartialUndo(AcDbDwgFiler* filer, AcRxClass* aClass) override;
   /// The spaces can't be erased: eCannotBeErasedByCaller.
   Acad::ErrorStatus subErase(Adesk::Boolean erasing) override;
 
@@ -73,6 +72,7 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
 
  private:
   friend class AcDbBlockTableRecordIterator;
+  friend class AcDbDatabase;
   std::vector<AcDbStub*> entities_;
   AcGePoint3d origin_{0, 0, 0};
   std::wstring comments_;

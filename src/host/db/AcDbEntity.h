@@ -28,6 +28,8 @@ class AcDbEntity : public AcDbObject {
   AcDbObjectId blockId() const { return ownerId(); }
 
   AcDbObjectId layerId() const;
+  /// The same whatever the open state, for the host itself.
+  AcDbObjectId layerReference() const { return layerId_; }
   /// The layer's name: a new text that acutDelString frees; null when the entity has no layer yet.
   ACHAR* layer() const;
   /// eKeyNotFound for an unknown name; eNoDatabase; eInvalidLayer for an id that isn't a layer's. The layer of what
@@ -170,6 +172,9 @@ class AcDbEntity : public AcDbObject {
  private:
   friend class AcDbBlockTableRecord;
   friend class AcDbOpener;
+  friend class AcDbDatabase;
+  /// Layer "0" and linetype ByLayer, where nothing was set.
+  void takeDefaults(const AcDbDatabase& database);
 
   AcDbHardPointerId layerId_;
   AcDbHardPointerId linetypeId_;

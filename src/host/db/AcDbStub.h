@@ -24,7 +24,7 @@ struct AcDbStub {
     kUnappended = 1U << 11,       ///< its append has been undone
     kAnnounced = 1U << 12,        ///< openedForModify has been sent during this open
     kClosing = 1U << 13,          ///< its subClose is running
-    kPartialUndo = 1U << 14       ///< its undo filer holds an open record
+    kRecorded = 1U << 14          ///< the undo log has a record of this open
   };
 
   AcDbObject* object = nullptr;
@@ -36,8 +36,6 @@ struct AcDbStub {
   Adesk::UInt16 notifying = 0;  ///< depth of the notifications that the object is sending
 
   bool has(Adesk::UInt32 bits) const { return (flags & bits) != 0; }
-  bool readable() const {
-    return (flags & (kOpenForWrite | kOpenForNotify | kUndoing)) != 0 || readers != 0 || notifying != 0;
-  }
-  bool writable() const { return (flags & (kOpenForWrite | kUndoing)) != 0; }
+  bool readable() const { return (flags & (kOpenForWrite | kOpenForNotify)) != 0 || (readers | notifying) != 0; }
+  bool writable() const { return (flags & kOpenForWrite) != 0; }
 };

@@ -106,7 +106,9 @@ class AcDbSymbolTable : public AcDbObject {
  private:
   friend class AcDbSymbolTableRecord;
   void renamed(AcDbObjectId id, const std::wstring& oldName, const std::wstring& newName);
-  void reindex();
+  friend class AcDbDatabase;
+  /// Lists a record that has come into the database under this table.
+  void adopted(AcDbSymbolTableRecord& record);
 
   std::vector<AcDbObjectId> records_;
   std::unordered_multimap<std::wstring, AcDbObjectId> index_;  // by folded name, erased ones included

@@ -45,21 +45,22 @@ class AcDbUndoLog {
   enum class Kind : Adesk::UInt8 { kModify, kAppend, kUnappend, kErase, kUnerase, kPartial };
   struct Record {
     Kind kind;
+    bool firstOfOpen;
     AcDbStub* stub;
     AcDbMemoryDwgFiler::Buffer before;
   };
   using Group = std::vector<Record>;
 
-  void push(Record record);
+  void push(Kind kind, AcDbStub* stub, AcDbMemoryDwgFiler::Buffer before = {});
   Acad::ErrorStatus replay(std::vector<Group>& from, std::vector<Group>& to);
-  void apply(Record& record, Group& inverse, std::vector<AcDbStub*>& touched);
-  void applyFields(Record& record, Group& inverse);
+  void apply(Record& record, Group& inverse);
 
   AcDbDatabase& database_;
   std::vector<Group> groups_;
   std::vector<Group> redoGroups_;
   std::unique_ptr<AcDbMemoryDwgFiler> partial_;
   AcDbStub* partialOwner_ = nullptr;
+  Group* inverse_ = nullptr;  // of the group being replayed: where partial records go then
   int disabled_ = 0;
   bool replaying_ = false;
 };
