@@ -43,7 +43,7 @@ T value(const AcDbObject& object, const T& field) {
 
 }  // namespace
 
-ACRX_DXF_DEFINE_MEMBERS(KrObject, AcDbEntity, 29, 9, 0xbff, KR_OBJECT, L"KrObject")
+ACRX_DXF_DEFINE_MEMBERS(KrObject, AcDbEntity, 29, 9, 0xbff, KR_OBJECT, KrObject)
 
 KrObject::KrObject() {
   AcGeTol tolerance;
