@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "support/SideLibrary.h"
 
 namespace {
@@ -9,6 +11,7 @@ namespace {
 class BoundSideLibrary : public ::testing::Environment {
  public:
   void SetUp() override {
+    ::setenv("KRTRAMA_BRICSV17", KR_INSTALL_FOLDER, 1);
     bindSideLibrary();
     ASSERT_NE(sideLibrary().krMidArco, nullptr);
   }
