@@ -261,7 +261,7 @@ class Selection : public Commands {
 };
 
 TEST_F(Selection, ByWindowTakesWhatLiesInsideAndByCrossingWhatTouches) {
-  const ads_point a = {-5, -5, 0}, b = {60, 70, 0};
+  const ads_point a = {-5, -5, 0}, b = {65, 70, 0};
   EXPECT_THAT(chosen(L"W", a, b), ::testing::ElementsAre(circle));
   EXPECT_THAT(chosen(L"_C", a, b), ::testing::ElementsAre(line, circle));
   const ads_point c = {45, 45, 0}, d = {55, 55, 0};
@@ -294,7 +294,7 @@ TEST_F(Selection, OfAPersonGathersUntilEnter) {
   EXPECT_THAT(chosen(L"L"), ::testing::ElementsAre(circle));
   promptQueue().point(200, 200).point(-10, -10).enter();  // to the left: a crossing
   EXPECT_EQ(chosen(nullptr).size(), 2U);
-  promptQueue().point(-10, -10).point(60, 70).enter();  // to the right: a window
+  promptQueue().point(-10, -10).point(65, 70).enter();  // to the right: a window
   EXPECT_THAT(chosen(nullptr), ::testing::ElementsAre(circle));
   promptQueue().entity(line);
   EXPECT_THAT(chosen(L":S"), ::testing::ElementsAre(line));
