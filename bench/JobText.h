@@ -12,8 +12,8 @@ inline std::string jobText(int members) {
       "  \"chord\": {\"class\": \"KrTubo\", \"Diametro\": 114.3, \"DiametroInt\": 102.3},\n"
       "  \"post\": {\"class\": \"KrTubo\", \"Diametro\": 60.3, \"DiametroInt\": 53.1},\n"
       "  \"diagonal\": {\"class\": \"KrTubo\", \"Diametro\": 73, \"DiametroInt\": 65},\n"
-      "  \"rod\": {\"class\": \"KrBarraRedonda\", \"Diametro\": 16},\n"
-      "  \"tie\": {\"class\": \"KrBarraRedonda\", \"Diametro\": 25}},\n\"nodes\": {\n";
+      "  \"rod\": {\"class\": \"KrBarraRedonda\", \"diametro\": 16},\n"
+      "  \"tie\": {\"class\": \"KrBarraRedonda\", \"diametro\": 25}},\n\"nodes\": {\n";
   const char* const profiles[] = {"chord", "post", "diagonal", "rod", "tie"};
   for (int i = 0; i <= members; ++i) {
     const int x = (i % 100) * 1500;

@@ -11,7 +11,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-kr::KnownNames someKnownNames() { return {{"PERFIL", "EIXO", "L-HIDDEN"}, {"CONTINUOUS", "DASHED"}}; }
+kr::KnownNames someKnownNames() {
+  return {{"PERFIL", "EIXO", "L-HIDDEN"}, {"CONTINUOUS", "DASHED"}};
+}
 
 // Every problem of a job as "line:column path message", in order.
 std::vector<std::string> problemsOf(const std::string& text) {
@@ -29,15 +31,15 @@ std::vector<std::string> problemsOf(const std::string& text) {
 
 // A good job of one member, whose lines are known: each test replaces a piece of it.
 const std::string kGood =
-    "{\"kr\": 1,\n"                                                                    // 1
-    " \"layers\": {\"TUBES\": {\"color\": 5, \"linetype\": \"Dashed\"}},\n"             // 2
-    " \"nodes\": {\"A\": [0, 0], \"B\": [3000, 4000]},\n"                              // 3
-    " \"profiles\": {\"chord\": {\"class\": \"KrTubo\",\n"                             // 4
-    "   \"Diametro\": 114.3,\n"                                                        // 5
-    "   \"DiametroInt\": 104.3}},\n"                                                   // 6
-    " \"members\": [{\"name\": \"M1\", \"profile\": \"chord\",\n"                       // 7
-    "   \"from\": \"A\", \"to\": \"B\",\n"                                             // 8
-    "   \"view\": \"Superior\", \"role\": \"Diagonal\", \"layer\": \"TUBES\"}]\n"       // 9
+    "{\"kr\": 1,\n"                                                                // 1
+    " \"layers\": {\"TUBES\": {\"color\": 5, \"linetype\": \"Dashed\"}},\n"        // 2
+    " \"nodes\": {\"A\": [0, 0], \"B\": [3000, 4000]},\n"                          // 3
+    " \"profiles\": {\"chord\": {\"class\": \"KrTubo\",\n"                         // 4
+    "   \"Diametro\": 114.3,\n"                                                    // 5
+    "   \"DiametroInt\": 104.3}},\n"                                               // 6
+    " \"members\": [{\"name\": \"M1\", \"profile\": \"chord\",\n"                  // 7
+    "   \"from\": \"A\", \"to\": \"B\",\n"                                         // 8
+    "   \"view\": \"Superior\", \"role\": \"Diagonal\", \"layer\": \"TUBES\"}]\n"  // 9
     "}\n";
 
 std::string goodWith(const std::string& from, const std::string& to) {
@@ -93,8 +95,7 @@ TEST(JobReader, TakesTheWallForTheInnerDiameter) {
 
 TEST(JobReader, SetbacksShortenTheAxisAlongItsDirection) {
   // 3-4-5: 500 mm along it is 300 across and 400 up.
-  const kr::Job job =
-      goodJob(goodWith("\"to\": \"B\"", "\"to\": \"B\", \"startSetback\": 500, \"endSetback\": -1000"));
+  const kr::Job job = goodJob(goodWith("\"to\": \"B\"", "\"to\": \"B\", \"startSetback\": 500, \"endSetback\": -1000"));
   const kr::MemberAxis axis = kr::memberAxis(job, job.members[0]);
   EXPECT_DOUBLE_EQ(axis.start.x, 300);
   EXPECT_DOUBLE_EQ(axis.start.y, 400);
@@ -103,9 +104,10 @@ TEST(JobReader, SetbacksShortenTheAxisAlongItsDirection) {
 }
 
 TEST(JobReader, ReadsScalesAndOptionsOfASheet) {
-  const kr::Job job = goodJob(goodWith(
-      "\"TUBES\"}]", "\"TUBES\"}], \"sheets\": [{\"size\": \"A2\", \"scale\": \"1:25\", \"table\": false,"
-                     " \"notes\": [\"a\", \"b\"], \"title\": {\"number\": \"7\"}}]"));
+  const kr::Job job =
+      goodJob(goodWith("\"TUBES\"}]",
+                       "\"TUBES\"}], \"sheets\": [{\"size\": \"A2\", \"scale\": \"1:25\", \"table\": false,"
+                       " \"notes\": [\"a\", \"b\"], \"title\": {\"number\": \"7\"}}]"));
   ASSERT_EQ(job.sheets.size(), 1U);
   EXPECT_EQ(job.sheets[0].size, "A2");
   EXPECT_DOUBLE_EQ(job.sheets[0].scale, 0.04);
@@ -122,11 +124,14 @@ TEST(JobReader, TellsASyntaxErrorWithItsPlace) {
 }
 
 TEST(JobReader, TellsATextThatEndsTooSoon) {
-  EXPECT_THAT(problemsOf("{\"kr\": 1,\n \"nodes\": {"),
-              ElementsAre(testing::AllOf(testing::StartsWith("2:12 /nodes"), testing::HasSubstr("unexpected end of input"))));
+  EXPECT_THAT(
+      problemsOf("{\"kr\": 1,\n \"nodes\": {"),
+      ElementsAre(testing::AllOf(testing::StartsWith("2:12 /nodes"), testing::HasSubstr("unexpected end of input"))));
 }
 
-TEST(JobReader, TellsAnEmptyText) { EXPECT_THAT(problemsOf(""), testing::SizeIs(1)); }
+TEST(JobReader, TellsAnEmptyText) {
+  EXPECT_THAT(problemsOf(""), testing::SizeIs(1));
+}
 
 TEST(JobReader, TellsAnUnknownKeyAndTheNearest) {
   EXPECT_THAT(problemsOf(goodWith("\"view\"", "\"veiw\"")),
@@ -200,14 +205,16 @@ TEST(JobReader, TellsANumberTooGreatAndReadsOn) {
 }
 
 TEST(JobReader, TellsASizeTooGreatToBeHeld) {
-  EXPECT_THAT(problemsOf(goodWith("114.3", "1e999")),
-              ElementsAre("5:16 /profiles/chord/Diametro the number is too great to be held: expected outer diameter, mm"));
+  EXPECT_THAT(
+      problemsOf(goodWith("114.3", "1e999")),
+      ElementsAre("5:16 /profiles/chord/Diametro the number is too great to be held: expected outer diameter, mm"));
 }
 
 TEST(JobReader, TellsATubeThickerThanItsRadius) {
-  EXPECT_THAT(problemsOf(goodWith("\"DiametroInt\": 104.3", "\"Espessura\": 57.15")),
-              ElementsAre("6:17 /profiles/chord/Espessura tube thicker than its radius: \"Espessura\" must be less than "
-                          "half of \"Diametro\""));
+  EXPECT_THAT(
+      problemsOf(goodWith("\"DiametroInt\": 104.3", "\"Espessura\": 57.15")),
+      ElementsAre("6:17 /profiles/chord/Espessura tube thicker than its radius: \"Espessura\" must be less than "
+                  "half of \"Diametro\""));
 }
 
 TEST(JobReader, TellsATubeWithoutAWall) {
@@ -240,9 +247,10 @@ TEST(JobReader, TellsAnEndThatEqualsTheStart) {
 }
 
 TEST(JobReader, TellsSetbacksThatLeaveNothing) {
-  EXPECT_THAT(problemsOf(goodWith("\"to\": \"B\"", "\"to\": \"B\", \"startSetback\": 5000")),
-              ElementsAre("8:44 /members/0/startSetback the setbacks leave nothing: together they must be less than the "
-                          "distance of 5000.0 mm between the nodes"));
+  EXPECT_THAT(
+      problemsOf(goodWith("\"to\": \"B\"", "\"to\": \"B\", \"startSetback\": 5000")),
+      ElementsAre("8:44 /members/0/startSetback the setbacks leave nothing: together they must be less than the "
+                  "distance of 5000.0 mm between the nodes"));
 }
 
 TEST(JobReader, TellsAnUnknownLayer) {
@@ -292,7 +300,8 @@ TEST(JobReader, TellsEveryProblemInOneRunInTheOrderOfTheText) {
       " \"profiles\": {\"p\": {\"class\": \"KrTubo\", \"Diametro\": -1, \"DiametroInt\": 5}},\n"
       " \"members\": [\n"
       "  {\"name\": \"1\", \"profile\": \"q\", \"from\": \"A\", \"to\": \"A\"},\n"
-      "  {\"name\": \"2\", \"profile\": \"p\", \"from\": \"A\", \"to\": [1, 2], \"layer\": \"none\", \"rôle\": 0, \"x\": 1}\n"
+      "  {\"name\": \"2\", \"profile\": \"p\", \"from\": \"A\", \"to\": [1, 2], \"layer\": \"none\", \"rôle\": 0, "
+      "\"x\": 1}\n"
       " ]}\n";
   EXPECT_THAT(problemsOf(text),
               ElementsAre(testing::StartsWith("2:30 /nodes/B "), testing::StartsWith("3:52 /profiles/p/Diametro "),
@@ -307,7 +316,8 @@ TEST(JobReader, EscapesNamesInPaths) {
 }
 
 TEST(JobReader, RefusesATextNestedTooDeep) {
-  const std::string text = goodWith("\"kr\": 1,", "\"kr\": 1, \"x\": " + std::string(100000, '[') + std::string(100000, ']') + ",");
+  const std::string text =
+      goodWith("\"kr\": 1,", "\"kr\": 1, \"x\": " + std::string(100000, '[') + std::string(100000, ']') + ",");
   const auto problems = problemsOf(text);
   ASSERT_EQ(problems.size(), 2U);
   EXPECT_THAT(problems[1], testing::HasSubstr("nested deeper than 32 levels"));

@@ -66,6 +66,15 @@ struct JobMember {
   std::int8_t role = 0;
   double startSetback = 0;  ///< mm, from `from` towards `to`; negative reaches beyond
   double endSetback = 0;    ///< mm, from `to` towards `from`
+  double clearance = -1;    ///< mm to keep from the faces of the members met; negative: runs to the nodes
+};
+
+/// An enlarged piece of the elevation.
+struct JobDetail {
+  std::uint32_t at = kNone;  ///< the point in its middle
+  double scale = 0.1;
+  double width = 120;  ///< of its frame on paper, mm
+  double height = 90;
 };
 
 /// A sheet of paper to draw on.
@@ -79,6 +88,7 @@ struct JobSheet {
   bool dimensions = true;
   JobTitle title;  ///< what differs from the job's title
   std::vector<std::string> notes;
+  std::vector<JobDetail> details;
 };
 
 /// A whole job, with every reference resolved. `points` holds the nodes and the points given in place.

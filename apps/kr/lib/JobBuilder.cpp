@@ -15,6 +15,12 @@ constexpr std::uint32_t kPointInPlace = 0x80000000U;
 // Shorter than this no member can be drawn: the drawing's own tolerance for points is finer still.
 constexpr double kShortestMember = 1e-3;
 
+// Members whose directions differ by a sine below this run on from each other and need no gap.
+constexpr double kAlongside = 0.05;
+
+// A node lies on a member's axis within this, mm: what rounding leaves of coordinates worked out by hand.
+constexpr double kOnAxis = 1;
+
 // The entry of a by-name index, made on demand.
 std::uint32_t& entry(std::vector<std::uint32_t>& index, NameId name, const NamePool& names) {
   if (index.size() <= name) index.resize(std::max<std::size_t>(names.size(), index.size() * 2), kNone);
@@ -138,10 +144,16 @@ void JobBuilder::endSheet() {
   job.sheets.push_back(sheet);
 }
 
-void JobBuilder::finish(const KnownNames& known, std::vector<Problem>& found) {
+void JobBuilder::finish(const KnownNames& known, bool sound, std::vector<Problem>& found) {
   resolveLayers(known, found);
   for (std::size_t i = 0; i < job.members.size(); ++i) checkLayer(i, known, found);
   resolveMembers(found);
+  resolveDetails(found);
+  if (!found.empty() || !sound) return;
+  keepClear();
+  for (std::size_t i = 0; i < job.members.size(); ++i) {
+    if (job.members[i].clearance >= 0) checkLength(i, job.members[i], found);
+  }
 }
 
 void JobBuilder::resolveLayers(const KnownNames& known, std::vector<Problem>& found) {
@@ -172,8 +184,7 @@ void JobBuilder::checkLayer(std::size_t index, const KnownNames& known, std::vec
                    "unknown layer " + inQuotes(wanted) + ": " + suggestion(wanted, words, "declare it in \"layers\"")});
 }
 
-void JobBuilder::resolvePoint(std::size_t index, const char* key, std::uint32_t& reference,
-                              std::vector<Problem>& found) {
+void JobBuilder::resolvePoint(const std::string& path, std::uint32_t& reference, std::vector<Problem>& found) {
   if (reference == kNone) return;  // reported when it was read
   if ((reference & kPointInPlace) != 0) {
     reference &= ~kPointInPlace;
@@ -183,9 +194,65 @@ void JobBuilder::resolvePoint(std::size_t index, const char* key, std::uint32_t&
   reference = lookUp(pointOf_, name);
   if (reference != kNone) return;
   const std::string_view wanted = job.names.text(name);
-  found.push_back({0, 0, 0, memberPath(index, key),
+  found.push_back({0, 0, 0, path,
                    "unknown node " + inQuotes(wanted) + ": " +
                        suggestion(wanted, namesIn(pointOf_, job.names), "declare it in \"nodes\"")});
+}
+
+void JobBuilder::resolveDetails(std::vector<Problem>& found) {
+  for (std::size_t i = 0; i < job.sheets.size(); ++i) {
+    for (std::size_t j = 0; j < job.sheets[i].details.size(); ++j) {
+      const std::string path = "/sheets/" + std::to_string(i) + "/details/" + std::to_string(j) + "/at";
+      resolvePoint(path, job.sheets[i].details[j].at, found);
+    }
+  }
+}
+
+// A member with a clearance ends before the faces of those without one that pass its nodes: far enough along its
+// axis that the nearer corner of its square end keeps the gap.
+void JobBuilder::keepClear() {
+  const auto wants = [](const JobMember& row) { return row.clearance >= 0; };
+  if (std::none_of(job.members.begin(), job.members.end(), wants)) return;
+  std::vector<std::uint32_t> through;
+  for (std::uint32_t i = 0; i < job.members.size(); ++i) {
+    if (!wants(job.members[i])) through.push_back(i);
+  }
+  const auto passes = [&](const JobMember& row, JobPoint node) {
+    const JobPoint a = job.points[row.from];
+    const JobPoint b = job.points[row.to];
+    const double length = std::hypot(b.x - a.x, b.y - a.y);
+    const double along = ((node.x - a.x) * (b.x - a.x) + (node.y - a.y) * (b.y - a.y)) / length;
+    const double across = std::abs((node.x - a.x) * (b.y - a.y) - (node.y - a.y) * (b.x - a.x)) / length;
+    return across <= kOnAxis && along >= -kOnAxis && along <= length + kOnAxis;
+  };
+  const auto radius = [&](const JobMember& row) {
+    const JobProfile& profile = job.profiles[row.profile];
+    return profile.profileClass->depth(profile.values) / 2;
+  };
+  const auto direction = [&](const JobMember& row) {
+    const JobPoint from = job.points[row.from];
+    const JobPoint to = job.points[row.to];
+    const double length = std::hypot(to.x - from.x, to.y - from.y);
+    return JobPoint{(to.x - from.x) / length, (to.y - from.y) / length};
+  };
+  for (JobMember& row : job.members) {
+    if (!wants(row)) continue;
+    const JobPoint u = direction(row);
+    const auto setback = [&](std::uint32_t node) {
+      double most = 0;
+      for (const std::uint32_t other : through) {
+        if (!passes(job.members[other], job.points[node])) continue;
+        const JobPoint v = direction(job.members[other]);
+        const double sine = std::abs(u.x * v.y - u.y * v.x);
+        const double cosine = std::abs(u.x * v.x + u.y * v.y);
+        if (sine < kAlongside) continue;
+        most = std::max(most, (radius(job.members[other]) + radius(row) * cosine + row.clearance) / sine);
+      }
+      return most;
+    };
+    row.startSetback += setback(row.from);
+    row.endSetback += setback(row.to);
+  }
 }
 
 void JobBuilder::resolveMembers(std::vector<Problem>& found) {
@@ -211,8 +278,8 @@ void JobBuilder::resolveMembers(std::vector<Problem>& found) {
       }
       row.profile = place;
     }
-    resolvePoint(i, "from", row.from, found);
-    resolvePoint(i, "to", row.to, found);
+    resolvePoint(memberPath(i, "from"), row.from, found);
+    resolvePoint(memberPath(i, "to"), row.to, found);
     checkLength(i, row, found);
   }
 }
@@ -229,6 +296,11 @@ void JobBuilder::checkLength(std::size_t index, const JobMember& checked, std::v
   }
   const double left = length - checked.startSetback - checked.endSetback;
   if (left >= kShortestMember) return;
+  if (checked.clearance >= 0) {
+    found.push_back({0, 0, 0, memberPath(index, "clearance"),
+                     "the clearances leave nothing of the " + fixed(length, 1) + " mm between the nodes"});
+    return;
+  }
   found.push_back({0, 0, 0, memberPath(index, checked.endSetback > 0 ? "endSetback" : "startSetback"),
                    "the setbacks leave nothing: together they must be less than the distance of " + fixed(length, 1) +
                        " mm between the nodes"});

@@ -45,6 +45,7 @@ class JobBuilder {
   JobMember member;
   JobLayer layer;
   JobSheet sheet;
+  JobDetail detail;
 
   void beginProfile(std::string_view name);
   void profileClassName(std::string_view text);
@@ -58,7 +59,8 @@ class JobBuilder {
   void endSheet();
 
   /// Resolves every reference and checks what needs the whole job. Problems found here have a path and no offset.
-  void finish(const KnownNames& known, std::vector<Problem>& found);
+  /// `sound` says that none was found while reading.
+  void finish(const KnownNames& known, bool sound, std::vector<Problem>& found);
 
  private:
   struct Parameter {
@@ -70,7 +72,9 @@ class JobBuilder {
   void settleProfile();
   void resolveLayers(const KnownNames& known, std::vector<Problem>& found);
   void resolveMembers(std::vector<Problem>& found);
-  void resolvePoint(std::size_t index, const char* key, std::uint32_t& reference, std::vector<Problem>& found);
+  void resolveDetails(std::vector<Problem>& found);
+  void resolvePoint(const std::string& path, std::uint32_t& reference, std::vector<Problem>& found);
+  void keepClear();
   void checkLength(std::size_t index, const JobMember& checked, std::vector<Problem>& found) const;
   void checkLayer(std::size_t index, const KnownNames& known, std::vector<Problem>& found) const;
 

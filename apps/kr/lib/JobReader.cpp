@@ -105,7 +105,7 @@ bool readJob(std::string_view text, const KnownNames& known, Job& job, std::vect
   RuleReader reader(text, job, problems);
   if (reader.read()) {
     std::vector<Problem> found;
-    reader.builder().finish(known, found);
+    reader.builder().finish(known, problems.empty(), found);
     if (!found.empty()) locate(reader.source(), found);
     problems.insert(problems.end(), found.begin(), found.end());
   }

@@ -153,6 +153,10 @@ constexpr KeyRule kMemberKeys[] = {
      [](JobBuilder& b, const Scalar& v) { b.member.startSetback = v.number; }},
     {"endSetback", length("a length in mm from the end node"), false,
      [](JobBuilder& b, const Scalar& v) { b.member.endSetback = v.number; }},
+    {"clearance",
+     {Form::kNumber, "a gap in mm, 0 or more, to the faces of the members met", 0},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.member.clearance = v.number; }},
 };
 
 constexpr ObjectRule kMember{
@@ -161,6 +165,34 @@ constexpr ObjectRule kMember{
     .open = [](JobBuilder& b, std::string_view) { b.member = {}; },
     .close = [](JobBuilder& b) { b.endMember(); },
 };
+
+constexpr double kLongestPaper = 2000;
+
+constexpr KeyRule kDetailKeys[] = {
+    {"at",
+     {Form::kPointOrName, "the name of a node, or [x, y] in mm"},
+     true,
+     [](JobBuilder& b, const Scalar& v) { b.detail.at = b.nodeReference(v); }},
+    {"scale", text("a scale, such as \"1:10\""), true,
+     [](JobBuilder& b, const Scalar& v) { takeScale(b, v, b.detail.scale); }},
+    {"width",
+     {Form::kNumber, "a width on paper in mm", 0, kLongestPaper, true},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.detail.width = v.number; }},
+    {"height",
+     {Form::kNumber, "a height on paper in mm", 0, kLongestPaper, true},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.detail.height = v.number; }},
+};
+
+constexpr ObjectRule kDetail{
+    .what = "detail",
+    .keys = kDetailKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.detail = {}; },
+    .close = [](JobBuilder& b) { b.sheet.details.push_back(b.detail); },
+};
+
+constexpr ValueRule kDetailElement = object(kDetail, "an object: a detail");
 
 constexpr ValueRule kNote = text("a line of text");
 
@@ -182,6 +214,7 @@ constexpr KeyRule kSheetKeys[] = {
      [](JobBuilder& b, const Scalar& v) { b.sheet.marks = v.flag; }},
     {"dimensions", flag("true or false: draw the main dimensions"), false,
      [](JobBuilder& b, const Scalar& v) { b.sheet.dimensions = v.flag; }},
+    {"details", collection(Form::kList, kDetailElement, "a list of details")},
     {"notes", collection(Form::kList, kNote, "a list of texts"), false,
      [](JobBuilder& b, const Scalar& v) { b.sheet.notes.emplace_back(v.text); }},
 };

@@ -46,9 +46,13 @@ bool settleInOrder(const GivenParameters& given, ParameterValues& values, Parame
   return true;
 }
 
+double firstValue(const ParameterValues& values) {
+  return values[0];
+}
+
 constexpr ProfileClass kClasses[] = {
-    {"KrTubo", kTubo, settleTubo, makeTubo},
-    {"KrBarraRedonda", kBarraRedonda, settleInOrder, makeBarraRedonda},
+    {"KrTubo", kTubo, settleTubo, firstValue, makeTubo},
+    {"KrBarraRedonda", kBarraRedonda, settleInOrder, firstValue, makeBarraRedonda},
 };
 
 }  // namespace

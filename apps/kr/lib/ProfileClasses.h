@@ -48,6 +48,9 @@ struct ProfileClass {
   /// false and tells the problem when they don't fit together.
   bool (*settle)(const GivenParameters& given, ParameterValues& values, ParameterProblem& problem);
 
+  /// The extent of the section across the bar, mm.
+  double (*depth)(const ParameterValues& values);
+
   /// A new member between two points of the drawing plane in a view (0 to 6), drawn. The caller owns it.
   KrObject* (*make)(AcGePoint3d& start, AcGePoint3d& end, int view, const ParameterValues& values);
 };

@@ -1,0 +1,79 @@
+# Completion of kr for bash; in zsh: autoload -U +X bashcompinit && bashcompinit, then source this file.
+# Made from the declaration of the verbs: kr documents completion.
+
+# Files whose name has one of the endings given, and folders; every file when none is given.
+_kr_files() {
+  local ending
+  COMPREPLY=($(compgen -d -S / -- "$word"))
+  if [[ -z $1 ]]; then
+    COMPREPLY+=($(compgen -f -- "$word"))
+    return
+  fi
+  for ending in $1; do
+    COMPREPLY+=($(compgen -f -X "!*.$ending" -- "$word"))
+  done
+}
+
+_kr() {
+  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} place=0 i
+  COMPREPLY=()
+  if ((COMP_CWORD == 1)); then
+    COMPREPLY=($(compgen -W 'build bom list about help --help --version' -- "$word"))
+    return
+  fi
+  for ((i = 2; i < COMP_CWORD; i++)); do
+    [[ ${COMP_WORDS[i]} == -?* ]] || ((place++))
+  done
+  case $before in
+    --data) _kr_files ''; return ;;
+    --format|-f) COMPREPLY=($(compgen -W 'pdf svg png' -- "$word")); return ;;
+    --output|-o) _kr_files ''; return ;;
+    --resolution) return ;;
+    --sheet) return ;;
+  esac
+  case ${COMP_WORDS[1]} in
+    build)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '-f --format --sheet --resolution --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      case $place in
+        0) _kr_files 'json' ;;
+        *) _kr_files 'pdf svg png' ;;
+      esac
+      ;;
+    bom)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '--json --csv -o --output --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      case $place in
+        0) _kr_files 'json' ;;
+      esac
+      ;;
+    list)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '--json -o --output --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      case $place in
+        0) _kr_files 'json' ;;
+      esac
+      ;;
+    about)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '--json -o --output --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      ;;
+    help)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '--json -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      COMPREPLY=($(compgen -W 'build bom list about help' -- "$word"))
+      ;;
+  esac
+}
+
+complete -o filenames -F _kr kr

@@ -1,0 +1,241 @@
+#include "Sheet.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "Number.h"
+#include "Painter.h"
+#include "Scale.h"
+#include "SheetElevation.h"
+#include "SheetFrame.h"
+#include "SheetSections.h"
+#include "SheetTable.h"
+#include "host/db/db.h"
+
+namespace kr {
+namespace {
+
+constexpr double kAreaMargin = 10;  // between the frame and what is drawn
+constexpr double kViewTitle = 14;   // above a view
+constexpr double kMarkRoom = 12;    // about the elevation, for position numbers
+constexpr double kNoteStep = 5;
+constexpr double kDetailGap = 12;
+constexpr double kTightest = 4;  // least room between views, one above the other
+
+std::string fitMessage(std::string_view what, const std::string& size) {
+  return "the " + std::string(what) + " doesn't fit a sheet of size " + size;
+}
+
+AcGeMatrix3d matrixOf(const Placement& place) {
+  return AcGeMatrix3d::translation(AcGeVector3d(place.offset.x, place.offset.y, 0)) *
+         AcGeMatrix3d::scaling(place.scale, AcGePoint3d::kOrigin);
+}
+
+void viewTitle(Painter& painter, double centre, double base, const std::string& name, double scale) {
+  const std::string words = name + "   " + scaleText(scale);
+  painter.text({centre, base}, words, kLargeText, Align::kCentre);
+  const double half = painter.widthOf(words, kLargeText) / 2;
+  painter.line({centre - half, base - 1.5}, {centre + half, base - 1.5}, Pen::kBox);
+}
+
+// One sheet while it is laid out.
+class Layout {
+ public:
+  Layout(const DrawnJob& drawn, const JobSheet& sheet, int number, int count)
+      : drawn_(drawn),
+        sheet_(sheet),
+        number_(number),
+        count_(count),
+        painter_(drawn.database, L"KR_SHEET_" + std::to_wstring(number)) {}
+
+  std::optional<plot::PlotSheet> make(std::string& why);
+
+ private:
+  bool measure(std::string& why);
+  bool chooseScale(std::string& why);
+  bool drawColumn(std::string& why);
+  void drawNotes(double top);
+  void drawElevation(double top);
+  void drawDetails(double top);
+  double elevationHeight() const;
+  double detailsHeight() const;
+  double detailsWidth() const;
+
+  const DrawnJob& drawn_;
+  const JobSheet& sheet_;
+  int number_;
+  int count_;
+  Painter painter_;
+  plot::PlotSheet plot_;
+  Area area_;               // of the views
+  Area column_;             // of table, notes and title block
+  AcGePoint3d low_, high_;  // of the members as drawn
+  double scale_ = 1;
+  Placement place_;
+  std::optional<SectionRow> sections_;
+};
+
+bool Layout::measure(std::string& why) {
+  const AcDbExtents box = plot::drawnExtents(drawn_.database.modelSpaceId());
+  low_ = box.minPoint();
+  high_ = box.maxPoint();
+  if (high_.x >= low_.x && high_.y >= low_.y) return true;
+  why = "the members draw nothing";
+  return false;
+}
+
+double Layout::detailsHeight() const {
+  double height = 0;
+  for (const JobDetail& detail : sheet_.details) height = std::max(height, detail.height);
+  return height > 0 ? height + kViewTitle : 0;
+}
+
+double Layout::detailsWidth() const {
+  double width = 0;
+  for (const JobDetail& detail : sheet_.details) width += detail.width + (width > 0 ? kDetailGap : 0);
+  return width;
+}
+
+double Layout::elevationHeight() const {
+  return kViewTitle + 2 * kMarkRoom + (high_.y - low_.y) * scale_ +
+         (sheet_.dimensions ? kDimensionRoom - kMarkRoom : 0);
+}
+
+bool Layout::chooseScale(std::string& why) {
+  const double side = sheet_.dimensions ? kDimensionRoom : kMarkRoom;
+  const double wide = area_.width() - 2 * side;
+  scale_ = 0;
+  const double others = detailsHeight() + (sections_ ? sections_->height() : 0);
+  const double high = area_.height() - others - elevationHeight() - 2 * kTightest;
+  scale_ = sheet_.scale;
+  if (scale_ == 0 && wide > 0 && high > 0) {
+    scale_ = std::min(fittingScale(high_.x - low_.x, wide), fittingScale(high_.y - low_.y, high));
+  }
+  if (scale_ > 0 && (high_.x - low_.x) * scale_ <= wide && (high_.y - low_.y) * scale_ <= high) return true;
+  why = fitMessage("elevation", sheet_.size);
+  if (wide <= 0 || high <= 0) return false;
+  const double fits = std::min(fittingScale(high_.x - low_.x, wide), fittingScale(high_.y - low_.y, high));
+  why += " at " + scaleText(scale_) + ": the largest scale that does is " + scaleText(fits);
+  return false;
+}
+
+void Layout::drawNotes(double top) {
+  if (sheet_.notes.empty()) return;
+  painter_.text({column_.left, top - kNoteStep}, "NOTES", kNormalText);
+  double y = top - kNoteStep - 2;
+  int number = 0;
+  for (const std::string& note : sheet_.notes) {
+    y -= kNoteStep;
+    painter_.text({column_.left, y}, std::to_string(++number) + ".", kSmallText);
+    painter_.text({column_.left + 7, y}, note, kSmallText, Align::kLeft, column_.width() - 7);
+  }
+}
+
+bool Layout::drawColumn(std::string& why) {
+  const SheetSize size = sheetSize(sheet_.size);
+  const Area inside = drawFrame(painter_, size);
+  const SheetFacts facts{sheet_.size, scaleText(scale_), number_, count_};
+  const Area title = drawTitleBlock(painter_, inside, sheetTitle(drawn_.job.title, sheet_.title), facts);
+  column_ = {title.left, title.top, title.right - kAreaMargin / 2, inside.top - kAreaMargin};
+  const double notes = sheet_.notes.empty() ? 0 : kNoteStep * static_cast<double>(sheet_.notes.size() + 3);
+  const double table = sheet_.table ? tableHeight(drawn_.bom) + kAreaMargin : 0;
+  if (table + notes > column_.height()) {
+    why = fitMessage("bill of materials", sheet_.size) + ": choose a larger one or \"table\": false";
+    return false;
+  }
+  if (sheet_.table) drawTable(painter_, {title.left - kAreaMargin / 2, inside.top - kAreaMargin}, drawn_.bom);
+  column_.left = title.left - kAreaMargin / 2;
+  drawNotes(column_.top - table);
+  return true;
+}
+
+void Layout::drawElevation(double top) {
+  const double width = (high_.x - low_.x) * scale_;
+  const double left = (area_.left + area_.right - width) / 2;
+  const double ceiling = top - kViewTitle - kMarkRoom;
+  place_ = {scale_, {left - low_.x * scale_, ceiling - high_.y * scale_}};
+  viewTitle(painter_, left + width / 2, top - kViewTitle / 2, "ELEVATION", scale_);
+  const JobPoint low = place_({low_.x, low_.y});
+  plot::PlotViewport view;
+  view.block = drawn_.database.modelSpaceId();
+  view.modelToPaper = matrixOf(place_);
+  view.clip = {low.x - 1, low.y - 1, left + width + 1, ceiling + 1};
+  plot_.viewports.push_back(std::move(view));
+  if (sheet_.marks) drawMarks(painter_, drawn_.job, drawn_.bom, place_);
+  if (sheet_.dimensions) drawDimensions(painter_, drawn_.job, place_);
+}
+
+void Layout::drawDetails(double top) {
+  double left = (area_.left + area_.right - detailsWidth()) / 2;
+  char letter = 'A';
+  for (const JobDetail& detail : sheet_.details) {
+    const JobPoint middle = drawn_.job.points[detail.at];
+    const double bottom = top - kViewTitle - detail.height;
+    const Placement place{
+        detail.scale,
+        {left + detail.width / 2 - middle.x * detail.scale, bottom + detail.height / 2 - middle.y * detail.scale}};
+    const std::string name(1, letter++);
+    viewTitle(painter_, left + detail.width / 2, top - kViewTitle / 2, "DETAIL " + name, detail.scale);
+    painter_.rectangle({left, bottom}, {left + detail.width, bottom + detail.height}, Pen::kThin);
+    plot::PlotViewport view;
+    view.block = drawn_.database.modelSpaceId();
+    view.modelToPaper = matrixOf(place);
+    view.clip = {left, bottom, left + detail.width, bottom + detail.height};
+    plot_.viewports.push_back(std::move(view));
+    // Its frame in the elevation, with its letter.
+    const double shrink = scale_ / detail.scale / 2;
+    const JobPoint centre = place_(middle);
+    const JobPoint high{centre.x + detail.width * shrink, centre.y + detail.height * shrink};
+    painter_.rectangle({centre.x - detail.width * shrink, centre.y - detail.height * shrink}, high, Pen::kThin);
+    painter_.text({high.x + 1, high.y + 1}, name, kLargeText);
+    left += detail.width + kDetailGap;
+  }
+}
+
+std::optional<plot::PlotSheet> Layout::make(std::string& why) {
+  if (!measure(why)) return std::nullopt;
+  const SheetSize size = sheetSize(sheet_.size);
+  plot_.paper = {size.width, size.height};
+  plot_.paperBlock = painter_.block();
+  area_ = {20 + kAreaMargin, 10 + kAreaMargin, size.width - 10 - kTitleWidth - 1.5 * kAreaMargin,
+           size.height - 10 - kAreaMargin};
+  if (sheet_.sections) sections_.emplace(painter_, drawn_, sheet_.sectionScale, area_.width(), number_);
+  if (sections_ && sections_->width() > area_.width()) {
+    why = fitMessage("row of sections", sheet_.size) + ": choose a smaller \"sectionScale\"";
+    return std::nullopt;
+  }
+  if (detailsWidth() > area_.width()) {
+    why = fitMessage("row of details", sheet_.size) + ": make them narrower";
+    return std::nullopt;
+  }
+  if (!chooseScale(why) || !drawColumn(why)) return std::nullopt;
+  // The views share what is left of the height evenly.
+  const double used = elevationHeight() + detailsHeight() + (sections_ ? sections_->height() : 0);
+  const int views = 1 + (sections_ ? 1 : 0) + (sheet_.details.empty() ? 0 : 1);
+  const double gap = (area_.height() - used) / (views + 1);
+  double top = area_.top - gap;
+  drawElevation(top);
+  top -= elevationHeight() + gap;
+  if (sections_) {
+    plot_.viewports.push_back(sections_->draw(area_, top));
+    top -= sections_->height() + gap;
+  }
+  drawDetails(top);
+  if (painter_.ok()) return std::move(plot_);
+  why = "the drawing doesn't take the sheet";
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::vector<JobSheet> sheetsOf(const Job& job) {
+  return job.sheets.empty() ? std::vector<JobSheet>(1) : job.sheets;
+}
+
+std::optional<plot::PlotSheet> layOutSheet(const DrawnJob& drawn, const JobSheet& sheet, int number, int count,
+                                           std::string& why) {
+  return Layout(drawn, sheet, number, count).make(why);
+}
+
+}  // namespace kr

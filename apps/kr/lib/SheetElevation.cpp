@@ -1,0 +1,191 @@
+#include "SheetElevation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <unordered_map>
+
+#include "Number.h"
+
+namespace kr {
+namespace {
+
+constexpr double kBalloon = 3.2;          // radius
+constexpr double kWideBalloon = 4.2;      // of three digits and more
+constexpr double kBalloonGap = 0.8;       // to the member and to everything else
+constexpr std::size_t kMostSought = 600;  // beyond this many members each number stands beside the middle
+constexpr double kSameCoordinate = 0.5;   // mm: nodes of one line
+
+constexpr double kFirstDimension = 12;  // from the picture to the first line of dimensions
+constexpr double kNextDimension = 9;
+constexpr double kTick = 1.2;   // half of an oblique stroke, along each axis
+constexpr double kOverrun = 2;  // of an extension line past the dimension line
+constexpr double kExtensionGap = 3;
+
+struct Stroke {
+  JobPoint a;
+  JobPoint b;
+  double half;  // of the width
+};
+
+double distance(JobPoint p, const Stroke& s) {
+  const double dx = s.b.x - s.a.x;
+  const double dy = s.b.y - s.a.y;
+  const double square = dx * dx + dy * dy;
+  const double t = square > 0 ? std::clamp(((p.x - s.a.x) * dx + (p.y - s.a.y) * dy) / square, 0.0, 1.0) : 0;
+  return std::hypot(p.x - s.a.x - t * dx, p.y - s.a.y - t * dy) - s.half;
+}
+
+struct Balloon {
+  JobPoint centre;
+  JobPoint foot;  // on the member's axis
+};
+
+// The free room about a balloon there: the least distance to anything but its own member, less its radius.
+double room(const Balloon& balloon, double radius, std::size_t own, const std::vector<Stroke>& strokes,
+            const std::vector<Balloon>& placed) {
+  double least = std::numeric_limits<double>::max();
+  for (std::size_t i = 0; i < strokes.size(); ++i) {
+    if (i != own) least = std::min(least, distance(balloon.centre, strokes[i]) - radius);
+  }
+  for (const Balloon& other : placed) {
+    const double apart = std::hypot(balloon.centre.x - other.centre.x, balloon.centre.y - other.centre.y);
+    least = std::min(least, apart - radius - kWideBalloon);
+  }
+  return least;
+}
+
+Balloon beside(const Stroke& stroke, double t, double side, double radius) {
+  const double dx = stroke.b.x - stroke.a.x;
+  const double dy = stroke.b.y - stroke.a.y;
+  const double length = std::hypot(dx, dy);
+  const JobPoint foot{stroke.a.x + t * dx, stroke.a.y + t * dy};
+  const double off = side * (stroke.half + kBalloonGap + radius + 1) / length;
+  return {{foot.x - dy * off, foot.y + dx * off}, foot};
+}
+
+Balloon bestBalloon(std::size_t own, double radius, const std::vector<Stroke>& strokes,
+                    const std::vector<Balloon>& placed) {
+  constexpr double kPlaces[] = {0.5, 0.42, 0.58, 0.34, 0.66, 0.26, 0.74, 0.18, 0.82};
+  Balloon best = beside(strokes[own], 0.5, 1, radius);
+  if (strokes.size() > kMostSought) return best;
+  double most = -std::numeric_limits<double>::max();
+  for (const double t : kPlaces) {
+    for (const double side : {1.0, -1.0}) {
+      const Balloon tried = beside(strokes[own], t, side, radius);
+      const double free = room(tried, radius, own, strokes, placed);
+      if (free >= kBalloonGap) return tried;
+      if (free > most) {
+        most = free;
+        best = tried;
+      }
+    }
+  }
+  return best;
+}
+
+// Values without those that repeat an earlier one, rising.
+std::vector<double> distinct(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  const auto same = [](double a, double b) { return b - a < kSameCoordinate; };
+  values.erase(std::unique(values.begin(), values.end(), same), values.end());
+  return values;
+}
+
+// One line of dimensions through `values` (real, along) at `across` on paper; extension lines begin at `from`.
+struct DimensionLine {
+  Painter& painter;
+  const Placement& place;
+  bool upright;
+
+  JobPoint at(double along, double across) const {
+    return upright ? JobPoint{across, along * place.scale + place.offset.y}
+                   : JobPoint{along * place.scale + place.offset.x, across};
+  }
+
+  void draw(const std::vector<double>& values, double across, double from) const {
+    const double away = across > from ? 1 : -1;
+    painter.line(at(values.front(), across), at(values.back(), across), Pen::kDimension);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      const JobPoint on = at(values[i], across);
+      painter.line({on.x - kTick, on.y - kTick}, {on.x + kTick, on.y + kTick}, Pen::kText);
+      painter.line(at(values[i], from + away * kExtensionGap), at(values[i], across + away * kOverrun),
+                   Pen::kDimension);
+      if (i == 0) continue;
+      const double length = values[i] - values[i - 1];
+      const bool whole = std::abs(length - std::round(length)) < 0.05;
+      JobPoint middle = at((values[i] + values[i - 1]) / 2, across);
+      (upright ? middle.x : middle.y) += upright ? -1.0 : 1.0;
+      painter.text(middle, fixed(length, whole ? 0 : 1), kSmallText, Align::kCentre,
+                   std::max(length * place.scale - 1, 1.0), false, upright ? std::acos(0.0) : 0, Pen::kText);
+    }
+  }
+};
+
+}  // namespace
+
+void drawMarks(Painter& painter, const Job& job, const Bom& bom, const Placement& place) {
+  std::unordered_map<std::string, int> marks;
+  for (const BomItem& item : bom.items) {
+    for (const std::string& name : item.members) marks[name] = item.mark;
+  }
+  std::vector<Stroke> strokes;
+  for (const JobMember& member : job.members) {
+    const MemberAxis axis = memberAxis(job, member);
+    const JobProfile& profile = job.profiles[member.profile];
+    strokes.push_back(
+        {place(axis.start), place(axis.end), profile.profileClass->depth(profile.values) / 2 * place.scale});
+  }
+  std::vector<Balloon> placed;
+  for (std::size_t i = 0; i < strokes.size(); ++i) {
+    const std::string text = std::to_string(marks[std::string(job.names.text(job.members[i].name))]);
+    const double radius = text.size() > 2 ? kWideBalloon : kBalloon;
+    const Balloon balloon = bestBalloon(i, radius, strokes, placed);
+    const double reach = std::hypot(balloon.foot.x - balloon.centre.x, balloon.foot.y - balloon.centre.y);
+    const double part = radius / reach;
+    painter.circle(balloon.centre, radius, Pen::kMark);
+    painter.line({balloon.centre.x + (balloon.foot.x - balloon.centre.x) * part,
+                  balloon.centre.y + (balloon.foot.y - balloon.centre.y) * part},
+                 balloon.foot, Pen::kDimension);
+    painter.text(balloon.centre, text, kSmallText, Align::kCentre, 2 * radius - 1, true, 0, Pen::kMark);
+    placed.push_back(balloon);
+  }
+}
+
+void drawDimensions(Painter& painter, const Job& job, const Placement& place) {
+  std::vector<JobPoint> nodes;
+  for (const JobMember& member : job.members) {
+    nodes.push_back(job.points[member.from]);
+    nodes.push_back(job.points[member.to]);
+  }
+  const auto byX = [](JobPoint a, JobPoint b) { return a.x < b.x; };
+  const auto byY = [](JobPoint a, JobPoint b) { return a.y < b.y; };
+  const auto [left, right] = std::minmax_element(nodes.begin(), nodes.end(), byX);
+  const auto [low, high] = std::minmax_element(nodes.begin(), nodes.end(), byY);
+  std::vector<double> along{left->x, right->x};
+  std::vector<double> up{low->y};
+  for (const JobPoint node : nodes) {
+    if (node.y - low->y < kSameCoordinate) along.push_back(node.x);
+    if (right->x - node.x < kSameCoordinate) up.push_back(node.y);
+  }
+  along = distinct(along);
+  up = distinct(up);
+  const double bottom = place(*low).y;
+  const double side = place(*right).x;
+  const DimensionLine flat{painter, place, false};
+  const DimensionLine upright{painter, place, true};
+  double across = bottom - kFirstDimension;
+  if (along.size() > 2) {
+    flat.draw(along, across, bottom);
+    across -= kNextDimension;
+  }
+  if (right->x - left->x >= kSameCoordinate) flat.draw({left->x, right->x}, across, bottom);
+  across = side + kFirstDimension;
+  if (up.size() > 1 && high->y - up.back() >= kSameCoordinate) {
+    upright.draw(up, across, side);
+    across += kNextDimension;
+  }
+  if (high->y - low->y >= kSameCoordinate) upright.draw({low->y, high->y}, across, side);
+}
+
+}  // namespace kr

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vector>
+
+#include "Bom.h"
+#include "Job.h"
+#include "Painter.h"
+
+namespace kr {
+
+/// Where the plane of the members lies on paper: paper = real * scale + offset.
+struct Placement {
+  double scale = 1;
+  JobPoint offset;
+
+  JobPoint operator()(JobPoint real) const { return {real.x * scale + offset.x, real.y * scale + offset.y}; }
+};
+
+/// What the main dimensions take below the elevation and to its right, mm.
+inline constexpr double kDimensionRoom = 30;
+
+/// Writes each member's position number beside it, where it meets neither a member nor another number if there is such
+/// a place.
+void drawMarks(Painter& painter, const Job& job, const Bom& bom, const Placement& place);
+
+/// Draws the main dimensions: below, the span by its nodes on the lowest line and over all; to the right, the heights
+/// of the nodes at the end and over all.
+void drawDimensions(Painter& painter, const Job& job, const Placement& place);
+
+}  // namespace kr

@@ -1,0 +1,318 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <numbers>
+
+#include "RunProgram.h"
+
+namespace {
+
+using nlohmann::json;
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace fs = std::filesystem;
+
+const std::string kTruss = "'" KR_SOURCE_DIR "/examples/roof-truss.json'";
+
+// A tube of 3-4-5 and a bar along it.
+const std::string kSmallJob = R"({"kr": 1,
+  "title": {"title": "Small frame", "number": "T-1", "date": "2026-01-02"},
+  "nodes": {"A": [0, 0], "B": [3000, 4000], "C": [3000, 0]},
+  "profiles": {"tube": {"class": "KrTubo", "Diametro": 100, "DiametroInt": 80},
+               "bar": {"class": "KrBarraRedonda", "diametro": 20}},
+  "members": [{"name": "T1", "profile": "tube", "from": "A", "to": "B", "role": "Diagonal"},
+              {"name": "T2", "profile": "tube", "from": "B", "to": "A", "startSetback": 0},
+              {"name": "R1", "profile": "bar", "from": "A", "to": "C"}]})";
+
+std::string quoted(const std::string& text) {
+  return "'" + text + "'";
+}
+
+// Whether a JSON text is what a published schema says, by an independent checker.
+testing::AssertionResult fitsSchema(const std::string& text, const std::string& schema) {
+  const TestFolder folder;
+  const std::string file = folder.write("data.json", text);
+  const Run run = runShell("/usr/bin/python3 -m jsonschema -i " + quoted(file) + " '" KR_SOURCE_DIR "/data/schemas/" +
+                           schema + "'");
+  if (run.code == 0) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << run.out << run.err;
+}
+
+TEST(Program, TellsItsVersionOnStandardOutput) {
+  const Run run = runShell("kr --version");
+  EXPECT_EQ(run.code, 0);
+  EXPECT_THAT(run.out, testing::MatchesRegex("kr [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(Program, EndsWithCode1OnAWrongCommandLine) {
+  for (const char* line : {"kr", "kr biuld", "kr build", "kr build x.json", "kr bom", "kr bom x.json --nothing",
+                           "kr bom x.json --json --csv", "kr build x.json y.doc", "kr build x.json -",
+                           "kr build x.json y.pdf y.pdf", "kr build x.json y.png --resolution 5", "kr help nothing",
+                           "kr list x.json -q -v", "kr build x.json y.pdf --format gif"}) {
+    const Run run = runShell(line);
+    EXPECT_EQ(run.code, 1) << line;
+    EXPECT_EQ(run.out, "") << line;
+    EXPECT_THAT(run.err, StartsWith("kr: ")) << line;
+  }
+  EXPECT_THAT(runShell("kr biuld").err, HasSubstr("did you mean \"build\"?"));
+}
+
+TEST(Program, ShowsHelpOnStandardOutput) {
+  for (const char* line : {"kr help", "kr --help", "kr -h", "kr help build", "kr build --help", "kr bom -h"}) {
+    const Run run = runShell(line);
+    EXPECT_EQ(run.code, 0) << line;
+    EXPECT_THAT(run.out, HasSubstr("Usage: kr")) << line;
+    EXPECT_EQ(run.err, "") << line;
+  }
+}
+
+TEST(Program, EndsWithCode3OnABadJobAndTellsEveryError) {
+  const TestFolder folder;
+  const std::string job =
+      folder.write("bad.json",
+                   "{\"kr\": 1, \"nodes\": {\"A\": [0, 0]},\n"
+                   " \"profiles\": {\"p\": {\"class\": \"KrTubo\", \"Diametro\": -5, \"Espessura\": 1}},\n"
+                   " \"members\": [{\"name\": \"1\", \"profile\": \"q\", \"from\": \"A\", \"to\": \"A\"}]}\n");
+  const Run run = runShell("kr build " + quoted(job) + " " + quoted(folder.path("out.pdf")));
+  EXPECT_EQ(run.code, 3);
+  EXPECT_EQ(run.out, "");
+  EXPECT_THAT(run.err, AllOf(HasSubstr("3 errors"), HasSubstr("bad.json:2:"), HasSubstr("/profiles/p/Diametro"),
+                             HasSubstr("bad.json:3:"), HasSubstr("/members/0/profile"), HasSubstr("/members/0/to")));
+  EXPECT_EQ(folder.count(), 1U);
+}
+
+TEST(Program, EndsWithCode3WhenTheJobCannotBeRead) {
+  const TestFolder folder;
+  EXPECT_EQ(runShell("kr bom " + quoted(folder.path("none.json"))).code, 3);
+  EXPECT_EQ(runShell("kr bom " + quoted(folder.path(""))).code, 3);
+}
+
+TEST(Program, DrawsEveryFormatAtOnceAndReadsFromAPipe) {
+  const TestFolder folder;
+  const Run run = runShell("kr build - " + quoted(folder.path("a.pdf")) + " " + quoted(folder.path("a.svg")) + " " +
+                               quoted(folder.path("a.png")),
+                           kSmallJob);
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(folder.read("a.pdf"), StartsWith("%PDF-"));
+  EXPECT_THAT(folder.read("a.svg"), HasSubstr("<svg"));
+  EXPECT_THAT(folder.read("a.png"), StartsWith("\x89PNG"));
+  EXPECT_EQ(folder.count(), 3U);
+}
+
+TEST(Program, DrawsIntoAPipe) {
+  const Run run = runShell("kr build - - --format svg", kSmallJob);
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_THAT(run.out, AllOf(StartsWith("<?xml"), EndsWith("</svg>\n")));
+}
+
+TEST(Program, DrawsTheSameBytesEachTime) {
+  const Run first = runShell("kr build - - --format pdf", kSmallJob);
+  const Run second = runShell("kr build - - --format pdf", kSmallJob);
+  ASSERT_EQ(first.code, 0) << first.err;
+  EXPECT_EQ(first.out, second.out);
+}
+
+TEST(Program, ReplacesNoFileUnasked) {
+  const TestFolder folder;
+  const std::string file = folder.write("old.pdf", "old");
+  const Run refused = runShell("kr build - " + quoted(file), kSmallJob);
+  EXPECT_EQ(refused.code, 4);
+  EXPECT_THAT(refused.err, HasSubstr("--overwrite"));
+  EXPECT_EQ(folder.read("old.pdf"), "old");
+  EXPECT_EQ(runShell("kr build --overwrite - " + quoted(file), kSmallJob).code, 0);
+  EXPECT_THAT(folder.read("old.pdf"), StartsWith("%PDF-"));
+  EXPECT_EQ(folder.count(), 1U);
+}
+
+TEST(Program, WritesNoneOfItsFilesWhenOneCannotBe) {
+  const TestFolder folder;
+  const std::string old = folder.write("b.svg", "old");
+  EXPECT_EQ(runShell("kr build - " + quoted(folder.path("a.pdf")) + " " + quoted(old), kSmallJob).code, 4);
+  EXPECT_FALSE(folder.has("a.pdf"));
+}
+
+TEST(Program, EndsWithCode4WhenAnOutputCannotBeWritten) {
+  const TestFolder folder;
+  fs::create_directory(folder.path("dir.pdf"));
+  EXPECT_EQ(runShell("kr build - " + quoted(folder.path("dir.pdf")) + " --overwrite", kSmallJob).code, 4);
+  EXPECT_EQ(runShell("kr build - " + quoted(folder.path("no/such.pdf")), kSmallJob).code, 4);
+  EXPECT_EQ(runShell("kr bom - -o " + quoted(folder.path("no/such.csv")), kSmallJob).code, 4);
+  EXPECT_EQ(runShell("kr bom - --csv -o /proc/bom.csv", kSmallJob).code, 4);
+}
+
+TEST(Program, EndsWithCode4OnAFullDisk) {
+  const Run onOutput = runShell("kr bom - > /dev/full", kSmallJob);
+  EXPECT_EQ(onOutput.code, 4);
+  EXPECT_THAT(onOutput.err, HasSubstr("No space left"));
+  EXPECT_EQ(runShell("kr bom - -o /dev/full", kSmallJob).code, 4);
+  EXPECT_EQ(runShell("kr build - /dev/full --format pdf", kSmallJob).code, 4);
+  EXPECT_TRUE(fs::is_character_file("/dev/full")) << "a device must never be replaced";
+}
+
+TEST(Program, WeighsByHand) {
+  const Run run = runShell("kr bom - --json", kSmallJob);
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_TRUE(fitsSchema(run.out, "bom.schema.json"));
+  const json bom = json::parse(run.out);
+  ASSERT_EQ(bom.at("items").size(), 2U);
+  const json& tube = bom["items"][0];
+  // Area pi (50^2 - 40^2), length 5000, steel 0.00785 kg per mm2 and m.
+  const double area = std::numbers::pi * (50 * 50 - 40 * 40);
+  EXPECT_EQ(tube["count"], 2);
+  EXPECT_EQ(tube["members"], (std::vector<std::string>{"T1", "T2"}));
+  EXPECT_NEAR(tube["length"], 5000, 1e-6);
+  EXPECT_NEAR(tube["unitWeight"], area * 0.00785 * 5, 1e-9);
+  EXPECT_NEAR(tube["weight"], 2 * area * 0.00785 * 5, 1e-9);
+  EXPECT_NEAR(tube["unitPaintedArea"], (2 * area + std::numbers::pi * 100 * 5000) / 1e6, 1e-9);
+  EXPECT_EQ(tube["dimensions"], "100x20");
+  const json& bar = bom["items"][1];
+  EXPECT_EQ(bar["dimensions"], "\u00D820");
+  EXPECT_NEAR(bar["weight"], std::numbers::pi * 100 * 0.00785 * 3, 1e-9);
+  EXPECT_NEAR(bom["totals"]["weight"], 2 * area * 0.00785 * 5 + std::numbers::pi * 100 * 0.00785 * 3, 1e-9);
+}
+
+TEST(Program, WritesItsBillAsTextAndCsv) {
+  const Run text = runShell("kr bom -", kSmallJob);
+  ASSERT_EQ(text.code, 0) << text.err;
+  EXPECT_THAT(text.out, AllOf(StartsWith("Pos"), HasSubstr("Total"), HasSubstr("5000.0")));
+  const TestFolder folder;
+  ASSERT_EQ(runShell("kr bom - --csv -o " + quoted(folder.path("a.csv")), kSmallJob).code, 0);
+  EXPECT_THAT(folder.read("a.csv"), StartsWith("position,class,"));
+}
+
+TEST(Program, ListsWhatMembersSayOfThemselves) {
+  const Run one = runShell("kr list - T1", kSmallJob);
+  ASSERT_EQ(one.code, 0) << one.err;
+  EXPECT_THAT(one.out, AllOf(HasSubstr("Nome            T1"), HasSubstr("Vista           : Superior"),
+                             HasSubstr("Tipo de Barra   : Diagonal"), Not(HasSubstr("R1"))));
+  const Run all = runShell("kr list - --json", kSmallJob);
+  ASSERT_EQ(all.code, 0) << all.err;
+  EXPECT_TRUE(fitsSchema(all.out, "list.schema.json"));
+  EXPECT_EQ(json::parse(all.out).at("members").size(), 3U);
+  const Run none = runShell("kr list - T9", kSmallJob);
+  EXPECT_EQ(none.code, 1);
+  EXPECT_THAT(none.err, HasSubstr("did you mean \"T1\"?"));
+}
+
+TEST(Program, TellsTheModulesVersion) {
+  const Run run = runShell("kr about");
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_THAT(run.out, AllOf(StartsWith("KR_Trama 4.102"), HasSubstr("0x00000009")));
+  const Run asJson = runShell("kr about --json");
+  EXPECT_TRUE(fitsSchema(asJson.out, "about.schema.json"));
+  EXPECT_EQ(json::parse(asJson.out).at("productVersion"), "4.102");
+}
+
+TEST(Program, DescribesItselfAsJson) {
+  EXPECT_TRUE(fitsSchema(runShell("kr help --json").out, "help.schema.json"));
+}
+
+TEST(Program, FindsItsInstallFolderBesideItselfAndTakesAnother) {
+  const Run none = runShell("kr bom - --data /no/such/folder", kSmallJob);
+  EXPECT_EQ(none.code, 3);
+  EXPECT_THAT(none.err, HasSubstr("/no/such/folder"));
+  const TestFolder folder;
+  fs::copy(KR_INSTALL_FOLDER, folder.path("data"), fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+  EXPECT_EQ(runShell("kr bom - --data " + quoted(folder.path("data")), kSmallJob).code, 0);
+  EXPECT_EQ(
+      runShell("KRTRAMA_BRICSV17=" + quoted(folder.path("data")) + " '" KR_BINARY_DIR "/bin/kr' bom -", kSmallJob).code,
+      0);
+}
+
+TEST(Program, TellsAMissingSideLibraryInTheModulesWords) {
+  const TestFolder folder;
+  fs::copy(KR_INSTALL_FOLDER, folder.path("data"), fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+  fs::remove(folder.path("data/Support/krobjfn_ryB16._kr"));
+  const Run run = runShell("kr bom - --data " + quoted(folder.path("data")), kSmallJob);
+  EXPECT_EQ(run.code, 3);
+  EXPECT_THAT(run.err, HasSubstr("Não foi possível carregar uma DLL, o KR_Trama não irá funcionar corretamente."));
+}
+
+TEST(Program, TellsASideLibraryThatLacksItsFunctions) {
+  const TestFolder folder;
+  fs::copy(KR_INSTALL_FOLDER, folder.path("data"), fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+  const std::string library = folder.path("data/Support/krobjfn_ryB16._kr");
+  fs::remove(library);
+  const std::string source = folder.write("side.c", "int krIsBulge6000(double b) { return b >= 6000; }\n");
+  ASSERT_EQ(runShell("cc -shared -fPIC -o " + quoted(library) + " " + quoted(source)).code, 0);
+  const Run run = runShell("kr bom - --data " + quoted(folder.path("data")), kSmallJob);
+  EXPECT_EQ(run.code, 3);
+  EXPECT_THAT(run.err, AllOf(HasSubstr("krMidArco"), HasSubstr("krAppendEntity"), Not(HasSubstr("krIsBulge6000"))));
+}
+
+TEST(Program, TellsMissingAndBrokenLayerFiles) {
+  const TestFolder folder;
+  fs::copy(KR_INSTALL_FOLDER, folder.path("data"), fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+  const std::string layers = folder.path("data/Prototipo/LayersUSR.cfg");
+  fs::remove(layers);
+  const std::string line = "kr bom - --data " + quoted(folder.path("data"));
+  const Run missing = runShell(line, kSmallJob);
+  EXPECT_EQ(missing.code, 3);
+  EXPECT_THAT(missing.err, HasSubstr("LayersUSR.cfg"));
+  folder.write("data/Prototipo/LayersUSR.cfg", "no mark at the end\n");
+  EXPECT_EQ(runShell(line, kSmallJob).code, 3);
+}
+
+TEST(Program, RefusesASheetThatCannotHoldWhatItShallShow) {
+  std::string job = kSmallJob;
+  job.insert(job.rfind('}'), R"(, "sheets": [{"size": "A4", "scale": "1:1"}])");
+  const Run run = runShell("kr build - - --format pdf", job);
+  EXPECT_EQ(run.code, 3);
+  EXPECT_THAT(run.err, HasSubstr("the largest scale that does is 1:"));
+}
+
+TEST(Program, ShowsTheTrussWithItsTitleMarksAndBill) {
+  const TestFolder folder;
+  const Run run = runShell("kr build " + kTruss + " " + quoted(folder.path("truss.pdf")));
+  ASSERT_EQ(run.code, 0) << run.err;
+  const Run text = runShell("pdftotext -layout " + quoted(folder.path("truss.pdf")) + " -");
+  ASSERT_EQ(text.code, 0) << text.err;
+  EXPECT_THAT(text.out, AllOf(HasSubstr("Roof truss TR1"), HasSubstr("KR-001-TR1"), HasSubstr("1:50"),
+                              HasSubstr("BILL OF MATERIALS"), HasSubstr("ELEVATION"), HasSubstr("SECTIONS")));
+  EXPECT_THAT(text.out, HasSubstr("24000"));
+  EXPECT_THAT(runShell("pdfinfo " + quoted(folder.path("truss.pdf"))).out, HasSubstr("2383.94 x 1683.78"));
+}
+
+TEST(Program, WorksOutTheTrussFromItsNodes) {
+  const Run run = runShell("kr list " + kTruss + " BS1 --json");
+  ASSERT_EQ(run.code, 0) << run.err;
+  // Half a span of 12 m rising 1.8 m.
+  EXPECT_NEAR(json::parse(run.out)["members"][0]["length"], std::hypot(12000.0, 1800.0), 1e-6);
+  const Run post = runShell("kr list " + kTruss + " M1 --json");
+  // The end post of 114.3 stands on the bottom chord of 139.7, square to it, and meets the top chord of 168.3 at its
+  // slope; 10 mm stay free at either end.
+  const double slope = std::atan2(1800.0, 12000.0);
+  const double bottom = 139.7 / 2 + 10;
+  const double top = (168.3 / 2 + 114.3 / 2 * std::sin(slope) + 10) / std::cos(slope);
+  EXPECT_NEAR(json::parse(post.out)["members"][0]["length"], 1000 - bottom - top, 1e-6);
+}
+
+TEST(Program, CompletionOffersVerbsOptionsAndFiles) {
+  const auto complete = [](const std::string& words, int at) {
+    return runShell("bash -c 'source \"" KR_SOURCE_DIR "/apps/kr/completion/kr.bash\"; COMP_WORDS=(" + words +
+                    "); COMP_CWORD=" + std::to_string(at) + "; _kr; printf \"%s\\n\" \"${COMPREPLY[@]}\"'")
+        .out;
+  };
+  EXPECT_EQ(complete("kr bu", 1), "build\n");
+  EXPECT_THAT(complete("kr bom --", 2), AllOf(HasSubstr("--json\n"), HasSubstr("--overwrite\n")));
+  EXPECT_EQ(complete("kr build --format s", 3), "svg\n");
+}
+
+TEST(Program, ItsDocumentsAreThoseOfTheRepository) {
+  EXPECT_EQ(runShell("kr documents reference | cmp - '" KR_SOURCE_DIR "/docs/reference.md'").code, 0);
+  EXPECT_EQ(runShell("kr documents completion | cmp - '" KR_SOURCE_DIR "/apps/kr/completion/kr.bash'").code, 0);
+  EXPECT_EQ(runShell("kr documents man build | cmp - '" KR_SOURCE_DIR "/docs/man/kr-build.1'").code, 0);
+}
+
+}  // namespace
