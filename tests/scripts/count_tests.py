@@ -4,17 +4,15 @@ RESULTS holds one ctest JUnit file per build (release.xml) and, in a folder name
 per test program. A test program counts as many tests as it reports; one that left no report (it crashed), and any other
 ctest entry, counts as one. Exits non-zero if a test failed, or if a build that ran its tests ran none.
 """
-import json
 import pathlib
 import sys
 import xml.etree.ElementTree as ElementTree
 
 
 def count_report(path):
-    report = json.loads(path.read_text())
-    cases = [case for suite in report["testsuites"] for case in suite["testsuite"]]
-    failed = sum(1 for case in cases if case.get("failures"))
-    skipped = sum(1 for case in cases if case.get("result") == "SKIPPED" or case.get("status") == "NOTRUN")
+    cases = list(ElementTree.parse(path).getroot().iter("testcase"))
+    failed = sum(1 for case in cases if case.find("failure") is not None)
+    skipped = sum(1 for case in cases if case.get("result") == "skipped" or case.get("status") == "notrun")
     return len(cases) - failed - skipped, failed, skipped
 
 
@@ -22,7 +20,7 @@ def count_build(junit):
     passed = failed = skipped = 0
     for case in ElementTree.parse(junit).getroot().iter("testcase"):
         status = case.get("status")
-        report = junit.with_suffix("") / (case.get("name") + ".json")
+        report = junit.with_suffix("") / (case.get("name") + ".xml")
         if report.exists():
             good, bad, left = count_report(report)
             if status == "fail" and bad == 0:  # everything passed, and then the program failed at its end
