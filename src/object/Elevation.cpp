@@ -119,7 +119,8 @@ void addRectangle(KrGeratriz& contorno, double low, double high, double length, 
 }
 
 // Overlapping extents are one rectangle; a gap above the tolerance parts two.
-void addRectangles(const std::vector<Extent>& extents, double length, KrGeratriz& contorno) {
+void addRectangles(const std::vector<Extent>& extents, double length, KrGeratriz& contorno,
+                   std::vector<double>& sides) {
   static std::vector<Extent> merged;
   merged.clear();
   for (const Extent& e : extents) {
@@ -128,7 +129,12 @@ void addRectangles(const std::vector<Extent>& extents, double length, KrGeratriz
     else
       merged.back().high = std::max(merged.back().high, e.high);
   }
-  for (const Extent& e : merged) addRectangle(contorno, e.low, e.high, length, merged.size() > 1);
+  sides.clear();
+  for (const Extent& e : merged) {
+    addRectangle(contorno, e.low, e.high, length, merged.size() > 1);
+    sides.push_back(e.low);
+    sides.push_back(e.high);
+  }
 }
 
 // --- Visible edges ---------------------------------------------------------------------------------------------------
@@ -151,21 +157,25 @@ int topDirection(const ElevationOutline& o, int ini, int fim) {
   return doubled < 0 ? 1 : -1;
 }
 
-bool standsIn(const KrGeratriz& lista, double x) {
-  return KrObject::Testa_ja_existe(lista, AcGeVector3d(x, 0, 0)) != -1;
+/// Whether a line at x would lie on a side of a rectangle.
+bool isSide(const std::vector<double>& sides, double x) {
+  for (const double side : sides)
+    if (std::fabs(side - x) < kDrawingTolerance) return true;
+  return false;
 }
 
-void markVisible(const ElevationOutline& o, int k, const KrGeratriz& contorno, KrGeratriz& linhas) {
+void markVisible(const ElevationOutline& o, int k, const std::vector<double>& sides, KrGeratriz& linhas) {
   const ElevationOutline::Node& n = o.node(k);
-  if (!o.touchesArc(k, false) && !standsIn(contorno, n.x) && o.visibleFromAbove(k))
+  if (!o.touchesArc(k, false) && !isSide(sides, n.x) && o.visibleFromAbove(k))
     KrObject::administra_vetores(linhas, AcGeVector3d(n.x, n.y, n.z), kVisibleMark);
   if (n.bulge == 0 || ElevationOutline::isMarker(n.bulge)) return;
   const ElevationOutline::Edge e = o.apparentPoint(k);
-  if (!standsIn(contorno, e.x) && o.visibleFromAbove(k))
+  if (!isSide(sides, e.x) && o.visibleFromAbove(k))
     KrObject::administra_vetores(linhas, AcGeVector3d(e.x, e.y, 0), kVisibleMark);
 }
 
-void markVisibleEdges(const ElevationOutline& o, const Extent& e, const KrGeratriz& contorno, KrGeratriz& linhas) {
+void markVisibleEdges(const ElevationOutline& o, const Extent& e, const std::vector<double>& sides,
+                      KrGeratriz& linhas) {
   const int ini = o.first(e.imin);
   const int fim = o.last(e.imin);
   if (e.imax < ini || e.imax > fim) return;
@@ -182,14 +192,14 @@ void markVisibleEdges(const ElevationOutline& o, const Extent& e, const KrGeratr
   int end = e.imax;
   while (step(end, passo) != begin && sameVertex(end, step(end, passo))) end = step(end, passo);
   for (int k = begin;; k = step(k, passo)) {
-    markVisible(o, k, contorno, linhas);
+    markVisible(o, k, sides, linhas);
     if (k == end) break;
   }
 }
 
 // --- Hidden edges ----------------------------------------------------------------------------------------------------
 
-void markHiddenEdges(const ElevationOutline& o, const KrGeratriz& contorno, KrGeratriz& linhas) {
+void markHiddenEdges(const ElevationOutline& o, const std::vector<double>& sides, KrGeratriz& linhas) {
   for (int i = 0; i < o.qtd(); ++i) {
     const ElevationOutline::Node& n = o.node(i);
     AcGeVector3d v(n.x, n.y, n.z);
@@ -200,21 +210,22 @@ void markHiddenEdges(const ElevationOutline& o, const KrGeratriz& contorno, KrGe
       if (edge) v = AcGeVector3d(e.x, e.y, 0);
     }
     if (!edge && o.touchesArc(i, false)) continue;
-    if (!standsIn(contorno, v.x) && !standsIn(linhas, v.x)) linhas.Add(v, kHiddenMark);
+    if (!isSide(sides, v.x) && KrObject::Testa_ja_existe(linhas, v) == -1) linhas.Add(v, kHiddenMark);
   }
 }
 
 void makeElevation(const ElevationOutline& o, double length, const AcGeVector3d& origin, double originBulge,
                    KrGeratriz& contorno, KrGeratriz& linhas) {
   static std::vector<Extent> extents;
+  static std::vector<double> sides;
   extents.clear();
   for (int c = 0; c < o.contours(); ++c) extents.push_back(extentOf(o, o.contourFirst(c), o.contourLast(c)));
   sortExtents(extents);
-  addRectangles(extents, length, contorno);
+  addRectangles(extents, length, contorno, sides);
   contorno.Add(AcGeVector3d(origin.x, 0, 0), originBulge);
 
-  for (const Extent& e : extents) markVisibleEdges(o, e, contorno, linhas);
-  markHiddenEdges(o, contorno, linhas);
+  for (const Extent& e : extents) markVisibleEdges(o, e, sides, linhas);
+  markHiddenEdges(o, sides, linhas);
   const double level = contorno.GetVertex(0).y;
   for (int i = 0; i < linhas.Qtd(); ++i) linhas.GetVertex(i).y = level;
 }

@@ -20,7 +20,7 @@ bool isRealArc(double bulge) {
 
 void ElevationOutline::clear() {
   nodes_.clear();
-  contourOf_.clear();
+  facts_.clear();
   limits_.clear();
   arcs_.clear();
   qtd_ = 0;
@@ -47,15 +47,23 @@ void ElevationOutline::assignPrepared(const KrGeratriz& outline) {
 
 void ElevationOutline::finish() {
   const std::size_t n = static_cast<std::size_t>(qtd_);
-  contourOf_.resize(n);
+  facts_.resize(n);
+  arcs_.resize(n);
   int from = 0;
+  bool arriving = false;
   for (int i = 0; i < qtd_; ++i) {
-    contourOf_[static_cast<std::size_t>(i)] = static_cast<int>(limits_.size());
+    const bool arc = isRealArc(node(i).bulge);
+    Facts& f = facts_[static_cast<std::size_t>(i)];
+    f.contour = static_cast<int>(limits_.size());
+    f.touchesArc = f.touchesArcWrapped = arc || arriving;
+    arcs_[static_cast<std::size_t>(i)].known = false;
+    arriving = arc;
     if (!isMarker(node(i).bulge) && i != qtd_ - 1) continue;
+    // The first node's previous edge is the last of its contour.
+    if (i > from && isRealArc(node(i - 1).bulge)) facts_[static_cast<std::size_t>(from)].touchesArcWrapped = true;
     limits_.push_back({from, i});
     from = i + 1;
   }
-  arcs_.assign(n, Arc{});
   if (nodes_.empty()) return;
   double low = nodes_.front().y;
   double high = low;
@@ -66,19 +74,12 @@ void ElevationOutline::finish() {
   height_ = 2 * (high - low);
 }
 
-bool ElevationOutline::touchesArc(int i, bool wrap) const {
-  if (isRealArc(node(i).bulge)) return true;
-  if (wrap && i == first(i)) {
-    const int end = last(i);
-    return end > i && isRealArc(node(end - 1).bulge);
-  }
-  return i > 0 && isRealArc(node(i - 1).bulge);
-}
-
 const ElevationOutline::Arc& ElevationOutline::arc(int i) const {
   Arc& a = arcs_[static_cast<std::size_t>(i)];
   if (a.known) return a;
   a.known = true;
+  a.isArc = false;
+  a.edge.isEdge = false;
   const Node& p = node(i);
   const Node& q = node(i == last(i) ? first(i) : i + 1);
   const double tol = AcGeContext::gTol.equalPoint();
@@ -175,9 +176,14 @@ bool ElevationOutline::visibleFromAbove(int k) const {
   double ytop = p.y;
   for (int i = 0; i <= qtd_ - 2; ++i) {
     const Node& ni = node(i);
+    if (ni.bulge == 0) {
+      if (std::fabs(ni.x - p.x) > kDrawingTolerance || ni.y <= ytop || touchesArc(i, true)) continue;
+      k = i;
+      ytop = ni.y;
+      continue;
+    }
     if (ni.bulge >= kBulgeCode) continue;
-    if (ni.bulge == 0 && touchesArc(i, true)) continue;
-    const Edge q = ni.bulge == 0 ? Edge{ni.x, ni.y, false} : apparentPoint(i);
+    const Edge q = apparentPoint(i);
     if (std::fabs(q.x - p.x) > kDrawingTolerance || q.y <= ytop) continue;
     k = i;
     ytop = q.y;

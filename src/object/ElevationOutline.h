@@ -44,15 +44,18 @@ class ElevationOutline {
   int qtd() const { return qtd_; }
   const Node& node(int i) const { return nodes_[static_cast<std::size_t>(i)]; }
   /// First and last node of the contour that holds node i.
-  int first(int i) const { return limits_[static_cast<std::size_t>(contourOf_[static_cast<std::size_t>(i)])].first; }
-  int last(int i) const { return limits_[static_cast<std::size_t>(contourOf_[static_cast<std::size_t>(i)])].last; }
+  int first(int i) const { return limitsOf(i).first; }
+  int last(int i) const { return limitsOf(i).last; }
   int contours() const { return static_cast<int>(limits_.size()); }
   int contourFirst(int c) const { return limits_[static_cast<std::size_t>(c)].first; }
   int contourLast(int c) const { return limits_[static_cast<std::size_t>(c)].last; }
 
   /// Whether a real arc touches node i: edges i - 1 and i; with `wrap` the first node's previous edge is its contour's
   /// last.
-  bool touchesArc(int i, bool wrap) const;
+  bool touchesArc(int i, bool wrap) const {
+    const Facts& f = facts_[static_cast<std::size_t>(i)];
+    return wrap ? f.touchesArcWrapped : f.touchesArc;
+  }
   /// The apparent edge of arc i; `isEdge` is false where there is none.
   const Edge& edgeOfArc(int i) const;
   /// The point that stands for node i: its arc's apparent edge, or the node itself.
@@ -63,6 +66,11 @@ class ElevationOutline {
   static bool isMarker(double bulge) { return bulge >= 6000.0 && bulge < 7000.0; }
 
  private:
+  struct Facts {
+    int contour;
+    bool touchesArc;
+    bool touchesArcWrapped;
+  };
   struct Limits {
     int first;
     int last;
@@ -76,6 +84,9 @@ class ElevationOutline {
     bool isArc = false;
   };
 
+  const Limits& limitsOf(int i) const {
+    return limits_[static_cast<std::size_t>(facts_[static_cast<std::size_t>(i)].contour)];
+  }
   void clear();
   void finish();
   const Arc& arc(int i) const;
@@ -84,7 +95,7 @@ class ElevationOutline {
   bool crossing(int i, int j, int k, double sx, double sy, double ty, double& y, bool& own) const;
 
   std::vector<Node> nodes_;
-  std::vector<int> contourOf_;
+  std::vector<Facts> facts_;
   std::vector<Limits> limits_;
   mutable std::vector<Arc> arcs_;
   int qtd_ = 0;

@@ -29,28 +29,36 @@ namespace {
 
 using Node = ElevationOutline::Node;
 
-constexpr double kPi = 3.141592653589793;
-
 /// Ends closer than this are one point, in millimetres; well below the drawing tolerance and above rounding.
 constexpr double kSamePoint = 1e-7;
 
-/// Up to this angle (radians) an arc runs on into its neighbour. Wide enough for the toes of rolled channels, whose
-/// bulge is that of a full quarter on a flange that slopes by 1/6: they miss the tangent by 0.083.
-constexpr double kTangentJoint = 0.1;
+/// Sine of the angle up to which an arc runs on into its neighbour, 0.1 rad. Wide enough for the toes of rolled
+/// channels, whose bulge is that of a full quarter on a flange that slopes by 1/6: they miss the tangent by 0.083 rad.
+constexpr double kTangentJoint = 0.0998334166468282;
 
-/// Up to this angle (radians) two straight edges are one.
+/// Sine of the angle up to which two straight edges are one.
 constexpr double kStraightOn = 1e-5;
 
 /// Two arcs are of one circle when their centres and radii differ by less than this share of the radius.
 constexpr double kSameCircle = 1e-7;
 
+/// Arcs joined into one turn through no more than this, in radians: three quarters.
+constexpr double kLongestArc = 4.71238898038469;
+
 /// From here on an ordinary bulge is none.
 constexpr double kArcLimit = 1000.0;
 
+constexpr double kPi = 3.141592653589793;
+
+struct Direction {
+  double x, y;
+};
+
 struct RingEdge {
-  double x, y, z;  // where it starts
-  double bulge;    // 0 when straight
-  double in, out;  // direction of the tangent at its start and at its end
+  double x, y, z;        // where it starts
+  double bulge;          // 0 when straight
+  Direction start, end;  // along its tangents, of the chord's length
+  bool sharp;            // whether it meets the edge before it at a corner
 };
 
 bool isArc(double bulge) {
@@ -61,22 +69,30 @@ bool samePoint(double x0, double y0, double x1, double y1) {
   return std::fabs(x0 - x1) < kSamePoint && std::fabs(y0 - y1) < kSamePoint;
 }
 
+// Whether a turn from one direction to another is through more than the angle of that sine, which is below a quarter.
+bool turns(const Direction& from, const Direction& to, double sine) {
+  if (from.x * to.x + from.y * to.y <= 0) return true;
+  const double cross = from.x * to.y - from.y * to.x;
+  return cross * cross > sine * sine * (from.x * from.x + from.y * from.y) * (to.x * to.x + to.y * to.y);
+}
+
 class Ring {
  public:
   void clear() { edges_.clear(); }
-  bool empty() const { return edges_.empty(); }
   std::size_t size() const { return edges_.size(); }
 
   void add(double x, double y, double z, double bulge) {
-    edges_.push_back({x, y, z, isArc(bulge) ? bulge : 0.0, 0, 0});
+    edges_.push_back({x, y, z, isArc(bulge) ? bulge : 0.0, {0, 0}, {0, 0}, false});
   }
 
   void simplify() {
-    if (quarterCircle()) return measure();
+    if (!quarterCircle()) {
+      measure();
+      joinNeighbours();
+      divideArcs();
+    }
     measure();
-    joinNeighbours();
-    divideArcs();
-    measure();
+    for (std::size_t i = 0; i < edges_.size(); ++i) edges_[i].sharp = isSharp(previous(i), edges_[i]);
   }
 
   // Writes the ring as nodes, closed by a copy of the first that carries `endBulge`.
@@ -84,11 +100,10 @@ class Ring {
     const std::size_t n = edges_.size();
     const std::size_t start = startEdge();
     const std::size_t begin = out.size();
-    const bool sharpStart = isSharp(start);
     for (std::size_t s = 0; s < n; ++s) {
-      const std::size_t i = (start + s) % n;
+      const std::size_t i = start + s < n ? start + s : start + s - n;
       const RingEdge& e = edges_[i];
-      if (isSharp(i)) {
+      if (e.sharp) {
         // The corner itself; the node that ends an arriving arc stands before it, but for the first, whose stands at
         // the end.
         if (s != 0 && isArc(previous(i).bulge)) out.push_back({e.x, e.y, e.z, 0});
@@ -97,7 +112,7 @@ class Ring {
       out.push_back({e.x, e.y, e.z, e.bulge});
     }
     const Node first = out[begin];
-    if (sharpStart && isArc(previous(start).bulge)) out.push_back({first.x, first.y, first.z, 0});
+    if (edges_[start].sharp && isArc(previous(start).bulge)) out.push_back({first.x, first.y, first.z, 0});
     out.push_back({first.x, first.y, first.z, endBulge});
   }
 
@@ -105,30 +120,35 @@ class Ring {
   const RingEdge& next(std::size_t i) const { return edges_[i + 1 == edges_.size() ? 0 : i + 1]; }
   const RingEdge& previous(std::size_t i) const { return edges_[i == 0 ? edges_.size() - 1 : i - 1]; }
 
+  // The tangents at both ends: the chord turned by half the sweep, whose cosine and sine the bulge gives.
   void measure() {
     for (std::size_t i = 0; i < edges_.size(); ++i) {
       RingEdge& e = edges_[i];
       const RingEdge& q = next(i);
-      const double chord = std::atan2(q.y - e.y, q.x - e.x);
-      const double half = isArc(e.bulge) ? 2 * std::atan(e.bulge / ArcGeometry::kBulgeUnit) : 0;
-      e.in = chord - half;
-      e.out = chord + half;
+      const double dx = q.x - e.x;
+      const double dy = q.y - e.y;
+      if (!isArc(e.bulge)) {
+        e.start = e.end = {dx, dy};
+        continue;
+      }
+      const double t = e.bulge / ArcGeometry::kBulgeUnit;
+      const double cosine = (1 - t * t) / (1 + t * t);
+      const double sine = 2 * t / (1 + t * t);
+      e.start = {dx * cosine + dy * sine, dy * cosine - dx * sine};
+      e.end = {dx * cosine - dy * sine, dy * cosine + dx * sine};
     }
   }
 
-  // Whether the joint at the start of edge i is a corner: between two straight edges always.
-  bool isSharp(std::size_t i) const {
-    const RingEdge& e = edges_[i];
-    const RingEdge& p = previous(i);
-    if (!isArc(e.bulge) && !isArc(p.bulge)) return true;
-    return std::fabs(std::remainder(e.in - p.out, 2 * kPi)) > kTangentJoint;
+  // Between two straight edges there is always a corner.
+  static bool isSharp(const RingEdge& p, const RingEdge& e) {
+    return (!isArc(e.bulge) && !isArc(p.bulge)) || turns(p.end, e.start, kTangentJoint);
   }
 
-  bool oneLine(const RingEdge& p, const RingEdge& e) const {
-    return !isArc(p.bulge) && !isArc(e.bulge) && std::fabs(std::remainder(e.in - p.out, 2 * kPi)) < kStraightOn;
+  static bool oneLine(const RingEdge& p, const RingEdge& e) {
+    return !isArc(p.bulge) && !isArc(e.bulge) && !turns(p.end, e.start, kStraightOn);
   }
 
-  bool oneCircle(const RingEdge& p, const RingEdge& e, const RingEdge& q) const {
+  static bool oneCircle(const RingEdge& p, const RingEdge& e, const RingEdge& q) {
     if (!isArc(p.bulge) || !isArc(e.bulge) || (p.bulge > 0) != (e.bulge > 0)) return false;
     const ArcGeometry a(p.x, p.y, e.x, e.y, p.bulge);
     const ArcGeometry b(e.x, e.y, q.x, q.y, e.bulge);
@@ -144,104 +164,103 @@ class Ring {
     const RingEdge& q = next(0);
     const ArcGeometry g(e.x, e.y, q.x, q.y, e.bulge);
     const double sense = e.bulge > 0 ? 1.0 : -1.0;
-    const double quarter = sense * ArcGeometry::kBulgeUnit * std::tan(kPi / 8);
-    edges_.clear();
-    edges_.push_back({g.cx - g.radius, g.cy, e.z, quarter, 0, 0});
-    edges_.push_back({g.cx, g.cy - sense * g.radius, e.z, quarter, 0, 0});
-    edges_.push_back({g.cx + g.radius, g.cy, e.z, quarter, 0, 0});
-    edges_.push_back({g.cx, g.cy + sense * g.radius, e.z, quarter, 0, 0});
+    const double quarter = sense * ArcGeometry::kBulgeUnit * (std::sqrt(2.0) - 1);
+    clear();
+    add(g.cx - g.radius, g.cy, e.z, quarter);
+    add(g.cx, g.cy - sense * g.radius, e.z, quarter);
+    add(g.cx + g.radius, g.cy, e.z, quarter);
+    add(g.cx, g.cy + sense * g.radius, e.z, quarter);
     return true;
   }
 
   // Joins edge i to the one before it where both are of one line or circle.
   void joinNeighbours() {
     for (std::size_t i = 0; i < edges_.size() && edges_.size() > 2;) {
-      const std::size_t p = i == 0 ? edges_.size() - 1 : i - 1;
-      if (oneLine(edges_[p], edges_[i])) {
-        edges_[p].out = edges_[i].out;
-        edges_.erase(edges_.begin() + static_cast<std::ptrdiff_t>(i));
+      RingEdge& p = edges_[i == 0 ? edges_.size() - 1 : i - 1];
+      const RingEdge& e = edges_[i];
+      const bool joins = oneLine(p, e) || (oneCircle(p, e, next(i)) && joinArc(p, e));
+      if (!joins) {
+        ++i;
         continue;
       }
-      if (oneCircle(edges_[p], edges_[i], next(i)) && joinedBulge(p, i)) {
-        edges_.erase(edges_.begin() + static_cast<std::ptrdiff_t>(i));
-        continue;
-      }
-      ++i;
+      p.end = e.end;
+      edges_.erase(edges_.begin() + static_cast<std::ptrdiff_t>(i));
     }
   }
 
-  // Gives edge p the bulge of both arcs together, unless that is all but a full turn.
-  bool joinedBulge(std::size_t p, std::size_t i) {
-    const double sweep = 4 * (std::atan(edges_[p].bulge / ArcGeometry::kBulgeUnit) +
-                              std::atan(edges_[i].bulge / ArcGeometry::kBulgeUnit));
-    const double bulge = ArcGeometry::kBulgeUnit * std::tan(sweep / 4);
-    if (std::fabs(sweep) > 1.5 * kPi) return false;
-    edges_[p].bulge = bulge;
-    edges_[p].out = edges_[i].out;
+  // Gives arc p the bulge of both together, unless that is all but a full turn.
+  static bool joinArc(RingEdge& p, const RingEdge& e) {
+    const double quarter = std::atan(p.bulge / ArcGeometry::kBulgeUnit) + std::atan(e.bulge / ArcGeometry::kBulgeUnit);
+    if (std::fabs(4 * quarter) > kLongestArc) return false;
+    p.bulge = ArcGeometry::kBulgeUnit * std::tan(quarter);
     return true;
+  }
+
+  // Whether an arc turns back in X between its ends.
+  static bool turnsBack(const ArcGeometry& g) {
+    const auto within = [&g](double x) {
+      return g.holds(x, g.cy, -kSamePoint) && !samePoint(x, g.cy, g.ax, g.ay) &&
+             !samePoint(x, g.cy, g.ax + g.dx, g.ay + g.dy);
+    };
+    // Half a turn or more from one extreme to the other is divided too.
+    return within(g.cx + g.radius) || within(g.cx - g.radius) || std::fabs(g.t) > 1 - kSameCircle;
   }
 
   // Divides every arc where its tangent is vertical, and half-way between two such places.
   void divideArcs() {
-    bool any = false;
-    for (const RingEdge& e : edges_) any = any || isArc(e.bulge);
-    if (!any) return;
     scratch_.clear();
+    bool divided = false;
     for (std::size_t i = 0; i < edges_.size(); ++i) {
       const RingEdge& e = edges_[i];
-      if (!isArc(e.bulge)) {
-        scratch_.push_back(e);
-        continue;
+      const RingEdge& q = next(i);
+      if (isArc(e.bulge)) {
+        const ArcGeometry g(e.x, e.y, q.x, q.y, e.bulge);
+        if (turnsBack(g)) {
+          divide(g, e.z);
+          divided = true;
+          continue;
+        }
       }
-      divide(e, next(i));
+      scratch_.push_back(e);
     }
-    edges_.swap(scratch_);
+    if (divided) edges_.swap(scratch_);
   }
 
-  void divide(const RingEdge& e, const RingEdge& q) {
-    const ArcGeometry g(e.x, e.y, q.x, q.y, e.bulge);
+  void divide(const ArcGeometry& g, double z) {
     const double sweep = 4 * std::atan(g.t);
-    const double start = std::atan2(e.y - g.cy, e.x - g.cx);
-    // Share of the sweep at which the arc passes angle m * pi, its extremes in X, strictly within.
-    double cuts[5];
-    int n = 0;
+    const double start = std::atan2(g.ay - g.cy, g.ax - g.cx);
     const double slack = kSamePoint / g.radius;
+    // Shares of the sweep at which the arc passes angle m * pi, its extremes in X, strictly within.
+    double extremes[4];
+    int n = 0;
     for (int m = -3; m <= 3 && n < 3; ++m) {
       const double at = (m * kPi - start) / sweep;
-      if (at * std::fabs(sweep) > slack && (1 - at) * std::fabs(sweep) > slack) cuts[n++] = at;
+      if (at * std::fabs(sweep) > slack && (1 - at) * std::fabs(sweep) > slack) extremes[n++] = at;
     }
-    std::sort(cuts, cuts + n);
-    // Between two extremes lies a half turn, and from an extreme to an end of the arc that is an extreme itself too.
-    double all[12];
-    int count = 0;
-    double last = 0;
-    for (int c = 0; c <= n; ++c) {
-      const double to = c < n ? cuts[c] : 1.0;
-      if ((to - last) * std::fabs(sweep) > kPi - slack) all[count++] = (last + to) / 2;
-      if (c < n) all[count++] = to;
-      last = to;
-    }
+    std::sort(extremes, extremes + n);
+    extremes[n] = 1;
     double from = 0;
-    double x = e.x;
-    double y = e.y;
-    for (int c = 0; c <= count; ++c) {
-      const double to = c < count ? all[c] : 1.0;
-      scratch_.push_back({x, y, e.z, ArcGeometry::kBulgeUnit * std::tan(sweep * (to - from) / 4), 0, 0});
-      if (c == count) break;
+    AcGePoint2d at(g.ax, g.ay);
+    const auto piece = [&](double to, bool extreme) {
+      scratch_.push_back(
+          {at.x, at.y, z, ArcGeometry::kBulgeUnit * std::tan(sweep * (to - from) / 4), {0, 0}, {0, 0}, false});
       const double angle = start + sweep * to;
-      const double sine = std::sin(angle);
-      // At an extreme the point lies on the horizontal through the centre, whatever the rounding.
-      const bool extreme = std::fabs(sine) < 1e-9;
-      x = g.cx + g.radius * (extreme ? (std::cos(angle) > 0 ? 1.0 : -1.0) : std::cos(angle));
-      y = g.cy + (extreme ? 0.0 : g.radius * sine);
+      // An extreme lies on the horizontal through the centre, whatever the rounding.
+      at = extreme ? AcGePoint2d(g.cx + (std::cos(angle) > 0 ? g.radius : -g.radius), g.cy)
+                   : AcGePoint2d(g.cx + g.radius * std::cos(angle), g.cy + g.radius * std::sin(angle));
       from = to;
+    };
+    for (int c = 0; c <= n; ++c) {
+      // A half turn leads from one extreme to the other: its middle parts what belongs to each.
+      if ((extremes[c] - from) * std::fabs(sweep) > kPi - slack) piece((from + extremes[c]) / 2, false);
+      piece(extremes[c], c < n);
     }
   }
 
   std::size_t startEdge() const {
     std::size_t leftmost = 0;
     for (std::size_t i = 0; i < edges_.size(); ++i) {
-      if (isSharp(i)) return i;
+      if (edges_[i].sharp) return i;
       if (edges_[i].x < edges_[leftmost].x) leftmost = i;
     }
     return leftmost;
