@@ -330,16 +330,13 @@ void KrObject::InterceptaLinhas(const AcGeLinearEnt2d& linha, AcArray<AcGeVector
   for (int i = 0; i < n; ++i) {
     const AcGeVector3d& v = outline.GetVertex(i);
     const double bulge = outline.GetBulge(i);
-    const bool marker = KrGeratriz::isContourEnd(bulge);
-    if (!marker && i != n - 1) {
-      points.append(AcGePoint2d(v.x, v.y));
+    points.append(AcGePoint2d(v.x, v.y));
+    // The last node of a contour belongs to it whatever its marker: without it the edge that closes a thickened line is lost.
+    if (!KrGeratriz::isContourEnd(bulge) && i != n - 1) {
       bulges.append(bulge / ArcGeometry::kBulgeUnit);
       continue;
     }
-    if (std::fabs(bulge - kMarkerBase) > AcGeContext::gTol.equalPoint()) {
-      points.append(AcGePoint2d(v.x, v.y));
-      bulges.append(0.0);
-    }
+    bulges.append(0.0);
     intersectWith2dFence(linha, points, bulges, found);
     points.setLogicalLength(0);
     bulges.setLogicalLength(0);
