@@ -331,7 +331,8 @@ void KrObject::InterceptaLinhas(const AcGeLinearEnt2d& linha, AcArray<AcGeVector
     const AcGeVector3d& v = outline.GetVertex(i);
     const double bulge = outline.GetBulge(i);
     points.append(AcGePoint2d(v.x, v.y));
-    // The last node of a contour belongs to it whatever its marker: without it the edge that closes a thickened line is lost.
+    // The last node of a contour belongs to it whatever its marker: without it the edge that closes a thickened line is
+    // lost.
     if (!KrGeratriz::isContourEnd(bulge) && i != n - 1) {
       bulges.append(bulge / ArcGeometry::kBulgeUnit);
       continue;

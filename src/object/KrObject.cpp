@@ -305,8 +305,8 @@ Acad::ErrorStatus KrObject::setComprimentoReal(double d) {
 
 Acad::ErrorStatus KrObject::swapStartEnd() {
   assertWriteEnabled();
-  std::swap(startPoint_, endPoint_);
   const AcGeVector3d v = endPoint_ - startPoint_;
+  std::swap(startPoint_, endPoint_);
   angleVista_ = std::atan2(v.y, v.x);
   if (angleVista_ < 0) angleVista_ += 2 * kPi;
   Gera_KrVector();

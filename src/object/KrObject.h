@@ -172,7 +172,8 @@ class KrObject : public AcDbEntity {
   double getComprimentoReal() const;
   /// In an elevation the stored length becomes `xScale` times `d`; otherwise `d`.
   Acad::ErrorStatus setComprimentoReal(double d);
-  /// Exchanges both ends, turns `angleVista` by way of the new direction (into 0 to 2 pi) and regenerates.
+  /// Exchanges the two end points and regenerates. The direction stays: `angleVista` is the angle from the old start to
+  /// the old end, in 0 to 2 pi, which is what callers rely on.
   Acad::ErrorStatus swapStartEnd();
 
   // --- Visual limits -------------------------------------------------------------------------------------------------

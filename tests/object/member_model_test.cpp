@@ -159,13 +159,13 @@ TEST(Member, TrussPatternCountsWhenItsThirdWordIsPositive) {
   EXPECT_FALSE(member.GetFuracaoByTrelica(back)) << "the word is signed";
 }
 
-TEST(Member, SwappingItsEndsTurnsItRoundAndRegenerates) {
+TEST(Member, SwappingItsEndsExchangesThePointsAndKeepsTheDirection) {
   TestMember member;
-  member.make(kPlate, Superior, 100, 0, {10, 20, 0});
+  member.make(kPlate, Secao, 100, 3 * kPi / 2, {10, 120, 0});
+  ASSERT_TRUE(member.endPoint().isEqualTo(AcGePoint3d(10, 20, 0)));
   member.swapStartEnd();
-  EXPECT_NEAR(member.angleVista(), kPi, 1e-12);
-  EXPECT_TRUE(member.startPoint().isEqualTo(AcGePoint3d(110, 20, 0)));
-  EXPECT_TRUE(member.endPoint().isEqualTo(AcGePoint3d(10, 20, 0)));
+  EXPECT_NEAR(member.angleVista(), 3 * kPi / 2, 1e-12) << "in 0 to 2 pi";
+  EXPECT_TRUE(member.startPoint().isEqualTo(AcGePoint3d(10, 20, 0)));
 }
 
 TEST(MemberCopy, OfDataAloneLeavesListsScalesAndHoles) {
