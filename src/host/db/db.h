@@ -34,6 +34,4 @@
 #include "host/db/AcDbXrecord.h"
 #include "host/db/acdbOpen.h"
 #include "host/db/resbuf.h"
-#if __has_include("host/db/entities/entities.h")
 #include "host/db/entities/entities.h"
-#endif
