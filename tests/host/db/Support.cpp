@@ -21,6 +21,7 @@ Acad::ErrorStatus Probe::applyPartialUndo(AcDbDwgFiler* filer, AcRxClass* aClass
 
 Acad::ErrorStatus Probe::dwgOutFields(AcDbDwgFiler* filer) const {
   if (const Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer); es != Acad::eOk) return es;
+  ++filed;
   filer->writeInt32(value_);
   filer->writeHardPointerId(hardPointer);
   filer->writeSoftPointerId(softPointer);
@@ -30,6 +31,7 @@ Acad::ErrorStatus Probe::dwgOutFields(AcDbDwgFiler* filer) const {
 
 Acad::ErrorStatus Probe::dwgInFields(AcDbDwgFiler* filer) {
   if (const Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer); es != Acad::eOk) return es;
+  if (whileReading != nullptr) whileReading(*this);
   filer->readInt32(&value_);
   filer->readHardPointerId(&hardPointer);
   filer->readSoftPointerId(&softPointer);

@@ -34,6 +34,8 @@ class Probe : public AcDbEntity {
   int closes = 0;
   int writableCloses = 0;
   bool writeWhenTold = false;
+  mutable int filed = 0;                                 ///< times that it was written to a filer
+  static inline void (*whileReading)(Probe&) = nullptr;  ///< called when it is read
 
   Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
   Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;

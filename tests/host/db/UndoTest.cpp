@@ -217,4 +217,38 @@ TEST_F(Undo, ALayerAddedIsGoneAndItsNameFree) {
   EXPECT_TRUE(table->has(L"eixo"));
 }
 
+std::vector<Acad::ErrorStatus> openedWhileReading;
+
+TEST_F(Undo, AnObjectThatItReadsOpensForNotifyOnly) {
+  setValue(id, 2);
+  openedWhileReading.clear();
+  Probe::whileReading = [](Probe& probe) {
+    EXPECT_TRUE(probe.isUndoing());
+    for (const AcDb::OpenMode mode : {AcDb::kForRead, AcDb::kForWrite, AcDb::kForNotify}) {
+      AcDbObject* opened = nullptr;
+      openedWhileReading.push_back(acdbOpenObject(opened, probe.objectId(), mode));
+      Adesk::Boolean wasWritable = Adesk::kFalse;
+      if (opened != nullptr) openedWhileReading.push_back(opened->upgradeFromNotify(wasWritable));
+    }
+    probe.objectId().stub()->flags &= ~Adesk::UInt32(AcDbStub::kOpenForNotify);
+  };
+  db.undo();
+  Probe::whileReading = nullptr;
+  EXPECT_EQ(openedWhileReading,
+            (std::vector{Acad::eWasOpenForUndo, Acad::eWasOpenForUndo, Acad::eOk, Acad::eWasOpenForUndo}));
+}
+
+TEST_F(Undo, ANewObjectsFirstWritesTakeNoCopy) {
+  auto* const probe = new Probe(1);
+  {
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(db.modelSpaceId(), AcDb::kForWrite);
+    ASSERT_EQ(space->appendAcDbEntity(probe), Acad::eOk);
+  }
+  probe->setValue(2);
+  probe->close();
+  EXPECT_EQ(probe->filed, 0);
+  setValue(probe->objectId(), 3);
+  EXPECT_EQ(probe->filed, 1);
+}
+
 }  // namespace
