@@ -40,14 +40,14 @@ std::string quoted(const std::string& text) {
 testing::AssertionResult fitsSchema(const std::string& text, const std::string& schema) {
   const TestFolder folder;
   const std::string file = folder.write("data.json", text);
-  const Run run = runShell("/usr/bin/python3 -m jsonschema -i " + quoted(file) + " '" KR_SOURCE_DIR "/data/schemas/" +
-                           schema + "'");
+  const Outcome run = runShell("/usr/bin/python3 -m jsonschema -i " + quoted(file) +
+                               " '" KR_SOURCE_DIR "/data/schemas/" + schema + "'");
   if (run.code == 0) return testing::AssertionSuccess();
   return testing::AssertionFailure() << run.out << run.err;
 }
 
 TEST(Program, TellsItsVersionOnStandardOutput) {
-  const Run run = runShell("kr --version");
+  const Outcome run = runShell("kr --version");
   EXPECT_EQ(run.code, 0);
   EXPECT_THAT(run.out, testing::MatchesRegex("kr [0-9]+\\.[0-9]+\\.[0-9]+\n"));
   EXPECT_EQ(run.err, "");
@@ -58,7 +58,7 @@ TEST(Program, EndsWithCode1OnAWrongCommandLine) {
                            "kr bom x.json --json --csv", "kr build x.json y.doc", "kr build x.json -",
                            "kr build x.json y.pdf y.pdf", "kr build x.json y.png --resolution 5", "kr help nothing",
                            "kr list x.json -q -v", "kr build x.json y.pdf --format gif"}) {
-    const Run run = runShell(line);
+    const Outcome run = runShell(line);
     EXPECT_EQ(run.code, 1) << line;
     EXPECT_EQ(run.out, "") << line;
     EXPECT_THAT(run.err, StartsWith("kr: ")) << line;
@@ -68,7 +68,7 @@ TEST(Program, EndsWithCode1OnAWrongCommandLine) {
 
 TEST(Program, ShowsHelpOnStandardOutput) {
   for (const char* line : {"kr help", "kr --help", "kr -h", "kr help build", "kr build --help", "kr bom -h"}) {
-    const Run run = runShell(line);
+    const Outcome run = runShell(line);
     EXPECT_EQ(run.code, 0) << line;
     EXPECT_THAT(run.out, HasSubstr("Usage: kr")) << line;
     EXPECT_EQ(run.err, "") << line;
@@ -82,7 +82,7 @@ TEST(Program, EndsWithCode3OnABadJobAndTellsEveryError) {
                    "{\"kr\": 1, \"nodes\": {\"A\": [0, 0]},\n"
                    " \"profiles\": {\"p\": {\"class\": \"KrTubo\", \"Diametro\": -5, \"Espessura\": 1}},\n"
                    " \"members\": [{\"name\": \"1\", \"profile\": \"q\", \"from\": \"A\", \"to\": \"A\"}]}\n");
-  const Run run = runShell("kr build " + quoted(job) + " " + quoted(folder.path("out.pdf")));
+  const Outcome run = runShell("kr build " + quoted(job) + " " + quoted(folder.path("out.pdf")));
   EXPECT_EQ(run.code, 3);
   EXPECT_EQ(run.out, "");
   EXPECT_THAT(run.err, AllOf(HasSubstr("3 errors"), HasSubstr("bad.json:2:"), HasSubstr("/profiles/p/Diametro"),
@@ -98,9 +98,9 @@ TEST(Program, EndsWithCode3WhenTheJobCannotBeRead) {
 
 TEST(Program, DrawsEveryFormatAtOnceAndReadsFromAPipe) {
   const TestFolder folder;
-  const Run run = runShell("kr build - " + quoted(folder.path("a.pdf")) + " " + quoted(folder.path("a.svg")) + " " +
-                               quoted(folder.path("a.png")),
-                           kSmallJob);
+  const Outcome run = runShell("kr build - " + quoted(folder.path("a.pdf")) + " " + quoted(folder.path("a.svg")) + " " +
+                                   quoted(folder.path("a.png")),
+                               kSmallJob);
   ASSERT_EQ(run.code, 0) << run.err;
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(run.err, "");
@@ -111,14 +111,14 @@ TEST(Program, DrawsEveryFormatAtOnceAndReadsFromAPipe) {
 }
 
 TEST(Program, DrawsIntoAPipe) {
-  const Run run = runShell("kr build - - --format svg", kSmallJob);
+  const Outcome run = runShell("kr build - - --format svg", kSmallJob);
   ASSERT_EQ(run.code, 0) << run.err;
   EXPECT_THAT(run.out, AllOf(StartsWith("<?xml"), EndsWith("</svg>\n")));
 }
 
 TEST(Program, DrawsTheSameBytesEachTime) {
-  const Run first = runShell("kr build - - --format pdf", kSmallJob);
-  const Run second = runShell("kr build - - --format pdf", kSmallJob);
+  const Outcome first = runShell("kr build - - --format pdf", kSmallJob);
+  const Outcome second = runShell("kr build - - --format pdf", kSmallJob);
   ASSERT_EQ(first.code, 0) << first.err;
   EXPECT_EQ(first.out, second.out);
 }
@@ -126,7 +126,7 @@ TEST(Program, DrawsTheSameBytesEachTime) {
 TEST(Program, ReplacesNoFileUnasked) {
   const TestFolder folder;
   const std::string file = folder.write("old.pdf", "old");
-  const Run refused = runShell("kr build - " + quoted(file), kSmallJob);
+  const Outcome refused = runShell("kr build - " + quoted(file), kSmallJob);
   EXPECT_EQ(refused.code, 4);
   EXPECT_THAT(refused.err, HasSubstr("--overwrite"));
   EXPECT_EQ(folder.read("old.pdf"), "old");
@@ -152,7 +152,7 @@ TEST(Program, EndsWithCode4WhenAnOutputCannotBeWritten) {
 }
 
 TEST(Program, EndsWithCode4OnAFullDisk) {
-  const Run onOutput = runShell("kr bom - > /dev/full", kSmallJob);
+  const Outcome onOutput = runShell("kr bom - > /dev/full", kSmallJob);
   EXPECT_EQ(onOutput.code, 4);
   EXPECT_THAT(onOutput.err, HasSubstr("No space left"));
   EXPECT_EQ(runShell("kr bom - -o /dev/full", kSmallJob).code, 4);
@@ -161,7 +161,7 @@ TEST(Program, EndsWithCode4OnAFullDisk) {
 }
 
 TEST(Program, WeighsByHand) {
-  const Run run = runShell("kr bom - --json", kSmallJob);
+  const Outcome run = runShell("kr bom - --json", kSmallJob);
   ASSERT_EQ(run.code, 0) << run.err;
   EXPECT_TRUE(fitsSchema(run.out, "bom.schema.json"));
   const json bom = json::parse(run.out);
@@ -183,7 +183,7 @@ TEST(Program, WeighsByHand) {
 }
 
 TEST(Program, WritesItsBillAsTextAndCsv) {
-  const Run text = runShell("kr bom -", kSmallJob);
+  const Outcome text = runShell("kr bom -", kSmallJob);
   ASSERT_EQ(text.code, 0) << text.err;
   EXPECT_THAT(text.out, AllOf(StartsWith("Pos"), HasSubstr("Total"), HasSubstr("5000.0")));
   const TestFolder folder;
@@ -192,24 +192,24 @@ TEST(Program, WritesItsBillAsTextAndCsv) {
 }
 
 TEST(Program, ListsWhatMembersSayOfThemselves) {
-  const Run one = runShell("kr list - T1", kSmallJob);
+  const Outcome one = runShell("kr list - T1", kSmallJob);
   ASSERT_EQ(one.code, 0) << one.err;
   EXPECT_THAT(one.out, AllOf(HasSubstr("Nome            T1"), HasSubstr("Vista           : Superior"),
                              HasSubstr("Tipo de Barra   : Diagonal"), Not(HasSubstr("R1"))));
-  const Run all = runShell("kr list - --json", kSmallJob);
+  const Outcome all = runShell("kr list - --json", kSmallJob);
   ASSERT_EQ(all.code, 0) << all.err;
   EXPECT_TRUE(fitsSchema(all.out, "list.schema.json"));
   EXPECT_EQ(json::parse(all.out).at("members").size(), 3U);
-  const Run none = runShell("kr list - T9", kSmallJob);
+  const Outcome none = runShell("kr list - T9", kSmallJob);
   EXPECT_EQ(none.code, 1);
   EXPECT_THAT(none.err, HasSubstr("did you mean \"T1\"?"));
 }
 
 TEST(Program, TellsTheModulesVersion) {
-  const Run run = runShell("kr about");
+  const Outcome run = runShell("kr about");
   ASSERT_EQ(run.code, 0) << run.err;
   EXPECT_THAT(run.out, AllOf(StartsWith("KR_Trama 4.102"), HasSubstr("0x00000009")));
-  const Run asJson = runShell("kr about --json");
+  const Outcome asJson = runShell("kr about --json");
   EXPECT_TRUE(fitsSchema(asJson.out, "about.schema.json"));
   EXPECT_EQ(json::parse(asJson.out).at("productVersion"), "4.102");
 }
@@ -219,7 +219,7 @@ TEST(Program, DescribesItselfAsJson) {
 }
 
 TEST(Program, FindsItsInstallFolderBesideItselfAndTakesAnother) {
-  const Run none = runShell("kr bom - --data /no/such/folder", kSmallJob);
+  const Outcome none = runShell("kr bom - --data /no/such/folder", kSmallJob);
   EXPECT_EQ(none.code, 3);
   EXPECT_THAT(none.err, HasSubstr("/no/such/folder"));
   const TestFolder folder;
@@ -234,7 +234,7 @@ TEST(Program, TellsAMissingSideLibraryInTheModulesWords) {
   const TestFolder folder;
   fs::copy(KR_INSTALL_FOLDER, folder.path("data"), fs::copy_options::recursive | fs::copy_options::copy_symlinks);
   fs::remove(folder.path("data/Support/krobjfn_ryB16._kr"));
-  const Run run = runShell("kr bom - --data " + quoted(folder.path("data")), kSmallJob);
+  const Outcome run = runShell("kr bom - --data " + quoted(folder.path("data")), kSmallJob);
   EXPECT_EQ(run.code, 3);
   EXPECT_THAT(run.err, HasSubstr("Não foi possível carregar uma DLL, o KR_Trama não irá funcionar corretamente."));
 }
@@ -246,7 +246,7 @@ TEST(Program, TellsASideLibraryThatLacksItsFunctions) {
   fs::remove(library);
   const std::string source = folder.write("side.c", "int krIsBulge6000(double b) { return b >= 6000; }\n");
   ASSERT_EQ(runShell("cc -shared -fPIC -o " + quoted(library) + " " + quoted(source)).code, 0);
-  const Run run = runShell("kr bom - --data " + quoted(folder.path("data")), kSmallJob);
+  const Outcome run = runShell("kr bom - --data " + quoted(folder.path("data")), kSmallJob);
   EXPECT_EQ(run.code, 3);
   EXPECT_THAT(run.err, AllOf(HasSubstr("krMidArco"), HasSubstr("krAppendEntity"), Not(HasSubstr("krIsBulge6000"))));
 }
@@ -257,7 +257,7 @@ TEST(Program, TellsMissingAndBrokenLayerFiles) {
   const std::string layers = folder.path("data/Prototipo/LayersUSR.cfg");
   fs::remove(layers);
   const std::string line = "kr bom - --data " + quoted(folder.path("data"));
-  const Run missing = runShell(line, kSmallJob);
+  const Outcome missing = runShell(line, kSmallJob);
   EXPECT_EQ(missing.code, 3);
   EXPECT_THAT(missing.err, HasSubstr("LayersUSR.cfg"));
   folder.write("data/Prototipo/LayersUSR.cfg", "no mark at the end\n");
@@ -266,17 +266,17 @@ TEST(Program, TellsMissingAndBrokenLayerFiles) {
 
 TEST(Program, RefusesASheetThatCannotHoldWhatItShallShow) {
   std::string job = kSmallJob;
-  job.insert(job.rfind('}'), R"(, "sheets": [{"size": "A4", "scale": "1:1"}])");
-  const Run run = runShell("kr build - - --format pdf", job);
+  job.insert(job.rfind('}'), R"(, "sheets": [{"size": "A2", "scale": "1:1"}])");
+  const Outcome run = runShell("kr build - - --format pdf", job);
   EXPECT_EQ(run.code, 3);
   EXPECT_THAT(run.err, HasSubstr("the largest scale that does is 1:"));
 }
 
 TEST(Program, ShowsTheTrussWithItsTitleMarksAndBill) {
   const TestFolder folder;
-  const Run run = runShell("kr build " + kTruss + " " + quoted(folder.path("truss.pdf")));
+  const Outcome run = runShell("kr build " + kTruss + " " + quoted(folder.path("truss.pdf")));
   ASSERT_EQ(run.code, 0) << run.err;
-  const Run text = runShell("pdftotext -layout " + quoted(folder.path("truss.pdf")) + " -");
+  const Outcome text = runShell("pdftotext -layout " + quoted(folder.path("truss.pdf")) + " -");
   ASSERT_EQ(text.code, 0) << text.err;
   EXPECT_THAT(text.out, AllOf(HasSubstr("Roof truss TR1"), HasSubstr("KR-001-TR1"), HasSubstr("1:50"),
                               HasSubstr("BILL OF MATERIALS"), HasSubstr("ELEVATION"), HasSubstr("SECTIONS")));
@@ -285,11 +285,11 @@ TEST(Program, ShowsTheTrussWithItsTitleMarksAndBill) {
 }
 
 TEST(Program, WorksOutTheTrussFromItsNodes) {
-  const Run run = runShell("kr list " + kTruss + " BS1 --json");
+  const Outcome run = runShell("kr list " + kTruss + " BS1 --json");
   ASSERT_EQ(run.code, 0) << run.err;
-  // Half a span of 12 m rising 1.8 m.
-  EXPECT_NEAR(json::parse(run.out)["members"][0]["length"], std::hypot(12000.0, 1800.0), 1e-6);
-  const Run post = runShell("kr list " + kTruss + " M1 --json");
+  // Half a span of 12 m rising 1.8 m, and 80 mm beyond the first node.
+  EXPECT_NEAR(json::parse(run.out)["members"][0]["length"], std::hypot(12000.0, 1800.0) + 80, 1e-6);
+  const Outcome post = runShell("kr list " + kTruss + " M1 --json");
   // The end post of 114.3 stands on the bottom chord of 139.7, square to it, and meets the top chord of 168.3 at its
   // slope; 10 mm stay free at either end.
   const double slope = std::atan2(1800.0, 12000.0);

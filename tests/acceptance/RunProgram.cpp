@@ -47,13 +47,13 @@ std::size_t TestFolder::count() const {
   return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
 }
 
-Run runShell(const std::string& command, const std::string& input) {
+Outcome runShell(const std::string& command, const std::string& input) {
   const TestFolder folder;
   store(folder.path("in"), input);
   const std::string line = "kr() { '" KR_BINARY_DIR "/bin/kr' \"$@\"; }; ( " + command + " ) < '" + folder.path("in") +
                            "' > '" + folder.path("out") + "' 2> '" + folder.path("err") + "'";
   const int status = std::system(line.c_str());
-  Run run;
+  Outcome run;
   run.code = WIFEXITED(status) ? WEXITSTATUS(status) : kSignalled + WTERMSIG(status);
   run.out = folder.read("out");
   run.err = folder.read("err");

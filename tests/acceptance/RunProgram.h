@@ -4,7 +4,7 @@
 #include <string>
 
 /// What a run of the built program left.
-struct Run {
+struct Outcome {
   int code = -1;  ///< the exit code, or 128 and the signal that ended it
   std::string out;
   std::string err;
@@ -12,7 +12,7 @@ struct Run {
 
 /// Runs a command of the shell in which `kr` is the built program, with `input` as its standard input, in the folder of
 /// the test. Standard output and standard error are gathered apart.
-Run runShell(const std::string& command, const std::string& input = {});
+Outcome runShell(const std::string& command, const std::string& input = {});
 
 /// A folder of this test's own, empty at first, gone at the end.
 class TestFolder {

@@ -30,6 +30,11 @@ TEST(Bom, DoesNotChainLengthsThatDifferByLittleIntoOneRow) {
   EXPECT_EQ(kr::makeBom({piece("A", 1000), piece("B", 1000.008), piece("C", 1000.016)}).items.size(), 2U);
 }
 
+TEST(Bom, NamesEqualMembersInTheOrderOfTheJob) {
+  const kr::Bom bom = kr::makeBom({piece("A", 1000), piece("B", 1000.005)});
+  EXPECT_EQ(bom.items[0].members, (std::vector<std::string>{"A", "B"}));
+}
+
 TEST(Bom, KeepsSectionsApart) {
   EXPECT_EQ(kr::makeBom({piece("A", 1000), piece("B", 1000, "90x8")}).items.size(), 2U);
 }

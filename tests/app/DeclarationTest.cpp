@@ -47,7 +47,8 @@ TEST(Declaration, NamesAreLowerCaseWithDashesAndStandOnceInAVerb) {
     for (const kr::OptionDeclaration& option : optionsOf(verb)) {
       EXPECT_THAT(std::string(option.name), testing::MatchesRegex("--[a-z][a-z-]*"));
       EXPECT_TRUE(names.insert(option.name).second) << verb.name << " " << option.name;
-      if (option.letter != '\0') EXPECT_TRUE(letters.insert(option.letter).second) << verb.name << " " << option.letter;
+      if (option.letter == '\0') continue;
+      EXPECT_TRUE(letters.insert(option.letter).second) << verb.name << " " << option.letter;
     }
   }
 }
@@ -57,7 +58,8 @@ TEST(Declaration, EveryVerbThatReportsHasJsonAndAPublishedSchema) {
     bool json = false;
     for (const kr::OptionDeclaration& option : verb.options) json = json || option.name == "--json";
     EXPECT_EQ(json, !verb.schema.empty()) << verb.name;
-    if (json) EXPECT_FALSE(contentsOf("data/schemas/" + std::string(verb.schema)).empty()) << verb.name;
+    if (!json) continue;
+    EXPECT_FALSE(contentsOf("data/schemas/" + std::string(verb.schema)).empty()) << verb.name;
   }
 }
 

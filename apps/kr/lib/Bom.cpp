@@ -1,7 +1,6 @@
 #include "Bom.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <string_view>
@@ -16,10 +15,6 @@ constexpr int kLengthDecimals = 1;
 constexpr int kWeightDecimals = 2;
 constexpr int kAreaDecimals = 3;
 constexpr int kCsvDecimals = 6;  // a tenth of a milligram, a square millimetre: nothing is lost in a spreadsheet
-
-bool sameSection(const BomPiece& a, const BomPiece& b) {
-  return std::tie(a.profileClass, a.designation, a.dimensions) == std::tie(b.profileClass, b.designation, b.dimensions);
-}
 
 using Row = std::vector<std::string>;
 
@@ -114,16 +109,23 @@ Bom makeBom(const std::vector<BomPiece>& pieces) {
     members[place->second].push_back(i);
   }
   Bom bom;
+  std::vector<std::vector<std::size_t>> rows;
   for (std::vector<std::size_t>& section : members) {
     std::stable_sort(section.begin(), section.end(),
                      [&](std::size_t a, std::size_t b) { return pieces[a].length > pieces[b].length; });
     const std::size_t first = bom.items.size();
     for (const std::size_t i : section) {
-      const bool joins = bom.items.size() > first && sameSection(bom.items.back().piece, pieces[i]) &&
-                         bom.items.back().piece.length - pieces[i].length <= kEqualLength;
-      if (!joins) bom.items.push_back({static_cast<int>(bom.items.size()) + 1, pieces[i], {}});
-      bom.items.back().members.push_back(pieces[i].name);
+      const bool joins = bom.items.size() > first && bom.items.back().piece.length - pieces[i].length <= kEqualLength;
+      if (!joins) {
+        bom.items.push_back({static_cast<int>(bom.items.size()) + 1, pieces[i], {}});
+        rows.emplace_back();
+      }
+      rows.back().push_back(i);
     }
+  }
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    std::sort(rows[row].begin(), rows[row].end());
+    for (const std::size_t i : rows[row]) bom.items[row].members.push_back(pieces[i].name);
   }
   return bom;
 }

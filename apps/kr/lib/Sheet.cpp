@@ -4,7 +4,7 @@
 #include <cmath>
 #include <memory>
 
-#include "Number.h"
+#include "Drawing.h"
 #include "Painter.h"
 #include "Scale.h"
 #include "SheetElevation.h"
@@ -12,6 +12,7 @@
 #include "SheetSections.h"
 #include "SheetTable.h"
 #include "host/db/db.h"
+#include "support/Layers.h"
 
 namespace kr {
 namespace {
@@ -39,6 +40,20 @@ void viewTitle(Painter& painter, double centre, double base, const std::string& 
   painter.line({centre - half, base - 1.5}, {centre + half, base - 1.5}, Pen::kBox);
 }
 
+// The system's layers come without line weights; on paper outlines stand out from hidden lines, and those from axes.
+void weighLayers(AcDbDatabase& database) {
+  constexpr std::pair<const wchar_t*, AcDb::LineWeight> kWeights[] = {
+      {kMemberLayer, AcDb::kLnWt035}, {L"L-HIDDEN", AcDb::kLnWt018}, {L"EIXO", AcDb::kLnWt013}};
+  for (const auto& [name, weight] : kWeights) {
+    AcDbObjectId id;
+    const wchar_t* user = KrLayerToUsr(name);
+    const AcDbObjectPointer<AcDbLayerTable> table(database.layerTableId(), AcDb::kForRead);
+    if (table.openStatus() != Acad::eOk || table->getAt(user, id) != Acad::eOk) continue;
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
+    if (layer.openStatus() == Acad::eOk && layer->lineWeight() == AcDb::kLnWtByLwDefault) layer->setLineWeight(weight);
+  }
+}
+
 // One sheet while it is laid out.
 class Layout {
  public:
@@ -58,6 +73,9 @@ class Layout {
   void drawNotes(double top);
   void drawElevation(double top);
   void drawDetails(double top);
+  Area detailFrame(const JobDetail& detail) const;  // in the elevation
+  JobPoint letterPlace(const Area& frame) const;
+  std::vector<Stroke> detailFrames() const;
   double elevationHeight() const;
   double detailsHeight() const;
   double detailsWidth() const;
@@ -150,6 +168,37 @@ bool Layout::drawColumn(std::string& why) {
   return true;
 }
 
+Area Layout::detailFrame(const JobDetail& detail) const {
+  const double shrink = scale_ / detail.scale / 2;
+  const JobPoint centre = place_(drawn_.job.points[detail.at]);
+  return {centre.x - detail.width * shrink, centre.y - detail.height * shrink, centre.x + detail.width * shrink,
+          centre.y + detail.height * shrink};
+}
+
+// Outside the corner of a detail's frame that is farthest from the members.
+JobPoint Layout::letterPlace(const Area& frame) const {
+  constexpr double kOff = kLargeText / 2 + 1;
+  const std::vector<Stroke> members = memberStrokes(drawn_.job, place_);
+  const JobPoint corners[] = {{frame.right + kOff, frame.top + kOff},
+                              {frame.left - kOff, frame.top + kOff},
+                              {frame.right + kOff, frame.bottom - kOff},
+                              {frame.left - kOff, frame.bottom - kOff}};
+  return *std::max_element(std::begin(corners), std::end(corners),
+                           [&](JobPoint a, JobPoint b) { return clearanceOf(a, members) < clearanceOf(b, members); });
+}
+
+std::vector<Stroke> Layout::detailFrames() const {
+  std::vector<Stroke> strokes;
+  for (const JobDetail& detail : sheet_.details) {
+    const Area f = detailFrame(detail);
+    const JobPoint corners[] = {{f.left, f.bottom}, {f.right, f.bottom}, {f.right, f.top}, {f.left, f.top}};
+    for (std::size_t i = 0; i < 4; ++i) strokes.push_back({corners[i], corners[(i + 1) % 4], 0});
+    const JobPoint letter = letterPlace(f);
+    strokes.push_back({letter, letter, kLargeText / 2});
+  }
+  return strokes;
+}
+
 void Layout::drawElevation(double top) {
   const double width = (high_.x - low_.x) * scale_;
   const double left = (area_.left + area_.right - width) / 2;
@@ -162,7 +211,7 @@ void Layout::drawElevation(double top) {
   view.modelToPaper = matrixOf(place_);
   view.clip = {low.x - 1, low.y - 1, left + width + 1, ceiling + 1};
   plot_.viewports.push_back(std::move(view));
-  if (sheet_.marks) drawMarks(painter_, drawn_.job, drawn_.bom, place_);
+  if (sheet_.marks) drawMarks(painter_, drawn_.job, drawn_.bom, place_, detailFrames());
   if (sheet_.dimensions) drawDimensions(painter_, drawn_.job, place_);
 }
 
@@ -183,18 +232,16 @@ void Layout::drawDetails(double top) {
     view.modelToPaper = matrixOf(place);
     view.clip = {left, bottom, left + detail.width, bottom + detail.height};
     plot_.viewports.push_back(std::move(view));
-    // Its frame in the elevation, with its letter.
-    const double shrink = scale_ / detail.scale / 2;
-    const JobPoint centre = place_(middle);
-    const JobPoint high{centre.x + detail.width * shrink, centre.y + detail.height * shrink};
-    painter_.rectangle({centre.x - detail.width * shrink, centre.y - detail.height * shrink}, high, Pen::kThin);
-    painter_.text({high.x + 1, high.y + 1}, name, kLargeText);
+    const Area frame = detailFrame(detail);
+    painter_.rectangle({frame.left, frame.bottom}, {frame.right, frame.top}, Pen::kThin);
+    painter_.text(letterPlace(frame), name, kLargeText, Align::kCentre, 0, true);
     left += detail.width + kDetailGap;
   }
 }
 
 std::optional<plot::PlotSheet> Layout::make(std::string& why) {
   if (!measure(why)) return std::nullopt;
+  weighLayers(drawn_.database);
   const SheetSize size = sheetSize(sheet_.size);
   plot_.paper = {size.width, size.height};
   plot_.paperBlock = painter_.block();

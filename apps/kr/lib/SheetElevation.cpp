@@ -22,12 +22,6 @@ constexpr double kTick = 1.2;   // half of an oblique stroke, along each axis
 constexpr double kOverrun = 2;  // of an extension line past the dimension line
 constexpr double kExtensionGap = 3;
 
-struct Stroke {
-  JobPoint a;
-  JobPoint b;
-  double half;  // of the width
-};
-
 double distance(JobPoint p, const Stroke& s) {
   const double dx = s.b.x - s.a.x;
   const double dy = s.b.y - s.a.y;
@@ -124,11 +118,7 @@ struct DimensionLine {
 
 }  // namespace
 
-void drawMarks(Painter& painter, const Job& job, const Bom& bom, const Placement& place) {
-  std::unordered_map<std::string, int> marks;
-  for (const BomItem& item : bom.items) {
-    for (const std::string& name : item.members) marks[name] = item.mark;
-  }
+std::vector<Stroke> memberStrokes(const Job& job, const Placement& place) {
   std::vector<Stroke> strokes;
   for (const JobMember& member : job.members) {
     const MemberAxis axis = memberAxis(job, member);
@@ -136,8 +126,25 @@ void drawMarks(Painter& painter, const Job& job, const Bom& bom, const Placement
     strokes.push_back(
         {place(axis.start), place(axis.end), profile.profileClass->depth(profile.values) / 2 * place.scale});
   }
+  return strokes;
+}
+
+double clearanceOf(JobPoint point, const std::vector<Stroke>& strokes) {
+  double least = std::numeric_limits<double>::max();
+  for (const Stroke& stroke : strokes) least = std::min(least, distance(point, stroke));
+  return least;
+}
+
+void drawMarks(Painter& painter, const Job& job, const Bom& bom, const Placement& place,
+               const std::vector<Stroke>& avoid) {
+  std::unordered_map<std::string, int> marks;
+  for (const BomItem& item : bom.items) {
+    for (const std::string& name : item.members) marks[name] = item.mark;
+  }
+  std::vector<Stroke> strokes = memberStrokes(job, place);
+  strokes.insert(strokes.end(), avoid.begin(), avoid.end());
   std::vector<Balloon> placed;
-  for (std::size_t i = 0; i < strokes.size(); ++i) {
+  for (std::size_t i = 0; i < job.members.size(); ++i) {
     const std::string text = std::to_string(marks[std::string(job.names.text(job.members[i].name))]);
     const double radius = text.size() > 2 ? kWideBalloon : kBalloon;
     const Balloon balloon = bestBalloon(i, radius, strokes, placed);

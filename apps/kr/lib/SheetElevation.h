@@ -19,9 +19,23 @@ struct Placement {
 /// What the main dimensions take below the elevation and to its right, mm.
 inline constexpr double kDimensionRoom = 30;
 
-/// Writes each member's position number beside it, where it meets neither a member nor another number if there is such
-/// a place.
-void drawMarks(Painter& painter, const Job& job, const Bom& bom, const Placement& place);
+/// A line on paper that position numbers keep clear of.
+struct Stroke {
+  JobPoint a;
+  JobPoint b;
+  double half = 0;  ///< of its width, mm
+};
+
+/// The members as they lie on paper.
+std::vector<Stroke> memberStrokes(const Job& job, const Placement& place);
+
+/// The distance of a point to the nearest of the lines' edges, mm; negative on a line.
+double clearanceOf(JobPoint point, const std::vector<Stroke>& strokes);
+
+/// Writes each member's position number beside it, where it meets neither a member, nor another number, nor one of the
+/// lines to `avoid`, if there is such a place.
+void drawMarks(Painter& painter, const Job& job, const Bom& bom, const Placement& place,
+               const std::vector<Stroke>& avoid);
 
 /// Draws the main dimensions: below, the span by its nodes on the lowest line and over all; to the right, the heights
 /// of the nodes at the end and over all.
