@@ -1,6 +1,6 @@
 #include "profiles/ProfileHelpers.h"
 
-#include <cmath>
+#include <cstddef>
 #include <cwchar>
 
 #include "host/ed/ed.h"
@@ -55,14 +55,57 @@ CurrentUnits::CurrentUnits(double value) {
   if (acdbRToS(value, kCurrent, kCurrent, text) != RTNORM) text[0] = L'\0';
 }
 
+void listSection(std::initializer_list<double> dimensoes, double area) {
+  acutPrintf(L"\n%s", L"Dimensões       ");
+  const ACHAR* separator = L"";
+  for (const double dimensao : dimensoes) {
+    acutPrintf(L"%s%s", separator, CurrentUnits(dimensao).text);
+    separator = L"x";
+  }
+  acutPrintf(L"\n%s%s %s", L"Área da seção   ", CurrentUnits(area).text, L"mm2");
+}
+
+void listCompound(std::initializer_list<double> ofHalf, double areaOfHalf, std::initializer_list<double> ofWhole,
+                  double areaOfWhole) {
+  acutPrintf(L"\n%s\n", L"Dados do Perfil");
+  listSection(ofHalf, areaOfHalf);
+  acutPrintf(L"\n\n%s\n", L"Dados do Perfil Composto");
+  listSection(ofWhole, areaOfWhole);
+}
+
+double drawnLength(const KrObject& bar) {
+  double length = 0.0;
+  const KrObjectArray<KrVector>& elements = bar.currentVertexList(VistaCorrente);
+  for (const auto* node = elements.getNode(0); node != nullptr; node = elements.nextNode(node)) {
+    const KrVector& element = *node->value;
+    if (element.type() == KR_VT_LINHA || element.type() == KR_VT_ARCO) length += element.len();
+  }
+  return length;
+}
+
+void copyParameters(std::span<double* const> to, std::span<const double* const> from) {
+  for (std::size_t i = 0; i < to.size(); ++i) *to[i] = *from[i];
+}
+
 Acad::ErrorStatus writeFields(AcDbDwgFiler* filer, std::int16_t versao, std::initializer_list<double> parametros) {
   filer->writeInt16(versao);
   for (const double parametro : parametros) filer->writeDouble(parametro);
   return filer->filerStatus();
 }
 
+Acad::ErrorStatus writeFields(AcDbDwgFiler* filer, std::int16_t versao, std::span<const double* const> parametros) {
+  filer->writeInt16(versao);
+  for (const double* parametro : parametros) filer->writeDouble(*parametro);
+  return filer->filerStatus();
+}
+
 Acad::ErrorStatus readFields(AcDbDwgFiler* filer, std::int16_t& versao, std::int16_t known,
                              std::initializer_list<double*> parametros) {
+  return readFields(filer, versao, known, std::span<double* const>(parametros.begin(), parametros.size()));
+}
+
+Acad::ErrorStatus readFields(AcDbDwgFiler* filer, std::int16_t& versao, std::int16_t known,
+                             std::span<double* const> parametros) {
   Adesk::Int16 filed = 0;
   filer->readInt16(&filed);
   if (filed > known) return Acad::eMakeMeProxy;
@@ -79,8 +122,21 @@ Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::
   return filer->filerStatus();
 }
 
+Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t versao,
+                              std::span<const double* const> parametros) {
+  filer->writeItem(AcDb::kDxfSubclass, className);
+  filer->writeItem(AcDb::kDxfXInt16, static_cast<Adesk::Int16>(versao));
+  for (const double* parametro : parametros) filer->writeItem(AcDb::kDxfReal, *parametro);
+  return filer->filerStatus();
+}
+
 Acad::ErrorStatus readGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t& versao,
                              std::initializer_list<double*> parametros) {
+  return readGroups(filer, className, versao, std::span<double* const>(parametros.begin(), parametros.size()));
+}
+
+Acad::ErrorStatus readGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t& versao,
+                             std::span<double* const> parametros) {
   if (!filer->atSubclassData(className)) return filer->filerStatus();
   StrictDxfReader reader(filer);
   bool complete = reader.int16(versao) && reader.require(versao == kDxfVersionRead);

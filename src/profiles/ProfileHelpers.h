@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 
 #include "object/KrObject.h"
 
@@ -38,12 +39,29 @@ struct CurrentUnits {
   ACHAR text[kNumberSize];
 };
 
+/// The class's own lines of a listing: dimensions and area.
+void listSection(std::initializer_list<double> dimensoes, double area);
+/// The class's own lines of a compound section's listing: those of one half, then those of the whole, each under its
+/// title.
+void listCompound(std::initializer_list<double> ofHalf, double areaOfHalf, std::initializer_list<double> ofWhole,
+                  double areaOfWhole);
+
+/// Length of what a bar's current view draws in lines and arcs.
+double drawnLength(const KrObject& bar);
+
+/// Copies parameter by parameter; both lists have the same length.
+void copyParameters(std::span<double* const> to, std::span<const double* const> from);
+
 /// Files the version of a class and its parameters, behind what the base filed. The filer's status.
 Acad::ErrorStatus writeFields(AcDbDwgFiler* filer, std::int16_t versao, std::initializer_list<double> parametros);
 /// Reads them back: `Acad::eMakeMeProxy` for a version above `known`, with the parameters as they were; else the
 /// filer's status.
 Acad::ErrorStatus readFields(AcDbDwgFiler* filer, std::int16_t& versao, std::int16_t known,
                              std::initializer_list<double*> parametros);
+/// The same with the parameters in place.
+Acad::ErrorStatus writeFields(AcDbDwgFiler* filer, std::int16_t versao, std::span<const double* const> parametros);
+Acad::ErrorStatus readFields(AcDbDwgFiler* filer, std::int16_t& versao, std::int16_t known,
+                             std::span<double* const> parametros);
 
 /// The same in DXF: the class's subclass marker, group 170 and one group 40 per parameter.
 Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t versao,
@@ -52,5 +70,10 @@ Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::
 /// `Acad::eInvalidDxfCode` in the filer. Without the subclass marker nothing is read. The filer's status.
 Acad::ErrorStatus readGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t& versao,
                              std::initializer_list<double*> parametros);
+/// The same with the parameters in place.
+Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t versao,
+                              std::span<const double* const> parametros);
+Acad::ErrorStatus readGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t& versao,
+                             std::span<double* const> parametros);
 
 }  // namespace ProfileHelpers
