@@ -1,8 +1,20 @@
 #include "frame/ClassTable.h"
 
 #include "object/KrObject.h"
+#include "profiles/Kr2ULaminado.h"
+#include "profiles/KrBNDuplaLaminada.h"
+#include "profiles/KrBNLaminado.h"
 #include "profiles/KrBarraRedonda.h"
+#include "profiles/KrCantCruzLaminada.h"
+#include "profiles/KrCantLaminada.h"
+#include "profiles/KrCantLaminadaCaixa.h"
+#include "profiles/KrCantTEELaminada.h"
+#include "profiles/KrCantULaminada.h"
+#include "profiles/KrCantZLaminada.h"
+#include "profiles/KrILaminadoUSA.h"
 #include "profiles/KrTubo.h"
+#include "profiles/KrULaminado.h"
+#include "profiles/KrUULaminado.h"
 #include "records/KrObjectExtension.h"
 #include "records/KrObjectModCData.h"
 #include "records/KrObjectTextExtension.h"
@@ -14,11 +26,29 @@ constexpr ModuleClass moduleClass() {
   return {static_cast<void (*)()>(&T::rxInit), &T::desc};
 }
 
+// One class a line, since the order is what counts.
+// clang-format off
 constexpr ModuleClass kClasses[] = {
-    moduleClass<KrObject>(),          moduleClass<KrTubo>(),
-    moduleClass<KrBarraRedonda>(),    moduleClass<KrObjectModCData>(),
-    moduleClass<KrObjectExtension>(), moduleClass<KrObjectTextExtension>(),
+    moduleClass<KrObject>(),
+    moduleClass<KrCantLaminada>(),
+    moduleClass<KrILaminadoUSA>(),
+    moduleClass<KrCantULaminada>(),
+    moduleClass<KrCantTEELaminada>(),
+    moduleClass<KrBNLaminado>(),
+    moduleClass<KrBNDuplaLaminada>(),
+    moduleClass<KrTubo>(),
+    moduleClass<KrULaminado>(),
+    moduleClass<Kr2ULaminado>(),
+    moduleClass<KrCantCruzLaminada>(),
+    moduleClass<KrCantLaminadaCaixa>(),
+    moduleClass<KrCantZLaminada>(),
+    moduleClass<KrUULaminado>(),
+    moduleClass<KrBarraRedonda>(),
+    moduleClass<KrObjectModCData>(),
+    moduleClass<KrObjectExtension>(),
+    moduleClass<KrObjectTextExtension>(),
 };
+// clang-format on
 
 }  // namespace
 
