@@ -175,16 +175,15 @@ Area Layout::detailFrame(const JobDetail& detail) const {
           centre.y + detail.height * shrink};
 }
 
-// Outside the corner of a detail's frame that is farthest from the members.
+// Outside an upper corner of a detail's frame, the one farther from the members: below stand the dimensions.
 JobPoint Layout::letterPlace(const Area& frame) const {
   constexpr double kOff = kLargeText / 2 + 1;
   const std::vector<Stroke> members = memberStrokes(drawn_.job, place_);
-  const JobPoint corners[] = {{frame.right + kOff, frame.top + kOff},
-                              {frame.left - kOff, frame.top + kOff},
-                              {frame.right + kOff, frame.bottom - kOff},
-                              {frame.left - kOff, frame.bottom - kOff}};
-  return *std::max_element(std::begin(corners), std::end(corners),
-                           [&](JobPoint a, JobPoint b) { return clearanceOf(a, members) < clearanceOf(b, members); });
+  const JobPoint right{frame.right + kOff, frame.top + kOff};
+  const JobPoint left{frame.left - kOff, frame.top + kOff};
+  const double enough = kLargeText / 2;
+  const double free = clearanceOf(right, members);
+  return free >= enough || free >= clearanceOf(left, members) ? right : left;
 }
 
 std::vector<Stroke> Layout::detailFrames() const {
@@ -211,7 +210,12 @@ void Layout::drawElevation(double top) {
   view.modelToPaper = matrixOf(place_);
   view.clip = {low.x - 1, low.y - 1, left + width + 1, ceiling + 1};
   plot_.viewports.push_back(std::move(view));
-  if (sheet_.marks) drawMarks(painter_, drawn_.job, drawn_.bom, place_, detailFrames());
+  std::vector<Stroke> avoid = detailFrames();
+  if (sheet_.dimensions) {
+    const std::vector<Stroke> dimensions = dimensionStrokes(drawn_.job, place_);
+    avoid.insert(avoid.end(), dimensions.begin(), dimensions.end());
+  }
+  if (sheet_.marks) drawMarks(painter_, drawn_.job, drawn_.bom, place_, avoid);
   if (sheet_.dimensions) drawDimensions(painter_, drawn_.job, place_);
 }
 

@@ -60,7 +60,7 @@ Balloon beside(const Stroke& stroke, double t, double side, double radius) {
 
 Balloon bestBalloon(std::size_t own, double radius, const std::vector<Stroke>& strokes,
                     const std::vector<Balloon>& placed) {
-  constexpr double kPlaces[] = {0.5, 0.42, 0.58, 0.34, 0.66, 0.26, 0.74, 0.18, 0.82};
+  constexpr double kPlaces[] = {0.5, 0.46, 0.54, 0.42, 0.58, 0.38, 0.62, 0.34, 0.66, 0.26, 0.74, 0.18, 0.82};
   Balloon best = beside(strokes[own], 0.5, 1, radius);
   if (strokes.size() > kMostSought) return best;
   double most = -std::numeric_limits<double>::max();
@@ -84,6 +84,34 @@ std::vector<double> distinct(std::vector<double> values) {
   const auto same = [](double a, double b) { return b - a < kSameCoordinate; };
   values.erase(std::unique(values.begin(), values.end(), same), values.end());
   return values;
+}
+
+// What the main dimensions measure: places on the lowest line from end to end, and heights at the right end from the
+// lowest.
+struct DimensionedPoints {
+  std::vector<double> along;
+  std::vector<double> up;
+  double high = 0;
+};
+
+DimensionedPoints dimensionedPoints(const Job& job) {
+  std::vector<JobPoint> nodes;
+  for (const JobMember& member : job.members) {
+    nodes.push_back(job.points[member.from]);
+    nodes.push_back(job.points[member.to]);
+  }
+  const auto byX = [](JobPoint a, JobPoint b) { return a.x < b.x; };
+  const auto byY = [](JobPoint a, JobPoint b) { return a.y < b.y; };
+  const auto [left, right] = std::minmax_element(nodes.begin(), nodes.end(), byX);
+  const auto [low, high] = std::minmax_element(nodes.begin(), nodes.end(), byY);
+  DimensionedPoints points{{left->x, right->x}, {low->y}, high->y};
+  for (const JobPoint node : nodes) {
+    if (node.y - low->y < kSameCoordinate) points.along.push_back(node.x);
+    if (right->x - node.x < kSameCoordinate) points.up.push_back(node.y);
+  }
+  points.along = distinct(points.along);
+  points.up = distinct(points.up);
+  return points;
 }
 
 // One line of dimensions through `values` (real, along) at `across` on paper; extension lines begin at `from`.
@@ -159,40 +187,44 @@ void drawMarks(Painter& painter, const Job& job, const Bom& bom, const Placement
   }
 }
 
+std::vector<Stroke> dimensionStrokes(const Job& job, const Placement& place) {
+  constexpr double kHalfNumber = 5;
+  const DimensionedPoints points = dimensionedPoints(job);
+  const double bottom = place({0, points.up.front()}).y;
+  const double across = bottom - kFirstDimension;
+  std::vector<Stroke> strokes;
+  for (std::size_t i = 0; i < points.along.size(); ++i) {
+    const double x = place({points.along[i], 0}).x;
+    strokes.push_back({{x, bottom - kExtensionGap}, {x, across}, 0});
+    if (i == 0) continue;
+    const double middle = (x + place({points.along[i - 1], 0}).x) / 2;
+    const double height = across + 1 + kSmallText / 2;
+    strokes.push_back({{middle - kHalfNumber, height}, {middle + kHalfNumber, height}, kSmallText / 2});
+  }
+  return strokes;
+}
+
 void drawDimensions(Painter& painter, const Job& job, const Placement& place) {
-  std::vector<JobPoint> nodes;
-  for (const JobMember& member : job.members) {
-    nodes.push_back(job.points[member.from]);
-    nodes.push_back(job.points[member.to]);
-  }
-  const auto byX = [](JobPoint a, JobPoint b) { return a.x < b.x; };
-  const auto byY = [](JobPoint a, JobPoint b) { return a.y < b.y; };
-  const auto [left, right] = std::minmax_element(nodes.begin(), nodes.end(), byX);
-  const auto [low, high] = std::minmax_element(nodes.begin(), nodes.end(), byY);
-  std::vector<double> along{left->x, right->x};
-  std::vector<double> up{low->y};
-  for (const JobPoint node : nodes) {
-    if (node.y - low->y < kSameCoordinate) along.push_back(node.x);
-    if (right->x - node.x < kSameCoordinate) up.push_back(node.y);
-  }
-  along = distinct(along);
-  up = distinct(up);
-  const double bottom = place(*low).y;
-  const double side = place(*right).x;
+  const DimensionedPoints points = dimensionedPoints(job);
+  const double left = points.along.front();
+  const double right = points.along.back();
+  const double low = points.up.front();
+  const double bottom = place({left, low}).y;
+  const double side = place({right, low}).x;
   const DimensionLine flat{painter, place, false};
   const DimensionLine upright{painter, place, true};
   double across = bottom - kFirstDimension;
-  if (along.size() > 2) {
-    flat.draw(along, across, bottom);
+  if (points.along.size() > 2) {
+    flat.draw(points.along, across, bottom);
     across -= kNextDimension;
   }
-  if (right->x - left->x >= kSameCoordinate) flat.draw({left->x, right->x}, across, bottom);
+  if (right - left >= kSameCoordinate) flat.draw({left, right}, across, bottom);
   across = side + kFirstDimension;
-  if (up.size() > 1 && high->y - up.back() >= kSameCoordinate) {
-    upright.draw(up, across, side);
+  if (points.up.size() > 1 && points.high - points.up.back() >= kSameCoordinate) {
+    upright.draw(points.up, across, side);
     across += kNextDimension;
   }
-  if (high->y - low->y >= kSameCoordinate) upright.draw({low->y, high->y}, across, side);
+  if (points.high - low >= kSameCoordinate) upright.draw({low, points.high}, across, side);
 }
 
 }  // namespace kr

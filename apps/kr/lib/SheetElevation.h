@@ -29,6 +29,9 @@ struct Stroke {
 /// The members as they lie on paper.
 std::vector<Stroke> memberStrokes(const Job& job, const Placement& place);
 
+/// What of the dimensions below lies near the elevation: extension lines and numbers.
+std::vector<Stroke> dimensionStrokes(const Job& job, const Placement& place);
+
 /// The distance of a point to the nearest of the lines' edges, mm; negative on a line.
 double clearanceOf(JobPoint point, const std::vector<Stroke>& strokes);
 
