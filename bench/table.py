@@ -17,13 +17,18 @@ LEAST_MEMBERS_A_SECOND = 70000
 MOST_BYTES_A_MEMBER = 12 * 1024
 
 
+def natural(name):
+    """Orders wheel20 before wheel100."""
+    return [int(part) if part.isdigit() else part for part in re.split(r"(\d+)", name)]
+
+
 def medians(reports):
     found = {}
     for file in sorted(reports.glob("bench_*.json")):
         for run in json.loads(file.read_text())["benchmarks"]:
             if run.get("aggregate_name") == "median":
                 found[run["run_name"].split("/repeats")[0]] = run
-    return found
+    return dict(sorted(found.items(), key=lambda entry: natural(entry[0])))
 
 
 def nanoseconds(run):
@@ -61,6 +66,8 @@ def print_times(runs):
     print("| work | time | |")
     print("|---|--:|---|")
     for name, run in runs.items():
+        if name.startswith("occt/"):
+            continue
         notes = []
         if "members_per_second" in run:
             rate = run["members_per_second"]
@@ -81,7 +88,7 @@ def instructions(file):
 def print_counts(reports):
     print("| work | instructions a call | at most |")
     print("|---|--:|---|")
-    for file in sorted(reports.glob("*.calls")):
+    for file in sorted(reports.glob("*.calls"), key=lambda file: natural(file.stem)):
         count = instructions(file.with_suffix(".callgrind")) / int(file.read_text())
         limit = LIMITS.get(file.stem)
         print(f"| {file.stem} | {count:,.0f} | {f'{limit:,}: {verdict(count <= limit)}' if limit else ''} |")
