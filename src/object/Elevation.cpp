@@ -164,18 +164,43 @@ bool isSide(const std::vector<double>& sides, double x) {
   return false;
 }
 
-void markVisible(const ElevationOutline& o, int k, const std::vector<double>& sides, KrGeratriz& linhas) {
+/// What is known of the X's asked about so far. The vertex that stands for a line is the highest over its X, so that
+/// all of one X get one answer.
+class Visibility {
+ public:
+  void reset(const ElevationOutline& outline) {
+    outline_ = &outline;
+    answers_.clear();
+  }
+  bool of(int k, double x) {
+    for (const Answer& a : answers_)
+      if (a.x == x) return a.visible;
+    answers_.push_back({x, outline_->visibleFromAbove(k)});
+    return answers_.back().visible;
+  }
+
+ private:
+  struct Answer {
+    double x;
+    bool visible;
+  };
+  const ElevationOutline* outline_ = nullptr;
+  std::vector<Answer> answers_;
+};
+
+void markVisible(const ElevationOutline& o, int k, const std::vector<double>& sides, Visibility& visibility,
+                 KrGeratriz& linhas) {
   const ElevationOutline::Node& n = o.node(k);
-  if (!o.touchesArc(k, false) && !isSide(sides, n.x) && o.visibleFromAbove(k))
+  if (!o.touchesArc(k, false) && !isSide(sides, n.x) && visibility.of(k, n.x))
     KrObject::administra_vetores(linhas, AcGeVector3d(n.x, n.y, n.z), kVisibleMark);
   if (n.bulge == 0 || ElevationOutline::isMarker(n.bulge)) return;
   const ElevationOutline::Edge e = o.apparentPoint(k);
-  if (!isSide(sides, e.x) && o.visibleFromAbove(k))
+  if (!isSide(sides, e.x) && visibility.of(k, e.x))
     KrObject::administra_vetores(linhas, AcGeVector3d(e.x, e.y, 0), kVisibleMark);
 }
 
 void markVisibleEdges(const ElevationOutline& o, const Extent& e, const std::vector<double>& sides,
-                      KrGeratriz& linhas) {
+                      Visibility& visibility, KrGeratriz& linhas) {
   const int ini = o.first(e.imin);
   const int fim = o.last(e.imin);
   if (e.imax < ini || e.imax > fim) return;
@@ -192,7 +217,7 @@ void markVisibleEdges(const ElevationOutline& o, const Extent& e, const std::vec
   int end = e.imax;
   while (step(end, passo) != begin && sameVertex(end, step(end, passo))) end = step(end, passo);
   for (int k = begin;; k = step(k, passo)) {
-    markVisible(o, k, sides, linhas);
+    markVisible(o, k, sides, visibility, linhas);
     if (k == end) break;
   }
 }
@@ -224,7 +249,9 @@ void makeElevation(const ElevationOutline& o, double length, const AcGeVector3d&
   addRectangles(extents, length, contorno, sides);
   contorno.Add(AcGeVector3d(origin.x, 0, 0), originBulge);
 
-  for (const Extent& e : extents) markVisibleEdges(o, e, sides, linhas);
+  static Visibility visibility;
+  visibility.reset(o);
+  for (const Extent& e : extents) markVisibleEdges(o, e, sides, visibility, linhas);
   markHiddenEdges(o, sides, linhas);
   const double level = contorno.GetVertex(0).y;
   for (int i = 0; i < linhas.Qtd(); ++i) linhas.GetVertex(i).y = level;

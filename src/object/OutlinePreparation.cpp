@@ -86,12 +86,12 @@ class Ring {
   }
 
   void simplify() {
-    if (!quarterCircle()) {
-      measure();
-      joinNeighbours();
-      divideArcs();
-    }
+    const bool circle = quarterCircle();
     measure();
+    if (!circle) {
+      const bool joined = joinNeighbours();
+      if (divideArcs() || joined) measure();
+    }
     for (std::size_t i = 0; i < edges_.size(); ++i) edges_[i].sharp = isSharp(previous(i), edges_[i]);
   }
 
@@ -174,7 +174,8 @@ class Ring {
   }
 
   // Joins edge i to the one before it where both are of one line or circle.
-  void joinNeighbours() {
+  bool joinNeighbours() {
+    const std::size_t before = edges_.size();
     for (std::size_t i = 0; i < edges_.size() && edges_.size() > 2;) {
       RingEdge& p = edges_[i == 0 ? edges_.size() - 1 : i - 1];
       const RingEdge& e = edges_[i];
@@ -186,6 +187,7 @@ class Ring {
       p.end = e.end;
       edges_.erase(edges_.begin() + static_cast<std::ptrdiff_t>(i));
     }
+    return edges_.size() != before;
   }
 
   // Gives arc p the bulge of both together, unless that is all but a full turn.
@@ -207,23 +209,25 @@ class Ring {
   }
 
   // Divides every arc where its tangent is vertical, and half-way between two such places.
-  void divideArcs() {
+  bool divideArcs() {
+    bool any = false;
+    for (std::size_t i = 0; i < edges_.size() && !any; ++i) any = isArc(edges_[i].bulge) && turnsBack(arcAt(i));
+    if (!any) return false;
     scratch_.clear();
-    bool divided = false;
     for (std::size_t i = 0; i < edges_.size(); ++i) {
-      const RingEdge& e = edges_[i];
-      const RingEdge& q = next(i);
-      if (isArc(e.bulge)) {
-        const ArcGeometry g(e.x, e.y, q.x, q.y, e.bulge);
-        if (turnsBack(g)) {
-          divide(g, e.z);
-          divided = true;
-          continue;
-        }
-      }
-      scratch_.push_back(e);
+      if (isArc(edges_[i].bulge) && turnsBack(arcAt(i)))
+        divide(arcAt(i), edges_[i].z);
+      else
+        scratch_.push_back(edges_[i]);
     }
-    if (divided) edges_.swap(scratch_);
+    edges_.swap(scratch_);
+    return true;
+  }
+
+  ArcGeometry arcAt(std::size_t i) const {
+    const RingEdge& e = edges_[i];
+    const RingEdge& q = next(i);
+    return {e.x, e.y, q.x, q.y, e.bulge};
   }
 
   void divide(const ArcGeometry& g, double z) {
