@@ -84,7 +84,7 @@ Extent extentOf(const ElevationOutline& o, int ini, int fim) {
     const double bulge = o.node(i).bulge;
     double x = o.node(i).x;
     int usar = 0;
-    if (bulge != 0 && std::fabs(bulge) < kArcLimit) x = arcExtreme(o, i, usar, x);
+    if (!o.isPrepared() && bulge != 0 && std::fabs(bulge) < kArcLimit) x = arcExtreme(o, i, usar, x);
     if (e.low - x > kDrawingTolerance) {
       e.low = x;
       e.imin = i + usar;
@@ -157,10 +157,10 @@ int topDirection(const ElevationOutline& o, int ini, int fim) {
   return doubled < 0 ? 1 : -1;
 }
 
-/// Whether a line at x would lie on a side of a rectangle.
-bool isSide(const std::vector<double>& sides, double x) {
-  for (const double side : sides)
-    if (std::fabs(side - x) < kDrawingTolerance) return true;
+/// Whether one of the lines at these places is the line at x.
+bool standsAt(const std::vector<double>& lines, double x) {
+  for (const double line : lines)
+    if (std::fabs(line - x) < kDrawingTolerance) return true;
   return false;
 }
 
@@ -191,11 +191,11 @@ class Visibility {
 void markVisible(const ElevationOutline& o, int k, const std::vector<double>& sides, Visibility& visibility,
                  KrGeratriz& linhas) {
   const ElevationOutline::Node& n = o.node(k);
-  if (!o.touchesArc(k, false) && !isSide(sides, n.x) && visibility.of(k, n.x))
+  if (!o.touchesArc(k, false) && !standsAt(sides, n.x) && visibility.of(k, n.x))
     KrObject::administra_vetores(linhas, AcGeVector3d(n.x, n.y, n.z), kVisibleMark);
   if (n.bulge == 0 || ElevationOutline::isMarker(n.bulge)) return;
   const ElevationOutline::Edge e = o.apparentPoint(k);
-  if (!isSide(sides, e.x) && visibility.of(k, e.x))
+  if (!standsAt(sides, e.x) && visibility.of(k, e.x))
     KrObject::administra_vetores(linhas, AcGeVector3d(e.x, e.y, 0), kVisibleMark);
 }
 
@@ -225,17 +225,22 @@ void markVisibleEdges(const ElevationOutline& o, const Extent& e, const std::vec
 // --- Hidden edges ----------------------------------------------------------------------------------------------------
 
 void markHiddenEdges(const ElevationOutline& o, const std::vector<double>& sides, KrGeratriz& linhas) {
+  static std::vector<double> lines;
+  lines.clear();
+  for (int i = 0; i < linhas.Qtd(); ++i) lines.push_back(linhas.GetVertex(i).x);
   for (int i = 0; i < o.qtd(); ++i) {
     const ElevationOutline::Node& n = o.node(i);
-    AcGeVector3d v(n.x, n.y, n.z);
+    double x = n.x;
     bool edge = false;
     if (n.bulge != 0 && !ElevationOutline::isMarker(n.bulge)) {
       const ElevationOutline::Edge& e = o.edgeOfArc(i);
       edge = e.isEdge;
-      if (edge) v = AcGeVector3d(e.x, e.y, 0);
+      if (edge) x = e.x;
     }
     if (!edge && o.touchesArc(i, false)) continue;
-    if (!isSide(sides, v.x) && KrObject::Testa_ja_existe(linhas, v) == -1) linhas.Add(v, kHiddenMark);
+    if (standsAt(sides, x) || standsAt(lines, x)) continue;
+    linhas.Add(AcGeVector3d(x, n.y, n.z), kHiddenMark);
+    lines.push_back(x);
   }
 }
 

@@ -24,6 +24,7 @@ void ElevationOutline::clear() {
   limits_.clear();
   arcs_.clear();
   qtd_ = 0;
+  prepared_ = false;
   height_ = 0;
 }
 
@@ -42,6 +43,7 @@ void ElevationOutline::assignPrepared(const KrGeratriz& outline) {
   clear();
   prepareOutline(outline, nodes_);
   qtd_ = static_cast<int>(nodes_.size()) - 1;
+  prepared_ = true;
   finish();
 }
 

@@ -41,6 +41,8 @@ class ElevationOutline {
   ///  4. a closed contour starts at a corner, or at its leftmost point where it has none.
   void assignPrepared(const KrGeratriz& outline);
 
+  /// Whether this is a working copy, in which no arc reaches beyond its ends in X.
+  bool isPrepared() const { return prepared_; }
   int qtd() const { return qtd_; }
   const Node& node(int i) const { return nodes_[static_cast<std::size_t>(i)]; }
   /// First and last node of the contour that holds node i.
@@ -99,5 +101,6 @@ class ElevationOutline {
   std::vector<Limits> limits_;
   mutable std::vector<Arc> arcs_;
   int qtd_ = 0;
+  bool prepared_ = false;
   double height_ = 0;
 };

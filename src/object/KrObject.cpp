@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cwchar>
+#include <utility>
 
 #include "host/os/os.h"
 
@@ -410,16 +411,13 @@ Acad::ErrorStatus KrObject::ClearVertexes(KrVistas vista) {
 
 const KrVector* KrObject::findFirst(KrVistas v, KrVectorType tipo) const {
   const KrObjectArray<KrVector>& lista = currentVertexList(v);
-  for (int i = 0; i < lista.length(); ++i)
-    if (lista[i].type() == tipo) return &lista[i];
+  for (const Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no))
+    if (no->value->type() == tipo) return no->value;
   return nullptr;
 }
 
 KrVector* KrObject::findFirst(KrVistas v, KrVectorType tipo) {
-  KrObjectArray<KrVector>& lista = vertexList(v);
-  for (int i = 0; i < lista.length(); ++i)
-    if (lista[i].type() == tipo) return &lista[i];
-  return nullptr;
+  return const_cast<KrVector*>(std::as_const(*this).findFirst(v, tipo));
 }
 
 int KrObject::GetVectorEixo(KrVistas vista, KrVector& v) const {

@@ -275,29 +275,31 @@ class Ring {
 };
 
 // An open contour keeps its nodes but for the edges of no length.
-void writeOpen(const std::vector<Node>& contour, std::vector<Node>& out) {
+void writeOpen(const KrGeratriz& outline, int from, int to, std::vector<Node>& out) {
   const std::size_t begin = out.size();
-  for (const Node& n : contour) {
-    const bool repeats = out.size() > begin && samePoint(out.back().x, out.back().y, n.x, n.y);
-    if (repeats)
+  for (int i = from; i <= to; ++i) {
+    const NoGeratriz& n = outline.GetNo(i);
+    if (out.size() > begin && samePoint(out.back().x, out.back().y, n.vertex.x, n.vertex.y))
       out.back().bulge = n.bulge;
     else
-      out.push_back(n);
+      out.push_back({n.vertex.x, n.vertex.y, n.vertex.z, n.bulge});
   }
 }
 
-void writeContour(const std::vector<Node>& contour, Ring& ring, std::vector<Node>& out) {
-  if (contour.empty()) return;
-  const Node& head = contour.front();
-  const Node& tail = contour.back();
-  if (contour.size() < 3 || !samePoint(head.x, head.y, tail.x, tail.y)) return writeOpen(contour, out);
+void writeContour(const KrGeratriz& outline, int from, int to, std::vector<Node>& out) {
+  static Ring ring;
+  const NoGeratriz& head = outline.GetNo(from);
+  const NoGeratriz& tail = outline.GetNo(to);
+  const bool closed = to - from >= 2 && samePoint(head.vertex.x, head.vertex.y, tail.vertex.x, tail.vertex.y);
+  if (!closed) return writeOpen(outline, from, to, out);
   ring.clear();
-  for (std::size_t i = 0; i + 1 < contour.size(); ++i) {
-    const Node& a = contour[i];
-    const Node& b = contour[i + 1];
-    if (!samePoint(a.x, a.y, b.x, b.y)) ring.add(a.x, a.y, a.z, a.bulge);
+  for (int i = from; i < to; ++i) {
+    const NoGeratriz& a = outline.GetNo(i);
+    const NoGeratriz& b = outline.GetNo(i + 1);
+    if (!samePoint(a.vertex.x, a.vertex.y, b.vertex.x, b.vertex.y))
+      ring.add(a.vertex.x, a.vertex.y, a.vertex.z, a.bulge);
   }
-  if (ring.size() < 2) return writeOpen(contour, out);
+  if (ring.size() < 2) return writeOpen(outline, from, to, out);
   ring.simplify();
   ring.write(ElevationOutline::isMarker(tail.bulge) ? tail.bulge : 0.0, out);
 }
@@ -305,24 +307,14 @@ void writeContour(const std::vector<Node>& contour, Ring& ring, std::vector<Node
 }  // namespace
 
 void prepareOutline(const KrGeratriz& outline, std::vector<Node>& out) {
-  static std::vector<Node> contour;
-  static Ring ring;
-  contour.clear();
   const int qtd = outline.Qtd();
-  for (int i = 0; i < outline.numNodes(); ++i) {
-    const NoGeratriz& no = outline.GetNo(i);
-    const Node n{no.vertex.x, no.vertex.y, no.vertex.z, no.bulge};
-    if (i == qtd) {
-      writeContour(contour, ring, out);
-      contour.clear();
-      out.push_back(n);
-      return;
-    }
-    contour.push_back(n);
-    if (!ElevationOutline::isMarker(n.bulge)) continue;
-    writeContour(contour, ring, out);
-    contour.clear();
+  int from = 0;
+  for (int i = 0; i < qtd; ++i) {
+    if (!ElevationOutline::isMarker(outline.GetBulge(i)) && i != qtd - 1) continue;
+    writeContour(outline, from, i, out);
+    from = i + 1;
   }
-  writeContour(contour, ring, out);
-  out.push_back({0, 0, 0, 0});
+  if (outline.numNodes() == qtd) return out.push_back({0, 0, 0, 0});
+  const NoGeratriz& origin = outline.GetNo(qtd);
+  out.push_back({origin.vertex.x, origin.vertex.y, origin.vertex.z, origin.bulge});
 }
