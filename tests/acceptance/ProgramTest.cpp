@@ -160,6 +160,54 @@ TEST(Program, EndsWithCode4OnAFullDisk) {
   EXPECT_TRUE(fs::is_character_file("/dev/full")) << "a device must never be replaced";
 }
 
+TEST(Program, NeverReplacesTheJobItself) {
+  const TestFolder folder;
+  const std::string job = folder.write("job.json", kSmallJob);
+  EXPECT_EQ(runShell("kr bom --overwrite " + quoted(job) + " -o " + quoted(job)).code, 4);
+  EXPECT_EQ(runShell("kr build --overwrite --format pdf " + quoted(job) + " " + quoted(folder.path("./job.json"))).code,
+            4);
+  EXPECT_EQ(folder.read("job.json"), kSmallJob);
+}
+
+TEST(Program, TakesTwoSpellingsOfOneFileForOne) {
+  const TestFolder folder;
+  EXPECT_EQ(
+      runShell("kr build - " + quoted(folder.path("a.pdf")) + " " + quoted(folder.path("./a.pdf")), kSmallJob).code, 1);
+}
+
+TEST(Program, EndsWithCode6WhenAGoodJobCannotBeDrawn) {
+  // At 1200 dots per inch an A0 sheet takes nearly 60,000 dots across, more than a picture may have.
+  const TestFolder folder;
+  std::string job = kSmallJob;
+  job.insert(job.rfind('}'), R"(, "sheets": [{"size": "A0"}])");
+  const Outcome run = runShell("kr build - " + quoted(folder.path("a.png")) + " --resolution 1200", job);
+  EXPECT_EQ(run.code, 6) << run.err;
+  EXPECT_EQ(folder.count(), 0U);
+}
+
+TEST(Program, DrawsASheetAPageAndOneSheetAPicture) {
+  const TestFolder folder;
+  std::string job = kSmallJob;
+  job.insert(job.rfind('}'), R"(, "sheets": [{"size": "A2"}, {"size": "A1", "title": {"number": "T-2"}}])");
+  ASSERT_EQ(runShell("kr build - " + quoted(folder.path("a.pdf")), job).code, 0);
+  EXPECT_THAT(runShell("pdfinfo " + quoted(folder.path("a.pdf"))).out, HasSubstr("Pages:           2"));
+  EXPECT_EQ(runShell("kr build - " + quoted(folder.path("a.svg")), job).code, 1);
+  EXPECT_EQ(runShell("kr build - --sheet 2 " + quoted(folder.path("a.svg")), job).code, 0);
+  EXPECT_EQ(runShell("kr build - --sheet 3 " + quoted(folder.path("b.svg")), job).code, 1);
+  const Outcome text = runShell("pdftotext -f 2 -l 2 " + quoted(folder.path("a.pdf")) + " -");
+  EXPECT_THAT(text.out, AllOf(HasSubstr("T-2"), HasSubstr("2/2"), Not(HasSubstr("T-1"))));
+}
+
+TEST(Program, DatesASheetBySourceDateEpochWhenTheJobDoesNot) {
+  const TestFolder folder;
+  std::string job = kSmallJob;
+  job.replace(job.find(", \"date\": \"2026-01-02\""), 22, "");
+  // 2001-09-09 is the day of second 1,000,000,000.
+  const Outcome run = runShell("export SOURCE_DATE_EPOCH=1000000000; kr build - " + quoted(folder.path("a.pdf")), job);
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_THAT(runShell("pdftotext " + quoted(folder.path("a.pdf")) + " -").out, HasSubstr("2001-09-09"));
+}
+
 TEST(Program, WeighsByHand) {
   const Outcome run = runShell("kr bom - --json", kSmallJob);
   ASSERT_EQ(run.code, 0) << run.err;

@@ -49,8 +49,8 @@ TEST(Bom, SumsCountLengthWeightAndArea) {
 
 TEST(Bom, FindsAMembersPosition) {
   const kr::Bom bom = kr::makeBom({piece("A", 1000), piece("B", 2000)});
-  EXPECT_EQ(bom.markOf("A"), 2);
-  EXPECT_EQ(bom.markOf("none"), 0);
+  EXPECT_EQ(bom.marks().at("A"), 2);
+  EXPECT_EQ(bom.marks().count("none"), 0U);
 }
 
 TEST(Bom, OfNothingHasNoRowsAndZeroTotals) {

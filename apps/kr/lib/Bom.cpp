@@ -90,11 +90,12 @@ BomTotals Bom::totals() const {
   return sum;
 }
 
-int Bom::markOf(const std::string& member) const {
+std::unordered_map<std::string, int> Bom::marks() const {
+  std::unordered_map<std::string, int> marks;
   for (const BomItem& item : items) {
-    if (std::find(item.members.begin(), item.members.end(), member) != item.members.end()) return item.mark;
+    for (const std::string& name : item.members) marks[name] = item.mark;
   }
-  return 0;
+  return marks;
 }
 
 Bom makeBom(const std::vector<BomPiece>& pieces) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace kr {
@@ -41,8 +42,8 @@ struct Bom {
 
   BomTotals totals() const;
 
-  /// The position number of a member; 0 when it isn't in the bill.
-  int markOf(const std::string& member) const;
+  /// The position number of each member, by its name.
+  std::unordered_map<std::string, int> marks() const;
 };
 
 /// Lengths that differ by no more are equal, mm: what rounding leaves of mirrored coordinates, far below any cut.

@@ -65,11 +65,15 @@ bool readInput(const std::string& path, std::string& contents, Report& report) {
   return false;
 }
 
-bool checkOutput(const std::string& path, bool overwrite, Report& report) {
+bool checkOutput(const std::string& path, const std::string& input, bool overwrite, Report& report) {
   if (path == kStandardStream || isStream(path)) return true;
   std::error_code ignored;
   if (fs::is_directory(path, ignored)) {
     report.error(Exit::kOutputConflict, inQuotes(path) + " is a folder: name a file");
+    return false;
+  }
+  if (fs::equivalent(path, input, ignored)) {
+    report.error(Exit::kOutputConflict, inQuotes(path) + " is the input: an output must be another file");
     return false;
   }
   if (fs::exists(path, ignored) && !overwrite) {

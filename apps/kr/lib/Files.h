@@ -17,8 +17,8 @@ inline constexpr std::size_t kLargestInput = std::size_t{1} << 30;
 bool readInput(const std::string& path, std::string& contents, Report& report);
 
 /// Whether an output could be written at `path` now; the reason is reported when not. Nothing is touched. A device or a
-/// pipe can always be written, a file that exists only with `overwrite`.
-bool checkOutput(const std::string& path, bool overwrite, Report& report);
+/// pipe can always be written, a file that exists only with `overwrite`, and the file `input` never.
+bool checkOutput(const std::string& path, const std::string& input, bool overwrite, Report& report);
 
 /// Writes a whole output: standard output for "-", a device or pipe as it stands, and a file in one step, so that it
 /// holds either all of `contents` or what it held before. False, with the reason reported, on failure.

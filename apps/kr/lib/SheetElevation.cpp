@@ -165,10 +165,7 @@ double clearanceOf(JobPoint point, const std::vector<Stroke>& strokes) {
 
 void drawMarks(Painter& painter, const Job& job, const Bom& bom, const Placement& place,
                const std::vector<Stroke>& avoid) {
-  std::unordered_map<std::string, int> marks;
-  for (const BomItem& item : bom.items) {
-    for (const std::string& name : item.members) marks[name] = item.mark;
-  }
+  std::unordered_map<std::string, int> marks = bom.marks();
   std::vector<Stroke> strokes = memberStrokes(job, place);
   strokes.insert(strokes.end(), avoid.begin(), avoid.end());
   std::vector<Balloon> placed;

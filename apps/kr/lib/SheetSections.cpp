@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
+#include <unordered_map>
 
 #include "Number.h"
 #include "Scale.h"
@@ -59,9 +61,9 @@ SectionRow::SectionRow(Painter& painter, const DrawnJob& drawn, double scale, do
     Section section{i, profile.profileClass->depth(profile.values), 0, {}, {}, {}};
     section.place = place + section.depth / 2;
     place += 2 * section.depth;  // any place will do, as each is shown apart
-    describe(drawn, section);
     sections_.push_back(section);
   }
+  describe(drawn);
   choose(scale, width);
   // One window shows them all, so they lie in the block as they do on paper.
   double at = 0;
@@ -72,28 +74,25 @@ SectionRow::SectionRow(Painter& painter, const DrawnJob& drawn, double scale, do
   }
 }
 
-void SectionRow::describe(const DrawnJob& drawn, Section& section) const {
-  const JobProfile& profile = drawn.job.profiles[section.profile];
-  std::vector<int> marks;
+// The position numbers of each section's members, and what the bill calls them.
+void SectionRow::describe(const DrawnJob& drawn) {
+  std::unordered_map<std::string, int> markOf = drawn.bom.marks();
+  std::vector<std::set<int>> marks(drawn.job.profiles.size());
   for (const JobMember& member : drawn.job.members) {
-    if (member.profile != section.profile) continue;
-    const std::string name(drawn.job.names.text(member.name));
-    const int mark = drawn.bom.markOf(name);
-    if (std::find(marks.begin(), marks.end(), mark) != marks.end()) continue;
-    marks.push_back(mark);
-    if (section.label.empty()) {
-      const BomPiece& piece = drawn.bom.items[static_cast<std::size_t>(mark) - 1].piece;
-      section.label = piece.designation + "  " + piece.dimensions;
-    }
+    marks[member.profile].insert(markOf[std::string(drawn.job.names.text(member.name))]);
   }
-  std::sort(marks.begin(), marks.end());
-  section.marks = "Pos. ";
-  for (const int mark : marks) section.marks += (mark == marks.front() ? "" : ", ") + std::to_string(mark);
-  const ProfileClass& row = *profile.profileClass;
-  for (std::size_t i = 0; i < row.parameters.size(); ++i) {
-    if (profile.values[i] <= 0) continue;
-    section.sizes += (section.sizes.empty() ? "" : "   ") + std::string(row.parameters[i].key) + " " +
-                     shortest(std::stod(fixed(profile.values[i], 3)));
+  for (Section& section : sections_) {
+    const std::set<int>& own = marks[section.profile];
+    const BomPiece& piece = drawn.bom.items[static_cast<std::size_t>(*own.begin()) - 1].piece;
+    section.label = piece.designation + "  " + piece.dimensions;
+    for (const int mark : own) section.marks += (section.marks.empty() ? "Pos. " : ", ") + std::to_string(mark);
+    const JobProfile& profile = drawn.job.profiles[section.profile];
+    const ProfileClass& row = *profile.profileClass;
+    for (std::size_t i = 0; i < row.parameters.size(); ++i) {
+      if (profile.values[i] <= 0) continue;
+      section.sizes += (section.sizes.empty() ? "" : "   ") + std::string(row.parameters[i].key) + " " +
+                       shortest(std::stod(fixed(profile.values[i], 3)));
+    }
   }
 }
 

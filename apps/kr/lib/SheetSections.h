@@ -37,7 +37,7 @@ class SectionRow {
   };
 
   void choose(double scale, double width);
-  void describe(const DrawnJob& drawn, Section& section) const;
+  void describe(const DrawnJob& drawn);
   double cell(const Section& section) const;
   double deepest() const;
 

@@ -1,11 +1,11 @@
 #include "Verbs.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <set>
-#include <sstream>
 
 #include "Bom.h"
 #include "Documents.h"
@@ -81,11 +81,13 @@ bool checkBuild(const BuildRequest& request, std::vector<plot::PlotFormat>& form
     const auto format = formatFor(file, request.format, report);
     if (!format) return false;
     formats.push_back(*format);
-    if (!seen.insert(file).second) {
+    std::error_code ignored;
+    const std::filesystem::path whole = std::filesystem::weakly_canonical(file, ignored);
+    if (!seen.insert(whole.empty() ? file : whole.string()).second) {
       report.error(Exit::kArguments, inQuotes(file) + " is named twice");
       return false;
     }
-    if (!checkOutput(file, request.overwrite, report)) return false;
+    if (!checkOutput(file, request.job, request.overwrite, report)) return false;
   }
   return true;
 }
@@ -223,7 +225,7 @@ void build(const BuildRequest& request, Report& report) {
 }
 
 void bom(const BomRequest& request, Report& report) {
-  if (!checkOutput(request.output, request.overwrite, report)) return;
+  if (!checkOutput(request.output, request.job, request.overwrite, report)) return;
   const auto open = openJob(request.job, request.data, report);
   if (open == nullptr) return;
   const Bom bill = makeBom(piecesOf(open->members));
@@ -235,7 +237,7 @@ void bom(const BomRequest& request, Report& report) {
 }
 
 void list(const ListRequest& request, Report& report) {
-  if (!checkOutput(request.output, request.overwrite, report)) return;
+  if (!checkOutput(request.output, request.job, request.overwrite, report)) return;
   const auto open = openJob(request.job, request.data, report);
   std::vector<std::size_t> picked;
   if (open == nullptr || !pick(*open, request.names, picked, report)) return;
@@ -248,7 +250,7 @@ void list(const ListRequest& request, Report& report) {
 }
 
 void about(const AboutRequest& request, Report& report) {
-  if (!checkOutput(request.output, request.overwrite, report)) return;
+  if (!checkOutput(request.output, {}, request.overwrite, report)) return;
   std::string text;
   {
     const edhost::ConsoleCapture started;  // that the module found no side library doesn't matter here
