@@ -67,3 +67,13 @@ Acad::ErrorStatus KrObject::dwgInFieldsData(AcDbDwgFiler* filer) {
   const WithoutEntity guard(semEntidade_);
   return dwgInFields(filer);
 }
+
+Acad::ErrorStatus KrObject::applyPartialUndo(AcDbDwgFiler* filer, AcRxClass* classe) {
+  assertWriteEnabled(false);
+  return AcDbEntity::applyPartialUndo(filer, classe);
+}
+
+Acad::ErrorStatus KrObject::subGetTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copia) const {
+  assertReadEnabled();
+  return AcDbEntity::subGetTransformedCopy(xform, copia);
+}

@@ -76,6 +76,8 @@ class KrObject : public AcDbEntity {
     std::int32_t manterFora = 0;
     std::int32_t opcoes = 0;
   };
+  /// Zeroes the whole block.
+  static void Reset_RecKrVectorArrayArgs(RecKrVectorArrayArgs& args) { args = RecKrVectorArrayArgs(); }
 
   /// A member with no view, no outline and nothing drawn. Sets the host's global tolerance to 1e-8 for points and
   /// vectors.
@@ -328,6 +330,13 @@ class KrObject : public AcDbEntity {
   /// Removes from the current view's list all elements of holes; the record stays.
   void removeFuros();
 
+  // --- Removing modifiers --------------------------------------------------------------------------------------------
+
+  /// Removes modifiers of the kinds that `mods` names (ObjMods, combined): all of them with `indice` -1, else that one.
+  /// When something went and the member is in a database, it regenerates, and its linked objects lose those kinds
+  /// entirely.
+  void RemoveMods(int mods, int indice) { RemoveMods(mods, indice, 1); }
+
   // --- Copying -------------------------------------------------------------------------------------------------------
 
   Acad::ErrorStatus CopiaDados(const KrObject* origem, int completo);
@@ -378,12 +387,15 @@ class KrObject : public AcDbEntity {
   Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
   Acad::ErrorStatus audit(AcDbAuditInfo* info) override;
   Acad::ErrorStatus subClose() override;
+  void saveAs(AcGiWorldDraw* draw, AcDb::SaveType type) override;
+  Acad::ErrorStatus applyPartialUndo(AcDbDwgFiler* filer, AcRxClass* classe) override;
 
  protected:
   Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
   void subViewportDraw(AcGiViewportDraw* draw) override;
   void subList() const override;
   Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copia) const override;
 
   /// The section outline, for the classes that write it.
   KrGeratriz& outline() { return secao_; }
@@ -417,6 +429,8 @@ class KrObject : public AcDbEntity {
   bool readExtensions(AcDbDwgFiler* filer);
   void readHoles(AcDbDwgFiler* filer);
   void deleteExtensions();
+  void RemoveMods(int mods, int indice, int regenerar);
+  bool removeModsHere(int mods, int indice);
   KrObjectExtension* accessKrObjectExtension(unsigned id) const;
 
   // The places of the modifiers in the regeneration, in their order.

@@ -96,3 +96,48 @@ void KrObject::deleteExtensions() {
   for (KrObjectExtension* e : extensions_) delete e;
   extensions_.clear();
 }
+
+// --- Removing
+// ----------------------------------------------------------------------------------------------------------
+
+bool KrObject::removeModsHere(int mods, int indice) {
+  bool removed = false;
+  const auto from = [&](int kind, int count, auto clear, auto removeAt) {
+    if ((mods & kind) == 0 || count == 0) return;
+    if (indice == -1) {
+      clear();
+      removed = true;
+    } else if (indice >= 0 && indice < count) {
+      removeAt();
+      removed = true;
+    }
+  };
+  from(
+      ModFuro, furos_.Qtd(), [&] { furos_.Clear(); }, [&] { furos_.removeAt(indice); });
+  from(
+      ModCorte, cortes_.Qtd(), [&] { cortes_.Clear(); }, [&] { cortes_.removeAt(indice); });
+  KrObjectRecorteArray& notches = recortes_[notchArrayOf(GetVistaReal())];
+  const int allNotches = recortes_[0].length() + recortes_[1].length();
+  from(
+      ModRecorte, indice == -1 ? allNotches : notches.length(),
+      [&] {
+        for (KrObjectRecorteArray& lista : recortes_) lista.Clear();
+      },
+      [&] { notches.removeAt(indice); });
+  from(
+      ModSplit, splits_.length(), [&] { splits_.Clear(); }, [&] { splits_.removeAt(indice); });
+  return removed;
+}
+
+void KrObject::RemoveMods(int mods, int indice, int regenerar) {
+  assertWriteEnabled();
+  if (!removeModsHere(mods, indice) || !hasValidId() || regenerar == 0) return;
+  Gera_KrVector();
+  for (int i = 0; i < relativeObj_.length(); ++i) {
+    KrObject* linked = nullptr;
+    if (acdbOpenObject(linked, relativeObj_[i], AcDb::kForWrite) != Acad::eOk) continue;
+    linked->removeModsHere(mods, -1);
+    linked->Gera_KrVector();
+    linked->close();
+  }
+}

@@ -165,6 +165,11 @@ void KrObject::subViewportDraw(AcGiViewportDraw* draw) {
   AcDbEntity::subViewportDraw(draw);
 }
 
+void KrObject::saveAs(AcGiWorldDraw* draw, AcDb::SaveType type) {
+  assertReadEnabled();
+  AcDbEntity::saveAs(draw, type);
+}
+
 void KrObject::hideAll() {
   assertWriteEnabled();
   KrObjectArray<KrVector>& lista = vertexList(VistaCorrente);

@@ -232,6 +232,41 @@ TEST(MemberUndo, RestoresTheModelThroughItsOwnFiler) {
   opened->close();
 }
 
+TEST(MemberModifiers, AreRemovedByKindOneOrAll) {
+  const Drawing drawing;
+  Filed member;
+  member.fill();
+  KrFuro holes;
+  member.Furos(holes, 0);
+  holes.Add(AcGeVector3d(-30, 100, 300), AcGeVector3d(-30, 91, 300), 18, 0, 0);
+  member.setFurosSemLink(holes);
+  member.RemoveMods(ModCorte | ModSplit, -1);
+  EXPECT_EQ(member.numFuros(), 2) << "other kinds leave the holes";
+  member.RemoveMods(ModFuro, 5);
+  EXPECT_EQ(member.numFuros(), 2) << "no such hole";
+  member.RemoveMods(ModFuro, 0);
+  member.Furos(holes, 0);
+  ASSERT_EQ(holes.Qtd(), 1);
+  EXPECT_DOUBLE_EQ(holes.getIni(0).z, 300);
+  member.RemoveMods(ModFuro | ModRecorte, -1);
+  EXPECT_EQ(member.numFuros(), 0);
+}
+
+TEST(MemberModifiers, RemovedInADrawingRegenerateTheMember) {
+  Drawing drawing;
+  auto* member = new Filed;
+  member->fill();
+  member->ClearVertexes(Direita);
+  const AcDbObjectId id = drawing.append(member);
+  KrObject* opened = nullptr;
+  ASSERT_EQ(acdbOpenObject(opened, id, AcDb::kForWrite), Acad::eOk);
+  opened->RemoveMods(ModCorte, -1);
+  EXPECT_EQ(opened->GetNumVertex(Direita), 0) << "nothing went, nothing is drawn anew";
+  opened->RemoveMods(ModFuro, -1);
+  EXPECT_GT(opened->GetNumVertex(Direita), 0);
+  opened->close();
+}
+
 TEST(MemberAudit, MendsAnUnknownRole) {
   TestMember member;
   member.settipoBarra(static_cast<TipoBarra>(12));
