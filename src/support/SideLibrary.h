@@ -24,7 +24,9 @@ struct SideLibrary {
 
 /// The module's side library: all null until the module's start.
 extern SideLibrary krSideLibrary;
-inline SideLibrary& sideLibrary() { return krSideLibrary; }
+inline SideLibrary& sideLibrary() {
+  return krSideLibrary;
+}
 
 /// Loads the library from `<install>\Support`, the install folder being the value of KRTRAMA_BRICSV17, or by its bare
 /// name when that isn't set, and binds the functions; one that the library lacks stays null. On failure all stay null

@@ -33,5 +33,5 @@
 #include "host/db/AcDbViewTables.h"
 #include "host/db/AcDbXrecord.h"
 #include "host/db/acdbOpen.h"
-#include "host/db/resbuf.h"
 #include "host/db/entities/entities.h"
+#include "host/db/resbuf.h"

@@ -12,8 +12,9 @@ struct StyleFont {
   bool substituted = false;
 };
 
-/// A family set by setFont goes first; else the font file's name without folder and ending is taken as a family. A style
-/// that names neither, and one that names a single-stroke font (ending .shx, or none), gets the standard lettering.
+/// A family set by setFont goes first; else the font file's name without folder and ending is taken as a family. A
+/// style that names neither, and one that names a single-stroke font (ending .shx, or none), gets the standard
+/// lettering.
 StyleFont fontOf(const AcGiTextStyle& style);
 
 }  // namespace gi
