@@ -160,6 +160,28 @@ TEST(Program, EndsWithCode4OnAFullDisk) {
   EXPECT_TRUE(fs::is_character_file("/dev/full")) << "a device must never be replaced";
 }
 
+TEST(Program, KeepsTheOldFileWhenTheNewOneCannotBeWrittenWhole) {
+  // No file may grow beyond 4 KiB: the drawing breaks off as on a full disk.
+  const TestFolder folder;
+  const std::string file = folder.write("old.svg", "old");
+  const Outcome run = runShell("trap '' XFSZ; ulimit -f 8; kr build - " + quoted(file) + " --overwrite", kSmallJob);
+  EXPECT_EQ(run.code, 4);
+  EXPECT_THAT(run.err, HasSubstr("old.svg"));
+  EXPECT_EQ(folder.read("old.svg"), "old");
+  EXPECT_EQ(folder.count(), 1U) << "nothing temporary stays";
+}
+
+TEST(Program, ShowsProgressOnATerminalOnly) {
+  const TestFolder folder;
+  const std::string job = folder.write("job.json", kSmallJob);
+  const std::string line = KR_BINARY_DIR "/bin/kr build " + job + " " + folder.path("a.pdf") + " --overwrite";
+  EXPECT_EQ(runShell(line).err, "");
+  const Outcome shown = runShell("script -qec '" + line + "' /dev/null");
+  EXPECT_EQ(shown.code, 0);
+  EXPECT_THAT(shown.out, HasSubstr("drawing 1/1"));
+  EXPECT_THAT(runShell("script -qec '" + line + " --quiet' /dev/null").out, Not(HasSubstr("drawing")));
+}
+
 TEST(Program, NeverReplacesTheJobItself) {
   const TestFolder folder;
   const std::string job = folder.write("job.json", kSmallJob);
