@@ -310,6 +310,26 @@ TEST(JobReader, TellsEveryProblemInOneRunInTheOrderOfTheText) {
                           testing::StartsWith("6:88 /members/1/x ")));
 }
 
+TEST(JobReader, TellsThousandsOfProblemsInTime) {
+  // Each is a reference to a node that isn't there, among thousands of nodes that it might have meant.
+  std::string nodes;
+  std::string members;
+  constexpr int kCount = 5000;
+  for (int i = 0; i < kCount; ++i) {
+    const std::string number = std::to_string(i);
+    nodes += (i > 0 ? "," : "") + ("\"node" + number + "\": [" + number + ", 0]");
+    members += (i > 0 ? "," : "") +
+               ("{\"name\": \"" + number + "\", \"profile\": \"p\", \"from\": \"nod" + number + "\", \"to\": [0, 1]}");
+  }
+  const auto problems = problemsOf("{\"kr\": 1, \"nodes\": {" + nodes +
+                                   "}, \"profiles\": {\"p\": {\"class\": \"KrBarraRedonda\", \"diametro\": 1}}, "
+                                   "\"members\": [" +
+                                   members + "]}");
+  ASSERT_EQ(problems.size(), static_cast<std::size_t>(kCount));
+  EXPECT_THAT(problems.front(), testing::HasSubstr("did you mean"));
+  EXPECT_THAT(problems.back(), testing::HasSubstr("unknown node \"nod4999\": declare it in \"nodes\""));
+}
+
 TEST(JobReader, EscapesNamesInPaths) {
   EXPECT_THAT(problemsOf(goodWith("\"nodes\": {", "\"nodes\": {\"a/b~c\": 1, "))[0],
               testing::HasSubstr(" /nodes/a~1b~0c expected a node"));

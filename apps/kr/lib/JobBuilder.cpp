@@ -15,6 +15,8 @@ constexpr std::uint32_t kPointInPlace = 0x80000000U;
 // Shorter than this no member can be drawn: the drawing's own tolerance for points is finer still.
 constexpr double kShortestMember = 1e-3;
 
+constexpr int kMostHints = 100;
+
 // Members whose directions differ by a sine below this run on from each other and need no gap.
 constexpr double kAlongside = 0.05;
 
@@ -146,7 +148,7 @@ void JobBuilder::endSheet() {
 
 void JobBuilder::finish(const KnownNames& known, bool sound, std::vector<Problem>& found) {
   resolveLayers(known, found);
-  for (std::size_t i = 0; i < job.members.size(); ++i) checkLayer(i, known, found);
+  checkLayers(known, found);
   resolveMembers(found);
   resolveDetails(found);
   if (!found.empty() || !sound) return;
@@ -170,18 +172,31 @@ void JobBuilder::resolveLayers(const KnownNames& known, std::vector<Problem>& fo
   }
 }
 
-void JobBuilder::checkLayer(std::size_t index, const KnownNames& known, std::vector<Problem>& found) const {
-  const NameId layerName = job.members[index].layer;
-  if (layerName == kNoName) return;
-  const std::string_view wanted = job.names.text(layerName);
-  const auto own = [&](const JobLayer& row) { return row.name == layerName; };
-  if (std::any_of(job.layers.begin(), job.layers.end(), own)) return;
-  if (std::find(known.layers.begin(), known.layers.end(), wanted) != known.layers.end()) return;
-  std::vector<std::string_view> words;
-  for (const JobLayer& row : job.layers) words.push_back(job.names.text(row.name));
-  words.insert(words.end(), known.layers.begin(), known.layers.end());
-  found.push_back({0, 0, 0, memberPath(index, "layer"),
-                   "unknown layer " + inQuotes(wanted) + ": " + suggestion(wanted, words, "declare it in \"layers\"")});
+// The nearest of the names in an index. It is sought for the first problems only: a file with thousands of them has
+// one cause, and each search looks at every name.
+std::string JobBuilder::hint(std::string_view wanted, const std::vector<std::uint32_t>& index,
+                             std::string_view otherwise) {
+  if (++hints_ > kMostHints) return std::string(otherwise);
+  return suggestion(wanted, namesIn(index, job.names), otherwise);
+}
+
+void JobBuilder::checkLayers(const KnownNames& known, std::vector<Problem>& found) {
+  std::vector<char> there(job.names.size(), 0);
+  there[kNoName] = 1;
+  for (const JobLayer& row : job.layers) there[row.name] = 1;
+  for (const std::string& name : known.layers) there[job.names.find(name)] = 1;
+  for (std::size_t i = 0; i < job.members.size(); ++i) {
+    if (there[job.members[i].layer] != 0) continue;
+    const std::string_view wanted = job.names.text(job.members[i].layer);
+    std::vector<std::string_view> words;
+    if (++hints_ <= kMostHints) {
+      for (const JobLayer& row : job.layers) words.push_back(job.names.text(row.name));
+      words.insert(words.end(), known.layers.begin(), known.layers.end());
+    }
+    found.push_back(
+        {0, 0, 0, memberPath(i, "layer"),
+         "unknown layer " + inQuotes(wanted) + ": " + suggestion(wanted, words, "declare it in \"layers\"")});
+  }
 }
 
 void JobBuilder::resolvePoint(const std::string& path, std::uint32_t& reference, std::vector<Problem>& found) {
@@ -194,9 +209,8 @@ void JobBuilder::resolvePoint(const std::string& path, std::uint32_t& reference,
   reference = lookUp(pointOf_, name);
   if (reference != kNone) return;
   const std::string_view wanted = job.names.text(name);
-  found.push_back({0, 0, 0, path,
-                   "unknown node " + inQuotes(wanted) + ": " +
-                       suggestion(wanted, namesIn(pointOf_, job.names), "declare it in \"nodes\"")});
+  found.push_back(
+      {0, 0, 0, path, "unknown node " + inQuotes(wanted) + ": " + hint(wanted, pointOf_, "declare it in \"nodes\"")});
 }
 
 void JobBuilder::resolveDetails(std::vector<Problem>& found) {
@@ -220,6 +234,8 @@ void JobBuilder::keepClear() {
   const auto passes = [&](const JobMember& row, JobPoint node) {
     const JobPoint a = job.points[row.from];
     const JobPoint b = job.points[row.to];
+    if (std::min(a.x, b.x) > node.x + kOnAxis || std::max(a.x, b.x) < node.x - kOnAxis) return false;
+    if (std::min(a.y, b.y) > node.y + kOnAxis || std::max(a.y, b.y) < node.y - kOnAxis) return false;
     const double length = std::hypot(b.x - a.x, b.y - a.y);
     const double along = ((node.x - a.x) * (b.x - a.x) + (node.y - a.y) * (b.y - a.y)) / length;
     const double across = std::abs((node.x - a.x) * (b.y - a.y) - (node.y - a.y) * (b.x - a.x)) / length;
@@ -272,9 +288,9 @@ void JobBuilder::resolveMembers(std::vector<Problem>& found) {
       const std::string_view wanted = job.names.text(row.profile);
       const std::uint32_t place = lookUp(profileOf_, row.profile);
       if (place == kNone) {
-        found.push_back({0, 0, 0, memberPath(i, "profile"),
-                         "unknown profile " + inQuotes(wanted) + ": " +
-                             suggestion(wanted, namesIn(profileOf_, job.names), "declare it in \"profiles\"")});
+        found.push_back(
+            {0, 0, 0, memberPath(i, "profile"),
+             "unknown profile " + inQuotes(wanted) + ": " + hint(wanted, profileOf_, "declare it in \"profiles\"")});
       }
       row.profile = place;
     }

@@ -76,9 +76,11 @@ class JobBuilder {
   void resolvePoint(const std::string& path, std::uint32_t& reference, std::vector<Problem>& found);
   void keepClear();
   void checkLength(std::size_t index, const JobMember& checked, std::vector<Problem>& found) const;
-  void checkLayer(std::size_t index, const KnownNames& known, std::vector<Problem>& found) const;
+  void checkLayers(const KnownNames& known, std::vector<Problem>& found);
+  std::string hint(std::string_view wanted, const std::vector<std::uint32_t>& index, std::string_view otherwise);
 
   JobProfile profile_;
+  int hints_ = 0;
   std::string className_;
   std::vector<Parameter> parameters_;
 

@@ -30,15 +30,12 @@ struct OpenJob {
   std::vector<AcDbObjectId> members;
 };
 
-constexpr std::size_t kMostProblems = 200;  // told in full; the rest is counted
-
 void tellProblems(const std::string& file, const std::vector<Problem>& problems, Report& report) {
   const std::string name = file == kStandardStream ? "standard input" : file;
   const std::size_t count = problems.size();
   report.error(Exit::kBadInput, inQuotes(name) + " has " + std::to_string(count) + (count == 1 ? " error" : " errors") +
                                     "; nothing was written");
-  for (std::size_t i = 0; i < std::min(count, kMostProblems); ++i) report.detail(describe(name, problems[i]));
-  if (count > kMostProblems) report.detail("... and " + std::to_string(count - kMostProblems) + " more");
+  for (const Problem& problem : problems) report.detail(describe(name, problem));
 }
 
 // Reads a job and draws its members. Null, reported, when something is wrong.
