@@ -5,16 +5,29 @@
 #include "profiles/KrBNDuplaLaminada.h"
 #include "profiles/KrBNLaminado.h"
 #include "profiles/KrBarraRedonda.h"
+#include "profiles/KrBox.h"
+#include "profiles/KrCaixaDobrado.h"
 #include "profiles/KrCantCruzLaminada.h"
 #include "profiles/KrCantLaminada.h"
 #include "profiles/KrCantLaminadaCaixa.h"
+#include "profiles/KrCantTDobrada.h"
 #include "profiles/KrCantTEELaminada.h"
+#include "profiles/KrCantUDobrada.h"
 #include "profiles/KrCantULaminada.h"
 #include "profiles/KrCantZLaminada.h"
+#include "profiles/KrCantoneiraDobrada.h"
+#include "profiles/KrCartola.h"
+#include "profiles/KrChapa.h"
+#include "profiles/KrIDobrado.h"
 #include "profiles/KrILaminadoUSA.h"
+#include "profiles/KrISoldado.h"
 #include "profiles/KrTubo.h"
+#include "profiles/KrUDobrado.h"
 #include "profiles/KrULaminado.h"
 #include "profiles/KrUULaminado.h"
+#include "profiles/KrUser.h"
+#include "profiles/KrXDobrado.h"
+#include "profiles/KrZDobrado.h"
 #include "records/KrObjectExtension.h"
 #include "records/KrObjectModCData.h"
 #include "records/KrObjectTextExtension.h"
@@ -36,14 +49,27 @@ constexpr ModuleClass kClasses[] = {
     moduleClass<KrCantTEELaminada>(),
     moduleClass<KrBNLaminado>(),
     moduleClass<KrBNDuplaLaminada>(),
+    moduleClass<KrCantoneiraDobrada>(),
+    moduleClass<KrUDobrado>(),
+    moduleClass<KrCantTDobrada>(),
+    moduleClass<KrCantUDobrada>(),
+    moduleClass<KrCaixaDobrado>(),
+    moduleClass<KrIDobrado>(),
+    moduleClass<KrXDobrado>(),
+    moduleClass<KrCartola>(),
+    moduleClass<KrISoldado>(),
+    moduleClass<KrChapa>(),
     moduleClass<KrTubo>(),
     moduleClass<KrULaminado>(),
+    moduleClass<KrZDobrado>(),
     moduleClass<Kr2ULaminado>(),
     moduleClass<KrCantCruzLaminada>(),
     moduleClass<KrCantLaminadaCaixa>(),
     moduleClass<KrCantZLaminada>(),
     moduleClass<KrUULaminado>(),
     moduleClass<KrBarraRedonda>(),
+    moduleClass<KrBox>(),
+    moduleClass<KrUser>(),
     moduleClass<KrObjectModCData>(),
     moduleClass<KrObjectExtension>(),
     moduleClass<KrObjectTextExtension>(),

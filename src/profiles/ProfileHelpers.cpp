@@ -66,8 +66,8 @@ void listSection(std::initializer_list<double> dimensoes, double area) {
 }
 
 void listCompound(std::initializer_list<double> ofHalf, double areaOfHalf, std::initializer_list<double> ofWhole,
-                  double areaOfWhole) {
-  acutPrintf(L"\n%s\n", L"Dados do Perfil");
+                  double areaOfWhole, const ACHAR* titleOfHalf) {
+  acutPrintf(L"\n%s\n", titleOfHalf);
   listSection(ofHalf, areaOfHalf);
   acutPrintf(L"\n\n%s\n", L"Dados do Perfil Composto");
   listSection(ofWhole, areaOfWhole);

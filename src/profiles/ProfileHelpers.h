@@ -44,7 +44,7 @@ void listSection(std::initializer_list<double> dimensoes, double area);
 /// The class's own lines of a compound section's listing: those of one half, then those of the whole, each under its
 /// title.
 void listCompound(std::initializer_list<double> ofHalf, double areaOfHalf, std::initializer_list<double> ofWhole,
-                  double areaOfWhole);
+                  double areaOfWhole, const ACHAR* titleOfHalf = L"Dados do Perfil");
 
 /// Length of what a bar's current view draws in lines and arcs.
 double drawnLength(const KrObject& bar);
