@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <iostream>
 
+#include "object/ElevationView.h"
 #include "object/SampleOutlines.h"
 #include "object/TestMember.h"
 
@@ -14,38 +13,9 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-// The lines of an elevation by their place across the bar, counted in the outline's X.
-oracle::View drawnView(const TestMember& member, KrVistas vista) {
-  oracle::View view;
-  const KrObjectArray<KrVector>& list = member.currentVertexList(vista);
-  for (int i = 0; i < list.length(); ++i) {
-    const KrVector& v = list[i];
-    // The bar lies along X: an outline's X runs towards -Y of the drawing.
-    const bool along = std::fabs(v.startPoint().y - v.endPoint().y) < 1e-9;
-    if (v.tipo() == KR_VF_ARESTA && along) view.sides.push_back(-v.startPoint().y);
-    if (v.tipo() == KR_VF_PADRAO && (v.type() == KR_VT_LINHA || v.type() == KR_VT_LINHA_OCULTA))
-      view.lines.push_back({-v.startPoint().y, v.type() == KR_VT_LINHA});
-  }
-  std::sort(view.sides.begin(), view.sides.end());
-  return view;
-}
-
-// The outline as the view looks at it, told without the generator: from above, below, left and right.
-oracle::Outline lookedAt(const oracle::Outline& section, KrVistas vista, double sectionAngle) {
-  const oracle::Outline turned = oracle::turned(section, sectionAngle);
-  switch (vista) {
-    case Superior:
-      return turned;
-    case Inferior:
-      return oracle::mirrored(oracle::turned(turned, kPi));
-    case Esquerda:
-      return oracle::mirrored(oracle::turned(turned, -kPi / 2));
-    default:
-      return oracle::turned(turned, kPi / 2);
-  }
-}
-
-constexpr KrVistas kElevations[] = {Superior, Inferior, Esquerda, Direita};
+using oracle::drawnView;
+using oracle::kElevations;
+using oracle::lookedAt;
 
 bool agrees(const oracle::Outline& section, KrVistas vista, double angle, std::string* why) {
   TestMember member;
