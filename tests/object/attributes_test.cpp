@@ -99,6 +99,7 @@ TEST(Listing, TellsPlaceViewRoleAndMeasures) {
       L"\n";
   ASSERT_GE(text.size(), want.size());
   EXPECT_EQ(text.substr(text.size() - want.size()), want);
+  EXPECT_NE(text.find(L"KrObject"), std::wstring::npos) << "the entity's own lines come first, on the same console";
 }
 
 TEST(Listing, LeavesOutWhatIsNothing) {

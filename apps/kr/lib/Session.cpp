@@ -21,15 +21,6 @@ namespace fs = std::filesystem;
 constexpr const char* kInstallVariable = "KRTRAMA_BRICSV17";
 constexpr const wchar_t* kModuleName = L"KrObjectsB16";
 
-// Sends what the database layer tells (an entity's list) to the editor's console, so that it stands in its place among
-// what the editor's own services write there.
-class ConsoleServices final : public AcDbHostApplicationServices {
- public:
-  void displayString(const ACHAR* text, int length) override {
-    edhost::writeConsole(std::wstring(text, static_cast<std::size_t>(length)));
-  }
-};
-
 // What the module wrote, in one line: its messages begin with a line break.
 std::string inOneLine(const std::wstring& text) {
   std::string out;
@@ -113,8 +104,6 @@ std::unique_ptr<Session> Session::startModule(const std::string& installFolder, 
     return nullptr;
   }
   setenv(kInstallVariable, fs::absolute(installFolder, ignored).c_str(), 1);
-  static ConsoleServices services;
-  acdbSetHostApplicationServices(&services);
   acDocManagerPtr()->newDocument();
   void* module = edhost::loadModule(kModuleName, acrxEntryPoint);
   if (module == nullptr) {
@@ -137,7 +126,6 @@ Session::~Session() {
   UsrLayerExit();
   acDocManagerPtr()->closeAllDocuments();
   edhost::unloadModule(module_);
-  acdbSetHostApplicationServices(nullptr);
 }
 
 AcDbDatabase* Session::database() const {

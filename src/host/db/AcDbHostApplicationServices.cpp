@@ -17,9 +17,16 @@ AcDbHostApplicationServices*& current() {
   return services;
 }
 
+AcDbDisplayFunction displayFunction = nullptr;
+
 }  // namespace
 
+void acdbSetDisplayFunction(AcDbDisplayFunction display) {
+  displayFunction = display;
+}
+
 void AcDbHostApplicationServices::displayString(const ACHAR* text, int length) {
+  if (displayFunction != nullptr) return displayFunction(text, length);
   const std::string bytes = os::toUtf8(std::wstring_view(text, std::size_t(length)));
   std::fwrite(bytes.data(), 1, bytes.size(), stdout);
 }

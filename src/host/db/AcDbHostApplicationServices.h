@@ -6,6 +6,11 @@
 
 class AcDbDatabase;
 
+/// Shows text of the database layer.
+using AcDbDisplayFunction = void (*)(const ACHAR* text, int length);
+/// Tells the host's own services where to show text; null: the standard output. The editor puts its console here.
+void acdbSetDisplayFunction(AcDbDisplayFunction display);
+
 /// What the database layer asks of the program around it.
 class AcDbHostApplicationServices {
  public:
@@ -15,7 +20,8 @@ class AcDbHostApplicationServices {
   AcDbDatabase* workingDatabase() const { return workingDatabase_; }
   void setWorkingDatabase(AcDbDatabase* database) { workingDatabase_ = database; }
 
-  /// Shows a report of the database layer (an entity's list, an audit's lines). By default to the standard output.
+  /// Shows a report of the database layer (an entity's list, an audit's lines). By default through the
+  /// display function.
   virtual void displayString(const ACHAR* text, int length);
 
  private:

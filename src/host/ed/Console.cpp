@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "host/db/AcDbHostApplicationServices.h"
 #include "host/ed/acut.h"
 #include "host/os/os.h"
 
@@ -24,6 +25,14 @@ void writeTo(std::FILE* stream, const std::wstring& text) {
   std::fwrite(bytes.data(), 1, bytes.size(), stream);
   std::fflush(stream);
 }
+
+// What the database layer tells (an entity's list, an audit's lines) stands among what the editor's services write.
+[[maybe_unused]] const bool kDatabaseSpeaksHere = [] {
+  acdbSetDisplayFunction([](const ACHAR* text, int length) {
+    edhost::writeConsole(std::wstring(text, static_cast<std::size_t>(length)));
+  });
+  return true;
+}();
 
 }  // namespace
 
