@@ -274,3 +274,30 @@ TEST_F(RolledAngle, HandMadeElevationsShowTheLegs) {
   make(0.5);
   for (const KrVistas vista : {Superior, Inferior, Esquerda, Direita}) EXPECT_EQ(bar.GetNumVertex(vista), 1);
 }
+
+// Nothing is refused: where the fillets need more than the legs have, a step goes backwards, and the outline closes.
+TEST_F(RolledAngle, FilletTooLargeForTheLegsWalksBackwards) {
+  const KrCantLaminada bar(kStart, kEnd, Superior, 30, 20, 5, 8, 20, 15, 0, 1, 200);
+  const std::vector<profile::Node> nodes = profile::outlineOf(bar);
+  ASSERT_EQ(nodes.size(), 9U);
+  // The lying leg has 20 - 2 * 5 - 15 = -5 between its fillets.
+  EXPECT_NEAR(nodes[4].x - nodes[3].x, 5, 1e-9);
+  EXPECT_NEAR(nodes[7].x, 0, 1e-9);
+  EXPECT_NEAR(nodes[7].y, 0, 1e-9);
+}
+
+TEST_F(RolledAngle, NoDimensionsGiveAnOutlineInOnePointAndNothingDrawn) {
+  KrCantLaminada bar(kStart, kEnd, Secao, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+  EXPECT_EQ(profile::outlineOf(bar).size(), 9U);
+  EXPECT_EQ(bar.GetNumVertex(Secao), 0);
+  EXPECT_EQ(bar.getPerimetro(), 0);
+}
+
+TEST_F(RolledAngle, SharpInnerCornerHasAnArcOfNoLength) {
+  const KrCantLaminada bar(kStart, kEnd, Secao, 100, 75, 8, 18.7, 68.9, 0, 0, 10.6, 1350);
+  const std::vector<profile::Node> nodes = profile::outlineOf(bar);
+  EXPECT_NEAR(nodes[4].x, nodes[5].x, 1e-9);
+  EXPECT_NEAR(nodes[4].y, nodes[5].y, 1e-9);
+  EXPECT_NEAR(nodes[4].bulge, b, 1e-9);
+  EXPECT_NEAR(bar.getPerimetro(), 100 + 75 + 59 + 84 + 8 * kPi, 1e-9);
+}

@@ -268,3 +268,55 @@ TEST_F(RolledI, DxfOfVersionOneIsRead) {
                                     PARAMETER(KrILaminadoUSA, KgMetro, 7), PARAMETER(KrILaminadoUSA, Area, 8),
                                     PARAMETER(KrILaminadoUSA, Inclinacao, 9), PARAMETER(KrILaminadoUSA, EspMedia, 10)});
 }
+
+TEST_F(RolledI, CopyHasTheParametersTheKindAndTheTurn) {
+  KrILaminadoUSA bar(kStart, kEnd, Superior, 200, 100, 5.6, 21, 0.03, 9, 3, 8.5, 0.25, 2850, 22.4, ISolParalela);
+  const KrILaminadoUSA copy(bar);
+  expectGiven(copy);
+  EXPECT_EQ(copy.angleSecao(), 0.25);
+  EXPECT_EQ(copy.Vista(0), VistaCorrente);
+  EXPECT_EQ(profile::outlineOf(copy).size(), 22U);
+  bar.CalculeDireita();
+  const KrILaminadoUSA whole(&bar, 1);
+  const KrILaminadoUSA model(&bar, 0);
+  for (const KrILaminadoUSA* each : {&whole, &model}) {
+    expectGiven(*each);
+    expectBar(*each, Superior, kAngle, kLength, 0.25);
+    EXPECT_EQ(each->GetNumVertex(Superior), bar.GetNumVertex(Superior));
+  }
+  EXPECT_EQ(whole.GetNumVertex(Direita), bar.GetNumVertex(Direita));
+  EXPECT_EQ(model.GetNumVertex(Direita), 0);
+}
+
+TEST_F(RolledI, NewObjectHasNothingDrawn) {
+  const KrILaminadoUSA bar;
+  EXPECT_TRUE(profile::outlineOf(bar).empty());
+  EXPECT_EQ(valueOf(bar, &KrILaminadoUSA::Altura), 0);
+  EXPECT_EQ(tipoOf(bar), ISolParalelaArredondada);
+}
+
+TEST_F(RolledI, SettersStoreAndRegenerateNothingUntilCalculated) {
+  KrILaminadoUSA bar = derived(ISolParalela);
+  bar.setAltura(400);
+  EXPECT_NEAR(profile::outlineOf(bar)[9].y, 200, 1e-9);
+  bar.Calcule();
+  ASSERT_EQ(profile::outlineOf(bar).size(), 22U);
+  EXPECT_NEAR(profile::outlineOf(bar)[9].y, 400, 1e-9);
+}
+
+TEST_F(RolledI, DwgWithoutAnOutlineGetsItBack) {
+  KrILaminadoUSA hollow;
+  hollow.setAltura(200);
+  hollow.setLargura(100);
+  hollow.setEspessura(5.6);
+  hollow.setEspMedia(8.5);
+  hollow.setTipo(ISolParalela);
+  hollow.AutoCalc();
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  ASSERT_EQ(hollow.dwgOutFields(&filer), Acad::eOk);
+  filer.seek(0);
+  KrILaminadoUSA read;
+  ASSERT_EQ(read.dwgInFields(&filer), Acad::eOk);
+  EXPECT_EQ(profile::outlineOf(read).size(), 22U);
+  EXPECT_GT(read.GetNumVertex(Secao), 0);
+}
