@@ -22,7 +22,8 @@ constexpr double kPi = 3.141592653589793;
 
 /// Slope of tapered flanges, radians.
 constexpr double kTaper = 0.1;
-/// Where along a flange its mean thickness is measured, from its toe: a quarter of the two flanges.
+/// Tapered flanges have their mean thickness in the middle of what one reaches beyond the web: a quarter of what both
+/// do.
 constexpr double kMeanThicknessAt = 0.25;
 
 }  // namespace
