@@ -404,7 +404,8 @@ void KrObject::AlinhaVertexes(AcGePoint3dArray& pontos) const {
   candidates.erase(candidates.begin());
   for (bool added = true; added && chain < all;) {
     added = false;
-    for (std::size_t i = 0; i < candidates.size() && chain < all;) {
+    // A pass is finished even when it has as many points as candidates: the last of them closes the chain.
+    for (std::size_t i = 0; i < candidates.size();) {
       const AcGePoint3d end = pontos[pontos.length() - 1];
       const bool fits = candidates[i]->startPoint().isEqualTo(end, near);
       if (!fits && !candidates[i]->endPoint().isEqualTo(end, near)) {

@@ -24,7 +24,7 @@ double orZero(double value) {
   return std::fabs(value) < AcGeContext::gTol.equalPoint() ? 0.0 : value;
 }
 
-/// Lets the axis of each hole that isn't parallel to the plate reach through both faces after they moved.
+/// Lengthens the axis of each hole that isn't square to the bar: half the change, as seen along the bar, at both ends.
 void lengthenHoles(KrFuro& holes, double thicker) {
   for (int i = 0; i < holes.Qtd(); ++i) {
     NoFuro& hole = *holes.getNode(i);

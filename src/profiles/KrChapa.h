@@ -39,7 +39,8 @@ class KrChapa : public KrObject {
   /// Thickness.
   Acad::ErrorStatus espessura(double& valor) const;
   double espessura() const;
-  /// Regenerates at the new thickness. Each hole keeps its place and reaches through both faces.
+  /// Regenerates at the new thickness. Holes keep their places; the axis of one that isn't square to the bar grows with
+  /// the plate.
   Acad::ErrorStatus setespessura(double valor);
   /// Width across the bar.
   double largura() const;
