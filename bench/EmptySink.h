@@ -4,7 +4,8 @@
 
 namespace bench {
 
-/// A drawing interface that takes everything and keeps nothing: what is measured with it is the drawable.
+/// A drawing interface that takes everything and keeps nothing but the layer in force, whose state drawables look up:
+/// what is measured with it is the drawable.
 class EmptySink final : public AcGiWorldDraw {
  public:
   AcGiRegenType regenType() const override { return kAcGiStandardDisplay; }
@@ -24,7 +25,7 @@ class EmptySink final : public AcGiWorldDraw {
    public:
     void setColor(const Adesk::UInt16) override {}
     void setTrueColor(const AcCmColor&) override {}
-    void setLayer(const AcDbObjectId) override {}
+    void setLayer(const AcDbObjectId id) override { layer_ = id; }
     void setLineType(const AcDbObjectId) override {}
     void setSelectionMarker(const Adesk::LongPtr) override {}
     void setFillType(const AcGiFillType) override {}
@@ -32,11 +33,14 @@ class EmptySink final : public AcGiWorldDraw {
     void setLineTypeScale(double) override {}
     Adesk::UInt16 color() const override { return 256; }
     AcCmColor trueColor() const override { return {}; }
-    AcDbObjectId layerId() const override { return {}; }
+    AcDbObjectId layerId() const override { return layer_; }
     AcDbObjectId lineTypeId() const override { return {}; }
     AcGiFillType fillType() const override { return kAcGiFillNever; }
     AcDb::LineWeight lineWeight() const override { return AcDb::kLnWtByLayer; }
     double lineTypeScale() const override { return 1; }
+
+   private:
+    AcDbObjectId layer_;
   };
 
   class Geometry final : public AcGiWorldGeometry {

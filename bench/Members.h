@@ -9,15 +9,24 @@
 #include "Outlines.h"
 #include "object/KrObject.h"
 #include "profiles/KrTubo.h"
+#include "support/Layers.h"
 #include "support/SideLibrary.h"
 
 namespace bench {
 
-/// Binds the side library, as the module's start does; once per program.
+/// The layer of the members that are measured.
+inline constexpr const wchar_t* kMemberLayer = L"PERFIL";
+
+/// Binds the side library, as the module's start does, and opens a drawing with the layers that members draw on; once
+/// per program.
 inline void start() {
   ::setenv("KRTRAMA_BRICSV17", KR_INSTALL_FOLDER, 1);
   bindSideLibrary();
   if (sideLibrary().krIsBulge6000 == nullptr) std::abort();
+  static AcDbDatabase drawing;
+  acdbHostApplicationServices()->setWorkingDatabase(&drawing);
+  for (const wchar_t* layer : {L"L-HIDDEN", L"EIXO", L"KR_HIDE_FACE", kMemberLayer})
+    if (krCriaLayer(layer, 7, L"continuous", 0, 0, 0, 0) != RTNORM) std::abort();
 }
 
 /// The outer diameter and the wall of the tube that is measured.

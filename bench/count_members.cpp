@@ -25,6 +25,7 @@ std::function<long()> construction(const bench::Subject& subject, KrVistas view)
 // Counted per drawn element.
 std::function<long()> drawing(const bench::Subject& subject, KrVistas view) {
   const std::shared_ptr<KrObject> member = subject.make(view);
+  member->setLayer(bench::kMemberLayer);
   return [member, view] {
     bench::EmptySink sink;
     for (int i = 0; i < kCalls; ++i) member->worldDraw(&sink);

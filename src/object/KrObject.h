@@ -423,7 +423,9 @@ class KrObject : public AcDbEntity {
   void ExecutaVertexScale(double a, double b, double c);
   void ExecutaVertexScale(double a, double b, double c, const AcGePoint3d& base);
   void drawOblong(AcGiWorldDraw* draw, const KrVector& v, bool dragging) const;
-  void drawElement(AcGiWorldDraw* draw, const KrVector& v, AcDbObjectId entityLayer) const;
+  /// The layer of an element: by its hidden flag, its type, its role, in this order.
+  static AcDbObjectId layerOf(const KrVector& v, AcDbObjectId entityLayer);
+  void drawElement(AcGiWorldDraw* draw, AcGiSubEntityTraits& traits, const KrVector& v, AcDbObjectId entityLayer) const;
   Acad::ErrorStatus readModel(AcDbDwgFiler* filer);
   Acad::ErrorStatus readLinksAndOutline(AcDbDwgFiler* filer);
   bool readExtensions(AcDbDwgFiler* filer);

@@ -16,14 +16,36 @@ constexpr int kColorByLayer = 256;
 /// Length of the line that probes from one face to the next, in millimetres.
 constexpr double kProbeLength = 10000.0;
 
-/// Whether elements on a layer are drawn. A layer that can't be opened counts as on.
-bool isDrawn(AcDbObjectId layer) {
-  AcDbLayerTableRecord* record = nullptr;
-  if (acdbOpenObject(record, layer, AcDb::kForRead) != Acad::eOk) return true;
-  const bool drawn = !record->isFrozen() && !record->isOff();
-  record->close();
-  return drawn;
-}
+/// Which layers' elements are drawn, each layer looked at once: no state changes while one member draws.
+class LayerStates {
+ public:
+  /// A layer that can't be opened counts as on.
+  bool isDrawn(AcDbObjectId layer) {
+    for (int i = 0; i < count_; ++i)
+      if (known_[i].layer == layer) return known_[i].drawn;
+    const bool drawn = look(layer);
+    if (count_ < kRoom) known_[count_++] = {layer, drawn};
+    return drawn;
+  }
+
+ private:
+  static bool look(AcDbObjectId layer) {
+    AcDbLayerTableRecord* record = nullptr;
+    if (acdbOpenObject(record, layer, AcDb::kForRead) != Acad::eOk) return true;
+    const bool drawn = !record->isFrozen() && !record->isOff();
+    record->close();
+    return drawn;
+  }
+
+  struct Known {
+    AcDbObjectId layer;
+    bool drawn;
+  };
+  /// The member's own layer and the three of its elements.
+  static constexpr int kRoom = 4;
+  Known known_[kRoom];
+  int count_ = 0;
+};
 
 AcGeVector3d unit(double angle) {
   return {std::cos(angle), std::sin(angle), 0};
@@ -62,10 +84,12 @@ Adesk::Boolean KrObject::subWorldDraw(AcGiWorldDraw* draw) {
   if (traits.color() == kColorByBlock) traits.setColor(kColorByLayer);
 
   const KrObjectArray<KrVector>& lista = currentVertexList(VistaCorrente);
+  LayerStates states;
   int marker = 1;
-  for (int i = 0; i < lista.length(); ++i) {
+  for (const Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no)) {
     traits.setSelectionMarker(marker++);
-    drawElement(draw, lista[i], own);
+    traits.setLayer(layerOf(*no->value, own));
+    if (states.isDrawn(traits.layerId())) drawElement(draw, traits, *no->value, own);
   }
   traits.setLayer(own);
   for (KrObjectExtension* e : extensions_)
@@ -74,23 +98,28 @@ Adesk::Boolean KrObject::subWorldDraw(AcGiWorldDraw* draw) {
   return Adesk::kTrue;
 }
 
-void KrObject::drawElement(AcGiWorldDraw* draw, const KrVector& v, AcDbObjectId entityLayer) const {
-  AcGiSubEntityTraits& traits = draw->subEntityTraits();
-  const KrVectorType type = v.type();
-  AcDbObjectId layer = entityLayer;
-  if (v.hidden() != 0)
-    layer = kr_laHideFace;
-  else if (type == KR_VT_EIXO || type == KR_VT_FURO_EIXO)
-    layer = kr_laEixoId;
-  else if (type == KR_VT_LINHA_OCULTA || type == KR_VT_ARCO_OCULTO)
-    layer = kr_laHiddenId;
-  else if (v.tipo() == KR_VF_LIMITE && type != KR_VT_FURO && type != KR_VT_FURO_LINHA)
-    layer = kr_laEixoId;
-  traits.setLayer(layer);
-  if (!isDrawn(traits.layerId())) return;
+AcDbObjectId KrObject::layerOf(const KrVector& v, AcDbObjectId entityLayer) {
+  if (v.hidden() != 0) return kr_laHideFace;
+  switch (v.type()) {
+    case KR_VT_EIXO:
+    case KR_VT_FURO_EIXO:
+      return kr_laEixoId;
+    case KR_VT_LINHA_OCULTA:
+    case KR_VT_ARCO_OCULTO:
+      return kr_laHiddenId;
+    case KR_VT_FURO:
+    case KR_VT_FURO_LINHA:
+      return entityLayer;
+    default:
+      return v.tipo() == KR_VF_LIMITE ? AcDbObjectId(kr_laEixoId) : entityLayer;
+  }
+}
 
-  const bool dragging = draw->isDragging();
-  switch (type) {
+void KrObject::drawElement(AcGiWorldDraw* draw, AcGiSubEntityTraits& traits, const KrVector& v,
+                           AcDbObjectId entityLayer) const {
+  // A hole is a solid disc in the drawing and an outline while it is dragged.
+  const auto setHoleFill = [&] { traits.setFillType(draw->isDragging() ? kAcGiFillNever : kAcGiFillAlways); };
+  switch (v.type()) {
     case KR_VT_ARCO:
     case KR_VT_ARCO_OCULTO:
       if (v.startPoint() != v.endPoint())
@@ -102,16 +131,16 @@ void KrObject::drawElement(AcGiWorldDraw* draw, const KrVector& v, AcDbObjectId 
       draw->geometry().circle(v.centerPoint(), v.len(), normal_);
       return;
     case KR_VT_FURO:
-      traits.setFillType(dragging ? kAcGiFillNever : kAcGiFillAlways);
+      setHoleFill();
       if (v.tipo() == KR_VF_FURO_REDONDO)
         draw->geometry().circle(v.centerPoint(), v.radius() + v.folga() / 2, normal_);
       else if (v.tipo() == KR_VF_FURO_OBLONGO)
-        drawOblong(draw, v, dragging);
+        drawOblong(draw, v, draw->isDragging() != Adesk::kFalse);
       return;
     case KR_VT_FURO_LINHA: {
       AcGePoint3d corners[4];
       PontosTrace(v, corners);
-      traits.setFillType(dragging ? kAcGiFillNever : kAcGiFillAlways);
+      setHoleFill();
       draw->geometry().polygon(4, corners);
       return;
     }

@@ -22,6 +22,31 @@ wchar_t foldedLetter(wchar_t c) {
   return wchar_t(std::towlower(std::wint_t(c)));
 }
 
+/// A folded name for one look-up, without memory of its own where it is short: drawing looks up layers by name all the
+/// time.
+class FoldedName {
+ public:
+  explicit FoldedName(const ACHAR* name) {
+    const std::size_t length = name != nullptr ? std::wcslen(name) : 0;
+    wchar_t* to = short_;
+    if (length > kShort) {
+      long_.resize(length);
+      to = long_.data();
+    }
+    std::transform(name, name + length, to, foldedLetter);
+    view_ = std::wstring_view(to, length);
+  }
+  FoldedName(const FoldedName&) = delete;
+  FoldedName& operator=(const FoldedName&) = delete;
+  operator std::wstring_view() const { return view_; }
+
+ private:
+  static constexpr std::size_t kShort = 64;
+  wchar_t short_[kShort];
+  std::wstring long_;
+  std::wstring_view view_;
+};
+
 }  // namespace
 
 std::wstring acdbFoldedName(const ACHAR* name) {
@@ -169,7 +194,7 @@ Acad::ErrorStatus AcDbSymbolTableIterator::seek(AcDbObjectId id) {
 // --- Tables
 // -----------------------------------------------------------------------------------------------------------
 
-AcDbObjectId AcDbSymbolTable::find(const std::wstring& folded, bool erased) const {
+AcDbObjectId AcDbSymbolTable::find(std::wstring_view folded, bool erased) const {
   const auto [first, last] = index_.equal_range(folded);
   AcDbObjectId latestErased;
   for (auto entry = first; entry != last; ++entry) {
@@ -181,7 +206,7 @@ AcDbObjectId AcDbSymbolTable::find(const std::wstring& folded, bool erased) cons
 
 bool AcDbSymbolTable::has(const ACHAR* name) const {
   assertReadEnabled();
-  return !find(acdbFoldedName(name), false).isNull();
+  return !find(FoldedName(name), false).isNull();
 }
 
 bool AcDbSymbolTable::has(AcDbObjectId id) const {
@@ -191,7 +216,7 @@ bool AcDbSymbolTable::has(AcDbObjectId id) const {
 
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id, bool getErased) const {
   assertReadEnabled();
-  const AcDbObjectId found = find(acdbFoldedName(name), getErased);
+  const AcDbObjectId found = find(FoldedName(name), getErased);
   if (found.isNull()) return Acad::eKeyNotFound;
   id = found;
   return Acad::eOk;

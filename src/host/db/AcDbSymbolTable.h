@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -101,7 +103,7 @@ class AcDbSymbolTable : public AcDbObject {
  protected:
   AcDbSymbolTable() = default;
   /// The record of a folded name; with `erased` an erased one when there is no other.
-  AcDbObjectId find(const std::wstring& folded, bool erased) const;
+  AcDbObjectId find(std::wstring_view folded, bool erased) const;
 
  private:
   friend class AcDbSymbolTableRecord;
@@ -111,7 +113,12 @@ class AcDbSymbolTable : public AcDbObject {
   void adopted(AcDbSymbolTableRecord& record);
 
   std::vector<AcDbObjectId> records_;
-  std::unordered_multimap<std::wstring, AcDbObjectId> index_;  // by folded name, erased ones included
+  struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::wstring_view name) const { return std::hash<std::wstring_view>()(name); }
+  };
+  // By folded name, erased ones included; looked up by a text that needn't be a string of its own.
+  std::unordered_multimap<std::wstring, AcDbObjectId, NameHash, std::equal_to<>> index_;
 };
 
 /// The iterator of a table of records of class R.
