@@ -63,6 +63,19 @@ AcDbHardPointerId KrObject::kr_laEixoId;
 AcDbHardPointerId KrObject::kr_laHideFace;
 
 void KrObject::loadLayersIds() {
+  // What the names were looked up in: while none of it changes, and none of the layers is erased, they mean the same
+  // layers.
+  struct Source {
+    const AcDbDatabase* database = nullptr;
+    Adesk::UInt64 names = 0;
+    unsigned list = 0;
+    bool operator==(const Source&) const = default;
+  };
+  static Source last;
+  const Source now{acdbHostApplicationServices()->workingDatabase(), acdbSymbolNameChanges(), UsrLayerChanges()};
+  const auto stands = [](const AcDbObjectId& id) { return !id.isNull() && !id.isErased(); };
+  if (now == last && stands(kr_laHiddenId) && stands(kr_laEixoId) && stands(kr_laHideFace)) return;
+
   const struct {
     const ACHAR* name;
     AcDbHardPointerId& id;
@@ -73,6 +86,7 @@ void KrObject::loadLayersIds() {
     getLayerIdFromString(KrLayerToUsr(layer.name), id);
     layer.id = id;
   }
+  last = {now.database, acdbSymbolNameChanges(), now.list};
 }
 
 Adesk::Boolean KrObject::subWorldDraw(AcGiWorldDraw* draw) {

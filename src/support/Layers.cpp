@@ -24,6 +24,7 @@ constexpr std::size_t kNameRoom = 256;
 wchar_t nameBuffer[kNameRoom];
 
 ListaLayers* list = nullptr;
+unsigned listChanges = 0;
 
 const wchar_t* inBuffer(const wchar_t* name) {
   std::wcsncpy(nameBuffer, name, kNameRoom - 1);
@@ -94,11 +95,13 @@ Acad::ErrorStatus findLinetype(const wchar_t* name, AcDbObjectId& id) {
 }  // namespace
 
 void UsrLayerInit() {
+  ++listChanges;
   list = nullptr;
 }
 
 int UsrLayerMain() {
   if (list == nullptr) {
+    ++listChanges;
     const std::wstring system = prototypePath(L"LayersKR.cfg");
     const std::wstring user = prototypePath(L"LayersUSR.cfg");
     list = new ListaLayers(system.c_str(), user.c_str(), user.c_str());
@@ -107,12 +110,17 @@ int UsrLayerMain() {
 }
 
 void UsrLayerExit() {
+  ++listChanges;
   delete list;
   list = nullptr;
 }
 
 const ListaLayers* UsrLayerList() {
   return list;
+}
+
+unsigned UsrLayerChanges() {
+  return listChanges;
 }
 
 const wchar_t* KrLayerToUsr(const wchar_t* nome) {

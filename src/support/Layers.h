@@ -74,6 +74,8 @@ int UsrLayerMain();
 void UsrLayerExit();
 /// The module's list; null until UsrLayerMain has made it.
 const ListaLayers* UsrLayerList();
+/// How often the list has been loaded or dropped: while it stays, a layer's name goes on meaning the same.
+unsigned UsrLayerChanges();
 
 /// The user's name for a system layer, which is made in the working database when it isn't there: an erased layer of
 /// that name comes back as it was. A name that is in no list is its own, and is made with colour 255, continuous.

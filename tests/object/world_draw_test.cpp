@@ -198,6 +198,39 @@ TEST_F(WorldDraw, FindsTheOuterFacesOfAnElevation) {
   EXPECT_GT(ib, ia);
 }
 
+TEST_F(WorldDraw, FollowsALayerThatIsErasedMadeAnewOrRenamed) {
+  add(KR_VT_EIXO);
+  const AcDbObjectId first = drawing.layer(L"EIXO");
+  ASSERT_EQ(draw()[0].traits.layer, first);
+  AcDbLayerTableRecord* record = nullptr;
+  ASSERT_EQ(acdbOpenObject(record, first, AcDb::kForWrite), Acad::eOk);
+  record->setName(L"AXES");
+  record->close();
+  krCriaLayer(L"EIXO", 7, L"continuous", 0, 0, 0, 0);
+  const AcDbObjectId second = drawing.layer(L"EIXO");
+  ASSERT_NE(first, second);
+  EXPECT_EQ(draw()[0].traits.layer, second);
+  ASSERT_EQ(acdbOpenObject(record, second, AcDb::kForWrite), Acad::eOk);
+  record->erase();
+  record->close();
+  krCriaLayer(L"EIXO", 7, L"continuous", 0, 0, 0, 0);
+  EXPECT_NE(drawing.layer(L"EIXO"), second);
+  EXPECT_EQ(draw()[0].traits.layer, drawing.layer(L"EIXO"));
+}
+
+TEST_F(WorldDraw, TakesTheLayersOfTheDrawingAtHand) {
+  add(KR_VT_EIXO);
+  const AcDbObjectId here = draw()[0].traits.layer;
+  {
+    const Drawing other;
+    gi::Recorder recorder;
+    member.worldDraw(&recorder);
+    EXPECT_EQ(recorder.figures()[0].traits.layer, other.layer(L"EIXO"));
+    EXPECT_NE(recorder.figures()[0].traits.layer, here);
+  }
+  EXPECT_EQ(draw()[0].traits.layer, here);
+}
+
 TEST_F(WorldDraw, RestoresTheLayerOfTheTraits) {
   add(KR_VT_EIXO);
   gi::Recorder recorder;

@@ -22,6 +22,8 @@ wchar_t foldedLetter(wchar_t c) {
   return wchar_t(std::towlower(std::wint_t(c)));
 }
 
+Adesk::UInt64 nameChanges = 0;
+
 /// A folded name for one look-up, without memory of its own where it is short: drawing looks up layers by name all the
 /// time.
 class FoldedName {
@@ -48,6 +50,10 @@ class FoldedName {
 };
 
 }  // namespace
+
+Adesk::UInt64 acdbSymbolNameChanges() {
+  return nameChanges;
+}
 
 std::wstring acdbFoldedName(const ACHAR* name) {
   std::wstring folded(name != nullptr ? name : L"");
@@ -252,6 +258,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
 }
 
 void AcDbSymbolTable::adopted(AcDbSymbolTableRecord& record) {
+  ++nameChanges;
   records_.push_back(record.objectId());
   index_.emplace(acdbFoldedName(record.name_.c_str()), record.objectId());
 }
@@ -268,6 +275,7 @@ void AcDbSymbolTable::renamed(AcDbObjectId id, const std::wstring& oldName, cons
   const auto [first, last] = index_.equal_range(oldName);
   const auto entry = std::find_if(first, last, [&](const auto& each) { return each.second == id; });
   if (entry == last) return;
+  ++nameChanges;
   index_.erase(entry);
   index_.emplace(newName, id);
 }

@@ -13,6 +13,9 @@ class AcDbSymbolTableRecord;
 
 /// Text as names compare: without regard to case.
 std::wstring acdbFoldedName(const ACHAR* name);
+/// How often a record of any table has come or been renamed. While it stays, an id found by name is still the one of
+/// that name, as long as it isn't erased.
+Adesk::UInt64 acdbSymbolNameChanges();
 /// Whether `name` may name a record: not empty, at most 255 characters, none of < > / \ " : ; ? * | , = `
 Acad::ErrorStatus acdbValidateName(const ACHAR* name);
 
