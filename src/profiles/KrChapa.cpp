@@ -55,8 +55,13 @@ KrChapa::KrChapa(const KrChapa& source, int copyVectors)
       linhaMedia_(source.linhaMedia_),
       versao_(source.versao_),
       tipo_(source.tipo_) {
-  CopiaDados(&source, copyVectors);
-  if (copyVectors != 1 && linhaMedia_ != nullptr) MiddleLine::thicken(*this, *linhaMedia_, espessura_);
+  // Neither holes and cuts nor links come along, whatever is copied.
+  CopiaDados(&source, 0);
+  settipoBarra(source.tipoBarra());
+  if (copyVectors == 1)
+    ProfileHelpers::copyDrawn(*this, source);
+  else if (linhaMedia_ != nullptr)
+    MiddleLine::thicken(*this, *linhaMedia_, espessura_);
 }
 
 KrChapa::KrChapa(const KrChapa* source, int copyVectors)

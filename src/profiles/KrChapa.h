@@ -23,8 +23,8 @@ class KrChapa : public KrObject {
   /// A plate from a point along an angle. Without a width it is a square bar of `espessura`.
   KrChapa(const AcGePoint3d& start, KrVistas vista, double largura, double espessura, double Comprimento,
           double AngleSecao, double AngleVista);
-  /// Copies the placement and the parameters, and shares the middle line with the source; with `copyVectors` 1 copies
-  /// also what is drawn, else it regenerates.
+  /// Copies the placement and the parameters, no holes, cuts or links, and shares the middle line with the source; with
+  /// `copyVectors` 1 copies also what is drawn, else it regenerates.
   KrChapa(const KrChapa& source, int copyVectors);
   /// Copies the base, the parameters and the middle line; with `copyVectors` 1 also what is drawn, else it regenerates.
   KrChapa(const KrChapa* source, int copyVectors);

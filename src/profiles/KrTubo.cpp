@@ -47,12 +47,7 @@ KrTubo::KrTubo(const AcGePoint3d& start, KrVistas vista, double Diametro, double
 
 KrTubo::KrTubo(const KrTubo& other) : KrObject() {
   setAngleSecao(other.angleSecao());
-  for (const KrVistas vista : {Secao, Superior, Inferior, Esquerda, Direita, SecaoVerso}) {
-    const KrObjectArray<KrVector>& elements = other.currentVertexList(vista);
-    for (const auto* node = elements.getNode(0); node != nullptr; node = elements.nextNode(node)) {
-      AddVertex(*node->value, vista);
-    }
-  }
+  ProfileHelpers::copyDrawn(*this, other);
 }
 
 KrTubo::KrTubo(const KrTubo* other) : KrTubo(*other) {}

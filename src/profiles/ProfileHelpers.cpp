@@ -83,6 +83,15 @@ double drawnLength(const KrObject& bar) {
   return length;
 }
 
+void copyDrawn(KrObject& to, const KrObject& from) {
+  for (const KrVistas vista : {Secao, Superior, Inferior, Esquerda, Direita, SecaoVerso}) {
+    const KrObjectArray<KrVector>& elements = from.currentVertexList(vista);
+    for (const auto* node = elements.getNode(0); node != nullptr; node = elements.nextNode(node)) {
+      to.AddVertex(*node->value, vista);
+    }
+  }
+}
+
 void copyParameters(std::span<double* const> to, std::span<const double* const> from) {
   for (std::size_t i = 0; i < to.size(); ++i) *to[i] = *from[i];
 }

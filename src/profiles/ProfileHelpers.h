@@ -49,6 +49,9 @@ void listCompound(std::initializer_list<double> ofHalf, double areaOfHalf, std::
 /// Length of what a bar's current view draws in lines and arcs.
 double drawnLength(const KrObject& bar);
 
+/// Adds what another bar draws, in all its views, to the lists of a bar.
+void copyDrawn(KrObject& to, const KrObject& from);
+
 /// Copies parameter by parameter; both lists have the same length.
 void copyParameters(std::span<double* const> to, std::span<const double* const> from);
 

@@ -127,6 +127,18 @@ TEST(KrChapa, ReferenceCopySharesTheLineAndPointerCopyHasItsOwn) {
   }
 }
 
+TEST(KrChapa, ReferenceCopyLeavesTheHolesBehind) {
+  const std::unique_ptr<KrChapa> bar = plate();
+  bar->settipoBarra(Gousset);
+  KrFuro holes;
+  holes.Add(AcGeVector3d(-4, 60, 300), AcGeVector3d(4, 60, 300), 14, 0, 0);
+  bar->setFurosSemLink(holes);
+  const KrChapa shared(*bar, 1);
+  EXPECT_EQ(shared.numFuros(), 0);
+  EXPECT_EQ(shared.tipoBarra(), Gousset);
+  EXPECT_EQ(KrChapa(bar.get(), 1).numFuros(), 1);
+}
+
 TEST(KrChapa, DwgHasVersionTwoThicknessWidthLineAndKind) {
   const std::unique_ptr<KrChapa> bar = plate();
   bar->setType(static_cast<KrChapa::CHAPA_SPECIFICATION>(3));
