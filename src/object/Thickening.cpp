@@ -24,11 +24,13 @@ class BranchWalker {
     if (last_ < 1) return;
     const AcGeVector3d begin = branch_.GetVertex(0);
     const bool closed = begin == branch_.GetVertex(last_);
+    angle_ = firstHeading();
     walk(+1);
     double end = KrObject::Bulge_6000(branch_.GetBulge(last_)) ? 0 : branch_.GetBulge(last_);
     if (closed && std::fabs(end) < AcGeContext::gTol.equalPoint()) end = kMarkerBase;
     out_.Add(face_, end == kMarkerBase ? end : 0.0);
     cross();
+    angle_ += kPi;
     walk(-1);
     out_.Add(face_, 0.0);
     cross();
@@ -44,7 +46,8 @@ class BranchWalker {
       const AcGeVector3d& p0 = branch_.GetVertex(i);
       const AcGeVector3d& p1 = branch_.GetVertex(i + step);
       const double bulge = step > 0 ? branch_.GetBulge(i) : -branch_.GetBulge(i - 1);
-      const double chord = KrObject::orientacao(p1 - p0);
+      // An edge of no length has no direction of its own: the walk goes on as it came.
+      const double chord = p0 == p1 ? angle_ : KrObject::orientacao(p1 - p0);
       const double previous = angle_;
       if (bulge == 0) {
         angle_ = chord;
@@ -59,6 +62,16 @@ class BranchWalker {
       face_ = p1 + normal(angle_);
     }
     end_ = branch_.GetVertex(to);
+  }
+
+  // The direction in which the line begins: that of its first edge that has a length.
+  double firstHeading() const {
+    for (int i = 0; i < last_; ++i) {
+      const AcGeVector3d& p0 = branch_.GetVertex(i);
+      const AcGeVector3d& p1 = branch_.GetVertex(i + 1);
+      if (p0 != p1) return KrObject::orientacao(p1 - p0) - halfSweep(branch_.GetBulge(i));
+    }
+    return 0;
   }
 
   // Across the wall at the end of the walk.

@@ -52,6 +52,7 @@ struct JobProfile {
   NameId name = kNoName;
   const ProfileClass* profileClass = nullptr;
   ParameterValues values{};
+  NameId designation = kNoName;  ///< as the catalogue spells it; kNoName when the job gives the parameters
 };
 
 /// A member between two points. Points and profile are indices into the job's lists; the layer is a name, kNoName for
@@ -96,6 +97,7 @@ struct Job {
   NamePool names;
   JobTitle title;
   std::vector<JobLayer> layers;
+  std::vector<std::string> catalogues;  ///< files of tables
   std::vector<JobPoint> points;
   std::vector<JobProfile> profiles;
   std::vector<JobMember> members;

@@ -65,78 +65,8 @@ std::uint32_t JobBuilder::nodeReference(const Scalar& value) {
   return value.kind == Kind::kPoint ? addPoint(value.point) | kPointInPlace : job.names.intern(value.text);
 }
 
-void JobBuilder::beginProfile(std::string_view name) {
-  profile_ = {};
-  profile_.name = job.names.intern(name);
-  className_.clear();
-  parameters_.clear();
-}
-
-void JobBuilder::profileClassName(std::string_view text) {
-  className_ = text;
-  profile_.profileClass = profileClass(text);
-  if (profile_.profileClass != nullptr) return;
-  std::vector<std::string_view> classes;
-  for (const ProfileClass& row : profileClasses()) classes.push_back(row.name);
-  problems.report("unknown class of profile " + inQuotes(text) + ": " + suggestion(text, classes));
-}
-
-void JobBuilder::profileParameter(const Scalar& value) {
-  parameters_.push_back({std::string(value.key), problems.offset(), value});
-}
-
-void JobBuilder::endProfile() {
-  // Known by its name even when something is wrong with it, so that its members aren't blamed too.
-  std::uint32_t& place = entry(profileOf_, profile_.name, job.names);
-  if (place == kNone) place = static_cast<std::uint32_t>(job.profiles.size());
-  if (profile_.profileClass != nullptr) settleProfile();
-  job.profiles.push_back(profile_);
-}
-
-void JobBuilder::settleProfile() {
-  const ProfileClass& row = *profile_.profileClass;
-  GivenParameters given;
-  bool sound = true;
-  const auto wrong = [&](const Parameter& parameter, std::string message) {
-    problems.reportKey(parameter.key, parameter.offset, std::move(message));
-    sound = false;
-  };
-  for (const Parameter& parameter : parameters_) {
-    const auto found = std::find_if(row.parameters.begin(), row.parameters.end(),
-                                    [&](const ProfileParameter& p) { return p.key == parameter.key; });
-    if (found == row.parameters.end()) {
-      std::vector<std::string_view> keys{"class"};
-      for (const ProfileParameter& p : row.parameters) keys.push_back(p.key);
-      wrong(parameter, "unknown key " + inQuotes(parameter.key) + " in a profile of class " + std::string(row.name) +
-                           ": " + suggestion(parameter.key, keys));
-      continue;
-    }
-    const auto at = static_cast<std::size_t>(found - row.parameters.begin());
-    const std::string meaning(found->meaning);
-    if (given.has(at)) wrong(parameter, "duplicate key " + inQuotes(parameter.key) + ": give it once");
-    given.given |= 1U << at;
-    given.values[at] = parameter.value.number;
-    if (parameter.value.kind != Kind::kNumber) {
-      wrong(parameter, "expected a number (" + meaning + "), found " + std::string(kindWord(parameter.value.kind)));
-    } else if (std::isinf(parameter.value.number)) {
-      wrong(parameter, "the number is too great to be held: expected " + meaning);
-    } else if (parameter.value.number <= 0) {
-      wrong(parameter, "must be greater than 0: expected " + meaning);
-    } else if (parameter.value.number > kLargestCoordinate) {
-      wrong(parameter, "must be at most " + shortest(kLargestCoordinate) + ": expected " + meaning);
-    }
-  }
-  for (std::size_t i = 0; i < row.parameters.size(); ++i) {
-    if (given.has(i) || !row.parameters[i].required) continue;
-    problems.report("missing " + inQuotes(row.parameters[i].key) + ": " + std::string(row.parameters[i].meaning));
-    sound = false;
-  }
-  ParameterProblem problem;
-  if (!sound || row.settle(given, profile_.values, problem)) return;
-  if (problem.key.empty()) return problems.report(std::move(problem.message));
-  const auto blamed = std::find_if(parameters_.begin(), parameters_.end(),
-                                   [&](const Parameter& parameter) { return parameter.key == problem.key; });
-  problems.reportKey(problem.key, blamed->offset, std::move(problem.message));
+std::uint32_t& JobBuilder::profilePlace(NameId name) {
+  return entry(profileOf_, name, job.names);
 }
 
 void JobBuilder::endMember() {
@@ -147,6 +77,7 @@ void JobBuilder::endSheet() {
 }
 
 void JobBuilder::finish(const KnownNames& known, bool sound, std::vector<Problem>& found) {
+  resolveDesignations(known, found);
   resolveLayers(known, found);
   checkLayers(known, found);
   resolveMembers(found);
@@ -243,7 +174,7 @@ void JobBuilder::keepClear() {
   };
   const auto radius = [&](const JobMember& row) {
     const JobProfile& profile = job.profiles[row.profile];
-    return profile.profileClass->depth(profile.values) / 2;
+    return reachAcross(*profile.profileClass, profile.values, row.view);
   };
   const auto direction = [&](const JobMember& row) {
     const JobPoint from = job.points[row.from];

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "CatalogueShelf.h"
 #include "Job.h"
 #include "JobRules.h"
 #include "Problem.h"
@@ -29,6 +31,7 @@ class ProblemSink {
 struct KnownNames {
   std::vector<std::string> layers;
   std::vector<std::string> linetypes;
+  CatalogueShelf* catalogues = nullptr;  ///< where designations are looked up; null: nowhere
 };
 
 /// The job that grows while its text is read. The rules' functions fill the thing that is being read; finish() resolves
@@ -49,6 +52,7 @@ class JobBuilder {
 
   void beginProfile(std::string_view name);
   void profileClassName(std::string_view text);
+  void profileDesignation(std::string_view text);
   void profileParameter(const Scalar& value);
   void endProfile();
 
@@ -69,7 +73,24 @@ class JobBuilder {
     Scalar value;
   };
 
-  void settleProfile();
+  /// A profile of the job's own or of a catalogue, and what the job says of it.
+  struct ProfileText {
+    std::uint32_t profile = kNone;
+    std::string className;
+    std::string designation;
+    std::vector<Parameter> parameters;
+  };
+
+  /// Tells what is wrong with a key of a profile, or, with no parameter, with the whole of it.
+  using Blame = std::function<void(const std::string& key, const Parameter* parameter, std::string message)>;
+
+  static bool takeParameters(const ProfileClass& row, const std::vector<Parameter>& parameters, GivenParameters& given,
+                             const Blame& blame);
+  static void settleProfile(const ProfileText& text, const GivenParameters& base, JobProfile& profile,
+                            const Blame& blame);
+  std::uint32_t& profilePlace(NameId name);
+  void resolveDesignations(const KnownNames& known, std::vector<Problem>& found);
+  void resolveDesignation(const Catalogue& catalogue, const ProfileText& text, const Blame& blame);
   void resolveLayers(const KnownNames& known, std::vector<Problem>& found);
   void resolveMembers(std::vector<Problem>& found);
   void resolveDetails(std::vector<Problem>& found);
@@ -79,10 +100,10 @@ class JobBuilder {
   void checkLayers(const KnownNames& known, std::vector<Problem>& found);
   std::string hint(std::string_view wanted, const std::vector<std::uint32_t>& index, std::string_view otherwise);
 
-  JobProfile profile_;
   int hints_ = 0;
-  std::string className_;
-  std::vector<Parameter> parameters_;
+  JobProfile profile_;
+  ProfileText text_;
+  std::vector<ProfileText> designated_;  // profiles that wait for the catalogue
 
   // By name, kNone where the name is of something else.
   std::vector<std::uint32_t> pointOf_;

@@ -14,7 +14,7 @@ class PathLocator final : public nlohmann::json_sax<nlohmann::json> {
  public:
   explicit PathLocator(std::string_view text) : text_(text) {}
 
-  void want(const std::string& path, std::size_t& offset) { wanted_[path] = &offset; }
+  void want(const std::string& path, std::size_t& offset) { wanted_[path].push_back(&offset); }
 
   void run() {
     place_ = previous_ = text_.data();
@@ -60,7 +60,7 @@ class PathLocator final : public nlohmann::json_sax<nlohmann::json> {
     if (found == wanted_.end()) return;
     const char* at = previous_;
     while (at < finish_ && std::string_view(" \t\r\n,:").find(*at) != std::string_view::npos) ++at;
-    *found->second = static_cast<std::size_t>(at - text_.data());
+    for (std::size_t* offset : found->second) *offset = static_cast<std::size_t>(at - text_.data());
   }
 
   bool value() {
@@ -84,7 +84,7 @@ class PathLocator final : public nlohmann::json_sax<nlohmann::json> {
   }
 
   std::string_view text_;
-  std::unordered_map<std::string, std::size_t*> wanted_;
+  std::unordered_map<std::string, std::vector<std::size_t*>> wanted_;
   std::vector<Level> levels_;
   std::string path_;
   const char* place_ = nullptr;

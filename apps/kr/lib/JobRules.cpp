@@ -106,8 +106,10 @@ constexpr ObjectRule kLayer{
 };
 
 constexpr KeyRule kProfileKeys[] = {
-    {"class", text("the name of a class of profile, such as \"KrTubo\""), true,
+    {"class", text("the name of a class of profile, such as \"KrTubo\""), false,
      [](JobBuilder& b, const Scalar& v) { b.profileClassName(v.text); }},
+    {"designation", text("the designation of a catalogue's section, such as \"IPE 200\""), false,
+     [](JobBuilder& b, const Scalar& v) { b.profileDesignation(v.text); }},
 };
 
 constexpr KeyRule kProfileParameter{
@@ -226,6 +228,7 @@ constexpr ObjectRule kSheet{
     .close = [](JobBuilder& b) { b.endSheet(); },
 };
 
+constexpr ValueRule kCatalogueElement = text("the name of a file, from the job's folder on");
 constexpr ValueRule kLayerElement = object(kLayer, "an object: a layer");
 constexpr ValueRule kNodeElement{Form::kPoint, "a node: [x, y] in mm"};
 constexpr ValueRule kProfileElement = object(kProfile, "an object: a profile");
@@ -238,6 +241,8 @@ constexpr KeyRule kJobKeys[] = {
     {"kr", {Form::kInteger, "the version of the format, 1", kFormatVersion, kFormatVersion}, true},
     {"$schema", text("a text: the address of the format's schema")},
     {"title", object(kTitle, "an object: what the title block says")},
+    {"catalogues", collection(Form::kList, kCatalogueElement, "a list of files of tables"), false,
+     [](JobBuilder& b, const Scalar& v) { b.job.catalogues.emplace_back(v.text); }},
     {"layers", collection(Form::kMap, kLayerElement, "an object of layers by name")},
     {"nodes", collection(Form::kMap, kNodeElement, "an object of nodes by name"), false,
      [](JobBuilder& b, const Scalar& v) { b.addNode(v.key, v.point); }},

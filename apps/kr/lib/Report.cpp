@@ -34,6 +34,10 @@ void Report::detail(std::string_view message) {
   writeError(std::string(message) + "\n");
 }
 
+void Report::warning(std::string_view message) {
+  if (talk_ != Talk::kQuiet) line("kr: warning: " + std::string(message));
+}
+
 void Report::note(std::string_view message) {
   if (talk_ == Talk::kVerbose) line(message);
 }

@@ -23,6 +23,9 @@ class Report {
   /// A further line to the last error.
   void detail(std::string_view message);
 
+  /// Tells what is wrong and does no harm to the work; not when asked to say nothing but errors.
+  void warning(std::string_view message);
+
   /// Tells what was done; only when asked for much.
   void note(std::string_view message);
 

@@ -151,8 +151,8 @@ std::vector<Stroke> memberStrokes(const Job& job, const Placement& place) {
   for (const JobMember& member : job.members) {
     const MemberAxis axis = memberAxis(job, member);
     const JobProfile& profile = job.profiles[member.profile];
-    strokes.push_back(
-        {place(axis.start), place(axis.end), profile.profileClass->depth(profile.values) / 2 * place.scale});
+    strokes.push_back({place(axis.start), place(axis.end),
+                       reachAcross(*profile.profileClass, profile.values, member.view) * place.scale});
   }
   return strokes;
 }

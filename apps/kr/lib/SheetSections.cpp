@@ -34,6 +34,11 @@ AcDbObjectId makeBlock(AcDbDatabase& database, const std::wstring& name) {
   return id;
 }
 
+// What a section is drawn by, in mm: what it weighs and how it is turned isn't written below it.
+bool isDrawnLength(Range range) {
+  return range == Range::kSize || range == Range::kZeroOrMore || range == Range::kSigned;
+}
+
 // A member of a profile seen from its start, about a point of the block.
 void appendSection(AcDbObjectId block, const JobProfile& profile, double place) {
   AcGePoint3d start(place, 0, 0);
@@ -58,7 +63,7 @@ SectionRow::SectionRow(Painter& painter, const DrawnJob& drawn, double scale, do
   for (std::uint32_t i = 0; i < used.size(); ++i) {
     if (used[i] == 0) continue;
     const JobProfile& profile = drawn.job.profiles[i];
-    Section section{i, profile.profileClass->depth(profile.values), 0, {}, {}, {}};
+    Section section{i, sectionSize(*profile.profileClass, profile.values), 0, {}, {}, {}};
     section.place = place + section.depth / 2;
     place += 2 * section.depth;  // any place will do, as each is shown apart
     sections_.push_back(section);
@@ -89,7 +94,7 @@ void SectionRow::describe(const DrawnJob& drawn) {
     const JobProfile& profile = drawn.job.profiles[section.profile];
     const ProfileClass& row = *profile.profileClass;
     for (std::size_t i = 0; i < row.parameters.size(); ++i) {
-      if (profile.values[i] <= 0) continue;
+      if (profile.values[i] == 0 || !isDrawnLength(row.parameters[i].range)) continue;
       section.sizes += (section.sizes.empty() ? "" : "   ") + std::string(row.parameters[i].key) + " " +
                        shortest(std::stod(fixed(profile.values[i], 3)));
     }
