@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "Outlines.h"
+#include "object/ArcGeometry.h"
 #include "object/KrObject.h"
-#include "profiles/KrTubo.h"
 #include "support/Layers.h"
 #include "support/SideLibrary.h"
 
@@ -29,51 +29,66 @@ inline void start() {
     if (krCriaLayer(layer, 7, L"continuous", 0, 0, 0, 0) != RTNORM) std::abort();
 }
 
-/// The outer diameter and the wall of the tube that is measured.
-inline constexpr double kTubeDiameter = 88.9;
-inline constexpr double kTubeWall = 4.5;
-
 /// A member of any outline.
 class OutlineMember : public KrObject {
  public:
-  OutlineMember(const std::vector<Outline>& contours, KrVistas view) {
-    for (std::size_t c = 0; c < contours.size(); ++c) {
-      for (const Node& node : contours[c]) outline().Add({node.x, node.y, 0}, node.bulge * kBulgeUnit);
-      // Each contour is closed by its first node; all but the last end there.
-      const Node& first = contours[c].front();
-      outline().Add({first.x, first.y, 0}, c + 1 < contours.size() ? KrGeratriz::kContourEnd : 0);
-    }
+  OutlineMember(const Outline& contour, KrVistas view) {
+    for (const Node& node : contour) outline().Add({node.x, node.y, 0}, node.bulge * ArcGeometry::kBulgeUnit);
+    // The contour is closed by its first node.
+    outline().Add({contour.front().x, contour.front().y, 0}, 0);
     outline().Add({0, 0, 0}, KrGeratriz::kReferenceBulge);
     setComprimento(kLength);
     KrGeratriz none;
     Gera_KrVector(AcGePoint3d(0, 0, 0), none, view, 0, 1);
   }
-
- private:
-  static constexpr double kBulgeUnit = 127;
 };
 
-/// What is measured: a name, and a way to make the member new in a view.
+/// What a section with several contours is.
+enum class Contours {
+  kSolids,  ///< each contour is a bar of its own
+  kHollow   ///< the contours behind the first are holes in it
+};
+
+/// What is measured: a name, and a way to make the member new in a view, from the origin along X.
 struct Subject {
   std::string name;
   std::function<std::unique_ptr<KrObject>(KrVistas view)> make;
-  std::vector<Outline> contours;  ///< for the peers
+  Contours contours = Contours::kSolids;
 };
 
 inline Subject outlineSubject(std::string name, const Outline& outline) {
-  return {std::move(name),
-          [outline](KrVistas view) { return std::make_unique<OutlineMember>(std::vector<Outline>{outline}, view); },
-          {outline}};
+  return {std::move(name), [outline](KrVistas view) { return std::make_unique<OutlineMember>(outline, view); }};
 }
 
-inline std::vector<Subject> subjects() {
-  const auto makeTube = [](KrVistas view) {
-    return std::make_unique<KrTubo>(AcGePoint3d(0, 0, 0), AcGePoint3d(kLength, 0, 0), view, kTubeDiameter,
-                                    kTubeDiameter - 2 * kTubeWall);
-  };
-  std::vector<Subject> all = {{"tube", makeTube, tube(kTubeDiameter, kTubeWall)}, outlineSubject("rolledI", rolledI())};
+/// Members of outlines that no class writes.
+inline std::vector<Subject> outlineSubjects() {
+  std::vector<Subject> all = {outlineSubject("rolledI", rolledI())};
   for (const int nodes : {20, 100, 500}) all.push_back(outlineSubject("wheel" + std::to_string(nodes), wheel(nodes)));
   return all;
+}
+
+/// The solids of a member for the peers: for each its outer contour, then its holes. Edges of no length are left out.
+inline std::vector<Solid> solidsOf(const Subject& subject) {
+  // As wide as the tolerance within which nodes are one point.
+  constexpr double kSamePoint = 1e-7;
+  KrGeratriz section;
+  subject.make(Secao)->GetSecao(section);
+  std::vector<Outline> contours(1);
+  for (int i = 0; i < section.Qtd(); ++i) {
+    const AcGeVector3d& at = section.GetVertex(i);
+    const double bulge = section.GetBulge(i);
+    Outline& contour = contours.back();
+    if (!contour.empty() && std::hypot(contour.back().x - at.x, contour.back().y - at.y) < kSamePoint)
+      contour.pop_back();
+    const bool ends = KrGeratriz::isContourEnd(bulge) || i + 1 == section.Qtd();
+    // The node that closes a contour repeats its first.
+    if (!ends) contour.push_back({at.x, at.y, bulge / ArcGeometry::kBulgeUnit});
+    if (ends && i + 1 < section.Qtd()) contours.emplace_back();
+  }
+  if (subject.contours == Contours::kHollow) return {contours};
+  std::vector<Solid> solids;
+  for (const Outline& contour : contours) solids.push_back({contour});
+  return solids;
 }
 
 }  // namespace bench

@@ -16,6 +16,22 @@ struct Node {
 
 using Outline = std::vector<Node>;
 
+/// A bar's section: its outer contour, then its holes.
+using Solid = std::vector<Outline>;
+
+/// Which way an outline runs; its arcs count by the triangles over their middles.
+inline bool isCounterclockwise(const Outline& outline) {
+  double doubled = 0;
+  for (std::size_t i = 0; i < outline.size(); ++i) {
+    const Node& a = outline[i];
+    const Node& b = outline[(i + 1) % outline.size()];
+    const double dx = b.x - a.x;
+    const double dy = b.y - a.y;
+    doubled += a.x * b.y - b.x * a.y + (dx * dx + dy * dy) * a.bulge / 2;
+  }
+  return doubled > 0;
+}
+
 /// The length of every member that is measured.
 inline constexpr double kLength = 6000;
 
@@ -44,12 +60,6 @@ inline Outline wheel(int nodes) {
     all.push_back({radius * std::cos(angle), radius * std::sin(angle), 0});
   }
   return all;
-}
-
-/// The contours of a tube: the outer and the inner circle, each of two half circles.
-inline std::vector<Outline> tube(double outerDiameter, double wall) {
-  const auto circle = [](double radius, double bulge) { return Outline{{radius, 0, bulge}, {-radius, 0, bulge}}; };
-  return {circle(outerDiameter / 2, 1), circle(outerDiameter / 2 - wall, 1)};
 }
 
 }  // namespace bench

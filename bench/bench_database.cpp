@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "JobText.h"
-#include "Members.h"
+#include "Profiles.h"
 #include "lib/Drawing.h"
 #include "lib/Session.h"
 
@@ -25,7 +25,7 @@ void openClose(benchmark::State& state) {
   session();
   AcDbDatabase database;
   AcDbObjectId id;
-  AcDbEntity* member = bench::subjects().front().make(Superior).release();
+  AcDbEntity* member = bench::tubeSubject().make(Superior).release();
   if (database.addAcDbObject(id, member) != Acad::eOk) std::abort();
   member->close();
   for (auto _ : state) {
@@ -38,8 +38,7 @@ BENCHMARK(openClose)->Name("open_close");
 
 void fileMember(benchmark::State& state) {
   session();
-  const bench::Subject tube = bench::subjects().front();
-  const std::unique_ptr<KrObject> member = tube.make(Superior);
+  const std::unique_ptr<KrObject> member = bench::tubeSubject().make(Superior);
   std::size_t bytes = 0;
   for (auto _ : state) {
     AcDbMemoryDwgFiler filer;

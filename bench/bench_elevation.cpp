@@ -1,7 +1,7 @@
 // A member's pictures, and where it is installed OpenCASCADE's hidden-line removal of the same bar.
 #include <benchmark/benchmark.h>
 
-#include "Members.h"
+#include "Profiles.h"
 #ifdef KR_PEER_OCCT
 #include "peer_occt.h"
 #endif
@@ -20,7 +20,7 @@ void construct(benchmark::State& state, const bench::Subject& subject, KrVistas 
 
 #ifdef KR_PEER_OCCT
 void removeHiddenLines(benchmark::State& state, const bench::Subject& subject) {
-  bench::OcctBar bar(subject.contours, bench::kLength);
+  bench::OcctBar bar(bench::solidsOf(subject), bench::kLength);
   for (auto _ : state) bar.removeHiddenLines();
   state.counters["visible"] = bar.visibleLines();
   state.counters["hidden"] = bar.hiddenLines();

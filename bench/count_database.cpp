@@ -1,7 +1,7 @@
 // The instructions of opening and closing, of filing a member, and of a member's whole way from a job.
 #include "Count.h"
 #include "JobText.h"
-#include "Members.h"
+#include "Profiles.h"
 #include "lib/Drawing.h"
 #include "lib/Session.h"
 
@@ -13,7 +13,7 @@ constexpr int kJobMembers = 2000;
 std::function<long()> openClose() {
   const auto database = std::make_shared<AcDbDatabase>();
   AcDbObjectId id;
-  AcDbEntity* member = bench::subjects().front().make(Superior).release();
+  AcDbEntity* member = bench::tubeSubject().make(Superior).release();
   if (database->addAcDbObject(id, member) != Acad::eOk) std::abort();
   member->close();
   return [database, id] {
@@ -27,7 +27,7 @@ std::function<long()> openClose() {
 }
 
 std::function<long()> fileMember() {
-  const std::shared_ptr<KrObject> member = bench::subjects().front().make(Superior);
+  const std::shared_ptr<KrObject> member = bench::tubeSubject().make(Superior);
   return [member] {
     for (int i = 0; i < kCalls; ++i) {
       AcDbMemoryDwgFiler filer;

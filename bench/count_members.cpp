@@ -1,7 +1,7 @@
 // The instructions of a member's pictures: made, and drawn to a sink that keeps nothing.
 #include "Count.h"
 #include "EmptySink.h"
-#include "Members.h"
+#include "Profiles.h"
 
 namespace {
 

@@ -4,12 +4,14 @@
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepBuilderAPI_MakeWire.hxx>
 #include <BRepPrimAPI_MakePrism.hxx>
+#include <BRep_Builder.hxx>
 #include <GC_MakeArcOfCircle.hxx>
 #include <HLRAlgo_Projector.hxx>
 #include <HLRBRep_Algo.hxx>
 #include <HLRBRep_HLRToShape.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Compound.hxx>
 #include <gp_Ax2.hxx>
 #include <stdexcept>
 
@@ -37,6 +39,18 @@ TopoDS_Wire wireOf(const Outline& outline) {
   return wire.Wire();
 }
 
+TopoDS_Shape prismOf(const Solid& section, double length) {
+  BRepBuilderAPI_MakeFace face(wireOf(section.front()), Standard_True);
+  // A hole runs against the outer contour.
+  const bool sense = isCounterclockwise(section.front());
+  for (std::size_t i = 1; i < section.size(); ++i) {
+    const TopoDS_Wire hole = wireOf(section[i]);
+    face.Add(isCounterclockwise(section[i]) == sense ? TopoDS::Wire(hole.Reversed()) : hole);
+  }
+  if (!face.IsDone()) throw std::runtime_error("the outline makes no face");
+  return BRepPrimAPI_MakePrism(face.Face(), gp_Vec(0, 0, length));
+}
+
 int countEdges(const TopoDS_Shape& shape) {
   int count = 0;
   if (!shape.IsNull()) {
@@ -48,25 +62,24 @@ int countEdges(const TopoDS_Shape& shape) {
 }  // namespace
 
 struct OcctBar::Data {
-  TopoDS_Shape solid;
-  // From the side: the bar's axis lies across the line of sight.
-  HLRAlgo_Projector fromTheSide{gp_Ax2(gp_Pnt(0, 0, 0), gp_Dir(1, 0, 0))};
+  TopoDS_Compound bar;
+  // An elevation looks along the section's -Y.
+  HLRAlgo_Projector fromAbove{gp_Ax2(gp_Pnt(0, 0, 0), gp_Dir(0, 1, 0))};
   Handle(HLRBRep_Algo) last;
 };
 
-OcctBar::OcctBar(const std::vector<Outline>& contours, double length) : data_(std::make_unique<Data>()) {
-  BRepBuilderAPI_MakeFace face(wireOf(contours.front()), Standard_True);
-  for (std::size_t i = 1; i < contours.size(); ++i) face.Add(TopoDS::Wire(wireOf(contours[i]).Reversed()));
-  if (!face.IsDone()) throw std::runtime_error("the outline makes no face");
-  data_->solid = BRepPrimAPI_MakePrism(face.Face(), gp_Vec(0, 0, length));
+OcctBar::OcctBar(const std::vector<Solid>& sections, double length) : data_(std::make_unique<Data>()) {
+  BRep_Builder builder;
+  builder.MakeCompound(data_->bar);
+  for (const Solid& section : sections) builder.Add(data_->bar, prismOf(section, length));
 }
 
 OcctBar::~OcctBar() = default;
 
 void OcctBar::removeHiddenLines() {
   Handle(HLRBRep_Algo) algorithm = new HLRBRep_Algo;
-  algorithm->Add(data_->solid);
-  algorithm->Projector(data_->fromTheSide);
+  algorithm->Add(data_->bar);
+  algorithm->Projector(data_->fromAbove);
   algorithm->Update();
   algorithm->Hide();
   data_->last = algorithm;

@@ -7,17 +7,17 @@
 
 namespace bench {
 
-/// OpenCASCADE's exact hidden-line removal of a bar seen from the side.
+/// OpenCASCADE's exact hidden-line removal of a bar seen from above its section, as an elevation shows it.
 class OcctBar {
  public:
-  /// The solid of the first contour less the others, extruded by `length` along the line of sight's horizontal.
-  OcctBar(const std::vector<Outline>& contours, double length);
+  /// The sections extruded by `length` across the line of sight; several of them are a compound.
+  OcctBar(const std::vector<Solid>& sections, double length);
   ~OcctBar();
   OcctBar(const OcctBar&) = delete;
   OcctBar& operator=(const OcctBar&) = delete;
 
-  /// Loads the solid into a new hidden-line algorithm, projects and hides: what a redraw needs, short of fetching the
-  /// lines. The solid itself is made once, by the constructor.
+  /// Loads the bar into a new hidden-line algorithm, projects and hides: what a redraw needs, short of fetching the
+  /// lines. The bar itself is made once, by the constructor.
   void removeHiddenLines();
 
   /// The number of visible and hidden lines of the last removal, which proves that it worked.
