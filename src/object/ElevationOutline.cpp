@@ -18,11 +18,10 @@ bool isRealArc(double bulge) {
 
 }  // namespace
 
+// The facts and arcs of the outline before are left: `finish` writes them over.
 void ElevationOutline::clear() {
   nodes_.clear();
-  facts_.clear();
   limits_.clear();
-  arcs_.clear();
   qtd_ = 0;
   prepared_ = false;
   height_ = 0;
