@@ -1,8 +1,16 @@
-"""Prints the figures of a run of the benchmarks as Markdown: table.py REPORTS"""
+"""Prints the figures of a run of the benchmarks as Markdown: table.py REPORTS [DOCUMENT]
+
+With a document, its figures (between the two lines FIGURES and END) become these.
+"""
+import contextlib
+import io
 import json
 import pathlib
 import re
 import sys
+
+FIGURES = "<!-- figures: scripts/bench --record -->\n"
+END = "<!-- end of figures -->\n"
 
 # How many times faster than exact hidden lines an elevation is to be: every profile class, and those that stand out.
 LEAST_RATIO_OF_CLASSES = 500
@@ -142,11 +150,16 @@ def print_matrix(figures, separator, show):
     return used
 
 
-def main(folder):
-    reports = pathlib.Path(folder)
+def print_conditions(reports):
+    context = json.loads((reports / "bench_elevation.json").read_text())["context"]
+    print(f"Measured on {context['date'][:10]}: {context['num_cpus']} cores at {context['mhz_per_cpu']} MHz, load average "
+          f"{context['load_avg'][0]:.1f}, release build.\n")
+
+
+def print_figures(reports):
     times, counts = read_times(reports), read_counts(reports)
-    print("What is to be reached:\n")
-    print_table(["what", "measured", "aim", ""], targets(times, counts))
+    print_conditions(reports)
+    print_table(["to be reached", "measured", "aim", ""], targets(times, counts))
     print_peers(times)
     print("Instructions a call; of drawing, an element:\n")
     used = print_matrix(counts, "_", lambda count: f"{count:,.0f}")
@@ -158,5 +171,16 @@ def main(folder):
                                          if name not in used and not name.startswith("occt/")])
 
 
+def main(folder, document=None):
+    figures = io.StringIO()
+    with contextlib.redirect_stdout(figures):
+        print_figures(pathlib.Path(folder))
+    print(figures.getvalue(), end="")
+    if document:
+        before, rest = pathlib.Path(document).read_text().split(FIGURES)
+        after = rest.split(END)[1]
+        pathlib.Path(document).write_text(before + FIGURES + "\n" + figures.getvalue() + END + after)
+
+
 if __name__ == "__main__":
-    main(sys.argv[1])
+    main(*sys.argv[1:])
