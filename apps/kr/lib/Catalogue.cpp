@@ -1,6 +1,7 @@
 #include "Catalogue.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 
@@ -14,6 +15,20 @@ constexpr std::size_t kFirstSlots = 8192;  // a power of two; room for the table
 constexpr std::size_t kMostRows = std::size_t{1} << 30;
 constexpr std::size_t kSuggestions = 3;
 
+constexpr char kTimes[] = "\xC3\x97";  // the multiplication sign
+constexpr char kSkipped = '\0';
+constexpr char kPerhapsTimes = kTimes[0];
+
+// What each byte of a designation is compared as.
+constexpr std::array<char, 256> kFolded = [] {
+  std::array<char, 256> all{};
+  for (std::size_t i = 0; i < all.size(); ++i) all[i] = static_cast<char>(i);
+  for (char c = 'a'; c <= 'z'; ++c) all[static_cast<std::size_t>(c)] = static_cast<char>(c - 'a' + 'A');
+  all[','] = '.';
+  all[' '] = all['\t'] = kSkipped;
+  return all;
+}();
+
 // The letters of a designation as they are compared, one after the other.
 class Folded {
  public:
@@ -21,20 +36,17 @@ class Folded {
 
   /// The next letter; 0 at the end.
   char next() {
-    while (at_ != end_ && (*at_ == ' ' || *at_ == '\t')) ++at_;
-    if (at_ == end_) return '\0';
-    const char c = *at_++;
-    if (c >= 'a' && c <= 'z') return static_cast<char>(c - 'a' + 'A');
-    if (c == ',') return '.';
-    if (c == kTimes[0] && at_ != end_ && *at_ == kTimes[1]) {
+    while (at_ != end_) {
+      const char c = kFolded[static_cast<unsigned char>(*at_++)];
+      if (c == kSkipped) continue;
+      if (c != kPerhapsTimes || at_ == end_ || *at_ != kTimes[1]) return c;
       ++at_;
       return 'X';
     }
-    return c;
+    return '\0';
   }
 
  private:
-  static constexpr char kTimes[] = "\xC3\x97";  // the multiplication sign
   const char* at_;
   const char* end_;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <filesystem>
 #include <initializer_list>
 
@@ -54,6 +55,35 @@ std::string_view trimmed(std::string_view text, std::string_view what = " \t\r")
   return text.substr(begin, text.find_last_not_of(what) - begin + 1);
 }
 
+// Plain decimals as tables hold them, "21.65": digits that a double holds exactly, over a power of ten that it holds
+// exactly too, so that the one division rounds as it must. False for anything else, which from_chars reads.
+bool readPlainDecimal(std::string_view text, double& number) {
+  constexpr std::size_t kDigits = 15;
+  constexpr double kPowers[kDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  if (text.size() > kDigits || text.front() == '.' || text.back() == '.') return false;
+  std::int64_t digits = 0;
+  std::size_t point = text.size() - 1;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c >= '0' && c <= '9') {
+      digits = digits * 10 + (c - '0');
+    } else if (c == '.' && point == text.size() - 1) {
+      point = i;
+    } else {
+      return false;
+    }
+  }
+  number = static_cast<double>(digits) / kPowers[text.size() - 1 - point];
+  return true;
+}
+
+bool readDecimal(std::string_view text, double& number) {
+  if (readPlainDecimal(text, number)) return true;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  return result.ec == std::errc() && result.ptr == text.data() + text.size() && std::isfinite(number);
+}
+
 }  // namespace
 
 std::string_view shapeWord(CatalogueShape shape) {
@@ -89,36 +119,38 @@ void CatalogueReader::skipLine() {
 
 // The cell that begins here, without quotes and blanks; leaves the reader at the comma or the line's end behind it.
 std::string_view CatalogueReader::cell() {
-  if (at_ != end_ && *at_ == '"') {
-    const char* begin = ++at_;
-    bool doubled = false;
-    for (; at_ != end_ && *at_ != '\n'; ++at_) {
-      if (*at_ != '"') continue;
-      if (at_ + 1 == end_ || at_[1] != '"') break;
-      doubled = true;
-      ++at_;
-    }
-    std::string_view text(begin, static_cast<std::size_t>(at_ - begin));
-    if (at_ == end_ || *at_ == '\n') {
-      problem(begin - 1, "the quotes aren't closed");
-    } else {
-      ++at_;
-    }
-    while (at_ != end_ && *at_ != ',' && *at_ != '\n') ++at_;
-    if (!doubled) return text;
-    std::string single;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      single += text[i];
-      if (text[i] == '"') ++i;
-    }
-    return catalogue_.keep(std::move(single));
-  }
+  if (at_ != end_ && *at_ == '"') return quotedCell();
   const char* begin = at_;
   while (at_ != end_ && *at_ != ',' && *at_ != '\n') ++at_;
   const char* finish = at_;
   while (begin != finish && (*begin == ' ' || *begin == '\t')) ++begin;
   while (begin != finish && (finish[-1] == ' ' || finish[-1] == '\t' || finish[-1] == '\r')) --finish;
   return {begin, static_cast<std::size_t>(finish - begin)};
+}
+
+std::string_view CatalogueReader::quotedCell() {
+  const char* begin = ++at_;
+  bool doubled = false;
+  for (; at_ != end_ && *at_ != '\n'; ++at_) {
+    if (*at_ != '"') continue;
+    if (at_ + 1 == end_ || at_[1] != '"') break;
+    doubled = true;
+    ++at_;
+  }
+  std::string_view text(begin, static_cast<std::size_t>(at_ - begin));
+  if (at_ == end_ || *at_ == '\n') {
+    problem(begin - 1, "the quotes aren't closed");
+  } else {
+    ++at_;
+  }
+  while (at_ != end_ && *at_ != ',' && *at_ != '\n') ++at_;
+  if (!doubled) return text;
+  std::string single;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    single += text[i];
+    if (text[i] == '"') ++i;
+  }
+  return catalogue_.keep(std::move(single));
 }
 
 // "# shape: I". False when the table can't be read on.
@@ -194,21 +226,20 @@ bool CatalogueReader::readNames() {
 
 bool CatalogueReader::readNumber(const Use& use, std::string_view text, const char* at, double& number) {
   const auto column = static_cast<std::size_t>(use.column);
-  const std::string name(kColumns[column].name);
+  const auto name = [column] { return std::string(kColumns[column].name); };
   number = 0;
   if (text.empty()) {
-    if (use.required) problem(at, "no " + name + " given; the row isn't used");
+    if (use.required) problem(at, "no " + name() + " given; the row isn't used");
     return !use.required;
   }
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || !std::isfinite(number)) {
-    problem(at, "not a number: " + inQuotes(text) + " as " + name + "; the row isn't used");
+  if (!readDecimal(text, number)) {
+    problem(at, "not a number: " + inQuotes(text) + " as " + name() + "; the row isn't used");
     return false;
   }
   const bool low = kColumns[column].zero ? number < 0 : number <= 0;
   if (!low && number <= kLargestCoordinate) return true;
-  problem(at, name + " must be " + (kColumns[column].zero ? "0 or more" : "greater than 0") + " and at most 1e9, not " +
-                  std::string(text) + "; the row isn't used");
+  problem(at, name() + " must be " + (kColumns[column].zero ? "0 or more" : "greater than 0") +
+                  " and at most 1e9, not " + std::string(text) + "; the row isn't used");
   return false;
 }
 

@@ -28,6 +28,7 @@ class CatalogueReader {
   void readRow();
   bool readNumber(const Use& use, std::string_view text, const char* at, double& number);
   std::string_view cell();
+  std::string_view quotedCell();
   void skipLine();
   void problem(const char* at, std::string message);
 
