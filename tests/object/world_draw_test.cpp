@@ -190,7 +190,6 @@ TEST_F(WorldDraw, FindsTheOuterFacesOfAnElevation) {
   int ia = -1, ib = -1;
   member.GetFacesExternas(a, b, &ia, &ib);
   EXPECT_NEAR(a.len(), 1000, 1e-6);
-  AcGePoint3d at;
   const AcGeVector3d across = a.startPoint() - b.startPoint();
   const AcGeVector3d along(std::cos(0.4), std::sin(0.4), 0);
   EXPECT_NEAR((across - along * across.dotProduct(along)).length(), 200, 1e-6);
