@@ -7,6 +7,7 @@
 void commandBuild(const CommandLine& line, kr::Report& report);
 void commandBom(const CommandLine& line, kr::Report& report);
 void commandList(const CommandLine& line, kr::Report& report);
+void commandCatalogue(const CommandLine& line, kr::Report& report);
 void commandAbout(const CommandLine& line, kr::Report& report);
 void commandHelp(const CommandLine& line, kr::Report& report);
 void commandDocuments(const CommandLine& line, kr::Report& report);

@@ -7,6 +7,7 @@ void commandBom(const CommandLine& line, kr::Report& report) {
   request.output = line.has("--output") ? line.value("--output") : "-";
   request.overwrite = line.has("--overwrite");
   request.data = line.value("--data");
+  request.catalogue = line.value("--catalogue");
   if (line.has("--json") && line.has("--csv")) {
     report.error(kr::Exit::kArguments, "--json and --csv exclude each other");
     return;

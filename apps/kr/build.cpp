@@ -29,6 +29,7 @@ void commandBuild(const CommandLine& line, kr::Report& report) {
   request.format = line.value("--format");
   request.overwrite = line.has("--overwrite");
   request.data = line.value("--data");
+  request.catalogue = line.value("--catalogue");
   if (!wholeNumber(line, "--sheet", 1, kMostSheets, request.sheet, report)) return;
   if (!wholeNumber(line, "--resolution", kr::kLowestResolution, kr::kHighestResolution, request.resolution, report)) {
     return;

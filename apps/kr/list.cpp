@@ -9,5 +9,6 @@ void commandList(const CommandLine& line, kr::Report& report) {
   request.output = line.has("--output") ? line.value("--output") : "-";
   request.overwrite = line.has("--overwrite");
   request.data = line.value("--data");
+  request.catalogue = line.value("--catalogue");
   kr::list(request, report);
 }

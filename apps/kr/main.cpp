@@ -12,7 +12,7 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {"build", commandBuild}, {"bom", commandBom},   {"list", commandList},
+    {"build", commandBuild}, {"bom", commandBom},   {"list", commandList},           {"catalogue", commandCatalogue},
     {"about", commandAbout}, {"help", commandHelp}, {"documents", commandDocuments},
 };
 

@@ -18,13 +18,14 @@ _kr() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} place=0 i
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    COMPREPLY=($(compgen -W 'build bom list about help --help --version' -- "$word"))
+    COMPREPLY=($(compgen -W 'build bom list catalogue about help --help --version' -- "$word"))
     return
   fi
   for ((i = 2; i < COMP_CWORD; i++)); do
     [[ ${COMP_WORDS[i]} == -?* ]] || ((place++))
   done
   case $before in
+    --catalogue) _kr_files ''; return ;;
     --data) _kr_files ''; return ;;
     --format|-f) COMPREPLY=($(compgen -W 'pdf svg png' -- "$word")); return ;;
     --output|-o) _kr_files ''; return ;;
@@ -34,7 +35,7 @@ _kr() {
   case ${COMP_WORDS[1]} in
     build)
       if [[ $word == -* ]]; then
-        COMPREPLY=($(compgen -W '-f --format --sheet --resolution --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        COMPREPLY=($(compgen -W '-f --format --sheet --resolution --catalogue --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
         return
       fi
       case $place in
@@ -44,7 +45,7 @@ _kr() {
       ;;
     bom)
       if [[ $word == -* ]]; then
-        COMPREPLY=($(compgen -W '--json --csv -o --output --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        COMPREPLY=($(compgen -W '--json --csv --catalogue -o --output --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
         return
       fi
       case $place in
@@ -53,11 +54,19 @@ _kr() {
       ;;
     list)
       if [[ $word == -* ]]; then
-        COMPREPLY=($(compgen -W '--json -o --output --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        COMPREPLY=($(compgen -W '--json --catalogue -o --output --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
         return
       fi
       case $place in
         0) _kr_files 'json' ;;
+      esac
+      ;;
+    catalogue)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '--json -o --output --catalogue --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      case $place in
       esac
       ;;
     about)
@@ -71,7 +80,7 @@ _kr() {
         COMPREPLY=($(compgen -W '--json -h --help -q --quiet -v --verbose --data' -- "$word"))
         return
       fi
-      COMPREPLY=($(compgen -W 'build bom list about help' -- "$word"))
+      COMPREPLY=($(compgen -W 'build bom list catalogue about help' -- "$word"))
       ;;
   esac
 }

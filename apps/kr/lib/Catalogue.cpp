@@ -12,7 +12,6 @@ namespace kr {
 namespace {
 
 constexpr std::size_t kFirstSlots = 8192;  // a power of two; room for the tables that come with the program
-constexpr std::size_t kMostRows = std::size_t{1} << 30;
 constexpr std::size_t kSuggestions = 3;
 
 constexpr char kTimes[] = "\xC3\x97";  // the multiplication sign
@@ -50,16 +49,6 @@ class Folded {
   const char* at_;
   const char* end_;
 };
-
-// FNV-1a, as for names of a job.
-std::uint32_t hashOf(std::string_view text) {
-  std::uint32_t hash = 2166136261U;
-  Folded letters(text);
-  for (char c = letters.next(); c != '\0'; c = letters.next()) {
-    hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-  }
-  return hash;
-}
 
 bool sameFolded(std::string_view a, std::string_view b) {
   Folded left(a), right(b);
@@ -101,6 +90,16 @@ bool beginsIn(std::string_view text, std::string_view word) {
 std::string describe(const CatalogueProblem& problem) {
   return problem.file + ":" + std::to_string(problem.line) + ":" + std::to_string(problem.column) + ": " +
          problem.message;
+}
+
+// FNV-1a, as for names of a job.
+std::uint32_t Catalogue::hashOf(std::string_view designation) {
+  std::uint32_t hash = 2166136261U;
+  Folded letters(designation);
+  for (char c = letters.next(); c != '\0'; c = letters.next()) {
+    hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+  }
+  return hash;
 }
 
 Catalogue::Catalogue() : slots_(kFirstSlots) {}
@@ -145,15 +144,14 @@ double Catalogue::value(const CatalogueRow& row, CatalogueColumn column) const {
   return place < 0 ? 0 : values_[row.values + static_cast<std::size_t>(place)];
 }
 
-void Catalogue::index(std::uint32_t row) {
-  insert(rows_[row].designation, row * 2);
-  if (!rows_[row].second.empty()) insert(rows_[row].second, row * 2 + 1);
+void Catalogue::index(std::uint32_t row, std::uint32_t hash) {
+  insert(hash, row * 2);
+  if (!rows_[row].second.empty()) insert(hashOf(rows_[row].second), row * 2 + 1);
 }
 
-void Catalogue::insert(std::string_view name, std::uint32_t entry) {
+void Catalogue::insert(std::uint32_t hash, std::uint32_t entry) {
   if (++names_ * 2 > slots_.size()) grow();
   const std::size_t mask = slots_.size() - 1;
-  const std::uint32_t hash = hashOf(name);
   std::size_t slot = hash & mask;
   while (slots_[slot].entry != kFree) slot = (slot + 1) & mask;
   slots_[slot] = {hash, entry};
@@ -182,7 +180,10 @@ CatalogueMatch Catalogue::find(std::string_view designation) const {
     asked = designation.substr(colon + 1);
     while (asked.starts_with(' ')) asked.remove_prefix(1);
   }
-  const std::uint32_t hash = hashOf(asked);
+  return find(asked, hashOf(asked), table);
+}
+
+CatalogueMatch Catalogue::find(std::string_view asked, std::uint32_t hash, std::string_view table) const {
   const std::size_t mask = slots_.size() - 1;
   CatalogueMatch match;
   int best = -1;

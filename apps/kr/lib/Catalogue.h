@@ -134,8 +134,10 @@ class Catalogue {
  private:
   friend class CatalogueReader;
 
-  void index(std::uint32_t row);
-  void insert(std::string_view name, std::uint32_t entry);
+  static std::uint32_t hashOf(std::string_view designation);
+  CatalogueMatch find(std::string_view asked, std::uint32_t hash, std::string_view table) const;
+  void index(std::uint32_t row, std::uint32_t hash);
+  void insert(std::uint32_t hash, std::uint32_t entry);
   void grow();
   const std::string& keep(std::string text);
 

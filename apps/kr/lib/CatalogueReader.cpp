@@ -55,33 +55,30 @@ std::string_view trimmed(std::string_view text, std::string_view what = " \t\r")
   return text.substr(begin, text.find_last_not_of(what) - begin + 1);
 }
 
-// Plain decimals as tables hold them, "21.65": digits that a double holds exactly, over a power of ten that it holds
-// exactly too, so that the one division rounds as it must. False for anything else, which from_chars reads.
-bool readPlainDecimal(std::string_view text, double& number) {
-  constexpr std::size_t kDigits = 15;
-  constexpr double kPowers[kDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  if (text.size() > kDigits || text.front() == '.' || text.back() == '.') return false;
+// A number of up to 15 digits with or without a point: whole numbers and powers of ten that small are exact, so that
+// their quotient is the nearest double. Gives where it ends; null when it isn't such a number.
+const char* plainDecimal(const char* at, const char* end, double& number) {
+  constexpr int kExact = 15;
+  constexpr double kPowers[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
   std::int64_t digits = 0;
-  std::size_t point = text.size() - 1;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (c >= '0' && c <= '9') {
-      digits = digits * 10 + (c - '0');
-    } else if (c == '.' && point == text.size() - 1) {
-      point = i;
+  int count = 0;
+  const char* point = nullptr;
+  for (; at != end; ++at) {
+    const auto digit = static_cast<unsigned>(*at - '0');
+    if (digit <= 9) {
+      if (++count > kExact) return nullptr;
+      digits = digits * 10 + static_cast<std::int64_t>(digit);
+    } else if (*at == '.' && point == nullptr && count > 0) {
+      point = at;
     } else {
-      return false;
+      break;
     }
   }
-  number = static_cast<double>(digits) / kPowers[text.size() - 1 - point];
-  return true;
-}
-
-bool readDecimal(std::string_view text, double& number) {
-  if (readPlainDecimal(text, number)) return true;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-  return result.ec == std::errc() && result.ptr == text.data() + text.size() && std::isfinite(number);
+  const std::ptrdiff_t decimals = point == nullptr ? 0 : at - point - 1;
+  if (count == 0 || (point != nullptr && decimals == 0)) return nullptr;
+  number = static_cast<double>(digits);
+  if (decimals > 0) number /= kPowers[decimals];
+  return at;
 }
 
 }  // namespace
@@ -224,23 +221,59 @@ bool CatalogueReader::readNames() {
   return false;
 }
 
-bool CatalogueReader::readNumber(const Use& use, std::string_view text, const char* at, double& number) {
-  const auto column = static_cast<std::size_t>(use.column);
-  const auto name = [column] { return std::string(kColumns[column].name); };
+// The cell as a number, when it is one that needs no second look; else nothing is read.
+bool CatalogueReader::plainNumber(double& number) {
+  const char* const finish = plainDecimal(at_, end_, number);
+  if (finish == nullptr) return false;
+  const bool whole = finish == end_ || *finish == ',' || *finish == '\n' || (*finish == '\r' && finish + 1 != end_);
+  if (!whole || number <= 0 || number > kLargestCoordinate) return false;
+  at_ = *finish == '\r' ? finish + 1 : finish;
+  return true;
+}
+
+bool CatalogueReader::readNumber(const Use& use, double& number) {
+  if (plainNumber(number)) return true;
+  const char* const at = at_;
+  const std::string_view text = cell();
+  const ColumnRow& column = kColumns[static_cast<std::size_t>(use.column)];
+  const std::string name(column.name);
   number = 0;
   if (text.empty()) {
-    if (use.required) problem(at, "no " + name() + " given; the row isn't used");
+    if (use.required) problem(at, "no " + name + " given; the row isn't used");
     return !use.required;
   }
-  if (!readDecimal(text, number)) {
-    problem(at, "not a number: " + inQuotes(text) + " as " + name() + "; the row isn't used");
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || !std::isfinite(number)) {
+    problem(at, "not a number: " + inQuotes(text) + " as " + name + "; the row isn't used");
     return false;
   }
-  const bool low = kColumns[column].zero ? number < 0 : number <= 0;
+  const bool low = column.zero ? number < 0 : number <= 0;
   if (!low && number <= kLargestCoordinate) return true;
-  problem(at, name() + " must be " + (kColumns[column].zero ? "0 or more" : "greater than 0") +
-                  " and at most 1e9, not " + std::string(text) + "; the row isn't used");
+  problem(at, name + " must be " + (column.zero ? "0 or more" : "greater than 0") + " and at most 1e9, not " +
+                  std::string(text) + "; the row isn't used");
   return false;
+}
+
+// A cell of a row; false when it spoils the row, which is told of the first that does.
+bool CatalogueReader::readCell(std::size_t column, CatalogueRow& row, bool good) {
+  if (good && column < uses_.size() && uses_[column].kind == Use::kNumber) {
+    double number = 0;
+    good = readNumber(uses_[column], number);
+    catalogue_.values_.push_back(number);
+    return good;
+  }
+  const char* const place = at_;
+  const std::string_view text = cell();
+  if (!good) return false;
+  if (column >= uses_.size()) {
+    if (!text.empty()) problem(place, "more cells than columns; the row isn't used");
+    return text.empty();
+  }
+  if (uses_[column].kind == Use::kSecond) row.second = text;
+  if (uses_[column].kind != Use::kDesignation) return true;
+  if (text.empty()) problem(place, "no designation given; the row isn't used");
+  row.designation = text;
+  return !text.empty();
 }
 
 void CatalogueReader::readRow() {
@@ -251,26 +284,7 @@ void CatalogueReader::readRow() {
   bool good = true;
   std::size_t cells = 0;
   for (;;) {
-    const char* place = at_;
-    const std::string_view text = cell();
-    if (cells < uses_.size()) {
-      const Use& use = uses_[cells];
-      if (use.kind == Use::kNumber) {
-        double number = 0;
-        if (good) good = readNumber(use, text, place, number);
-        catalogue_.values_.push_back(number);
-      } else if (use.kind == Use::kDesignation) {
-        if (text.empty()) problem(place, "no designation given; the row isn't used");
-        good = good && !text.empty();
-        row.designation = text;
-      } else if (use.kind == Use::kSecond) {
-        row.second = text;
-      }
-    } else if (good && !text.empty()) {
-      problem(place, "more cells than columns; the row isn't used");
-      good = false;
-    }
-    ++cells;
+    good = readCell(cells++, row, good);
     if (at_ == end_ || *at_ != ',') break;
     ++at_;
   }
@@ -278,9 +292,10 @@ void CatalogueReader::readRow() {
     problem(at_, std::to_string(cells) + " cells for " + std::to_string(uses_.size()) + " columns; the row isn't used");
     good = false;
   }
+  const std::uint32_t hash = good ? Catalogue::hashOf(row.designation) : 0;
   if (good) {
     // Equal names within a table can't both be meant; across tables the one asked for tells which.
-    const CatalogueMatch known = catalogue_.find(row.designation);
+    const CatalogueMatch known = catalogue_.find(row.designation, hash, {});
     const CatalogueRow* twin = known.row != nullptr && known.row->designation == row.designation ? known.row : nullptr;
     if (twin != nullptr && twin->table == row.table) {
       problem(line_, inQuotes(row.designation) + " stands in line " + std::to_string(twin->line) +
@@ -297,12 +312,18 @@ void CatalogueReader::readRow() {
     return;
   }
   catalogue_.rows_.push_back(row);
-  catalogue_.index(static_cast<std::uint32_t>(catalogue_.rows_.size() - 1));
+  catalogue_.index(static_cast<std::uint32_t>(catalogue_.rows_.size() - 1), hash);
 }
 
 void CatalogueReader::read() {
   bool named = false;
   while (at_ != end_) {
+    constexpr std::string_view kSpecial = " \t\r\n,\"#";
+    if (named && kSpecial.find(*at_) == std::string_view::npos) {
+      readRow();
+      skipLine();
+      continue;
+    }
     const char* finish = std::find(at_, end_, '\n');
     const std::string_view line(at_, static_cast<std::size_t>(finish - at_));
     const std::string_view text = trimmed(line, " \t\r,\"");

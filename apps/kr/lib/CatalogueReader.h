@@ -26,7 +26,9 @@ class CatalogueReader {
   bool directive(std::string_view line);
   bool readNames();
   void readRow();
-  bool readNumber(const Use& use, std::string_view text, const char* at, double& number);
+  bool readCell(std::size_t column, CatalogueRow& row, bool good);
+  bool readNumber(const Use& use, double& number);
+  bool plainNumber(double& number);
   std::string_view cell();
   std::string_view quotedCell();
   void skipLine();

@@ -16,6 +16,9 @@ constexpr OptionDeclaration kOutput{"--output", 'o', "FILE", "write to FILE inst
 constexpr OptionDeclaration kOverwrite{"--overwrite", '\0', {}, "replace output files that exist"};
 constexpr OptionDeclaration kJson{"--json", '\0', {}, "write JSON by the published schema"};
 
+constexpr OptionDeclaration kTables{
+    "--catalogue", '\0', "FILE", "a table of sections of one's own, beside those of the install folder", {}, true};
+
 constexpr ArgumentDeclaration kJob{"JOB", "the job file, or - for standard input", true, false, true, "json"};
 
 constexpr ArgumentDeclaration kBuildArguments[] = {
@@ -27,6 +30,7 @@ constexpr OptionDeclaration kBuildOptions[] = {
     {"--format", 'f', "FORMAT", "the kind of drawing, where the ending doesn't tell it", kFormats},
     {"--sheet", '\0', "N", "draw only sheet N of the job, counted from 1"},
     {"--resolution", '\0', "DPI", "the dots per inch of a png, from 30 to 1200; 150 when not given"},
+    kTables,
     kOverwrite,
 };
 constexpr ExampleDeclaration kBuildExamples[] = {
@@ -38,10 +42,7 @@ constexpr ExampleDeclaration kBuildExamples[] = {
 
 constexpr ArgumentDeclaration kBomArguments[] = {kJob};
 constexpr OptionDeclaration kBomOptions[] = {
-    kJson,
-    {"--csv", '\0', {}, "write comma separated values, with a row of names"},
-    kOutput,
-    kOverwrite,
+    kJson, {"--csv", '\0', {}, "write comma separated values, with a row of names"}, kTables, kOutput, kOverwrite,
 };
 constexpr ExampleDeclaration kBomExamples[] = {
     {"kr bom roof-truss.json", "Show the bill of materials."},
@@ -53,9 +54,26 @@ constexpr ArgumentDeclaration kListArguments[] = {
     kJob,
     {"NAME", "the names of the members to list; all when none is given", false, true, false},
 };
-constexpr OptionDeclaration kListOptions[] = {kJson, kOutput, kOverwrite};
+constexpr OptionDeclaration kListOptions[] = {kJson, kTables, kOutput, kOverwrite};
 constexpr ExampleDeclaration kListExamples[] = {
     {"kr list roof-truss.json D1", "Show all that member D1 says of itself."},
+};
+
+constexpr ArgumentDeclaration kCatalogueArguments[] = {
+    {"ACTION", "search or show; the tables are listed when none is given", false, false, false},
+    {"TEXT", "the words to search for, or the designation of the section to show", false, true, false},
+};
+constexpr OptionDeclaration kCatalogueOptions[] = {
+    kJson,
+    {"--output", 'o', "FILE", "write to FILE; with show, draw the section there: a pdf, svg or png", {}, true},
+    kTables,
+    kOverwrite,
+};
+constexpr ExampleDeclaration kCatalogueExamples[] = {
+    {"kr catalogue", "List the tables."},
+    {"kr catalogue search ipe", "List the sections whose designation or series has that word."},
+    {"kr catalogue show IPE 200", "Show the numbers of a section."},
+    {"kr catalogue show W250x44.8 -o beam.pdf", "Draw its section and elevations too."},
 };
 
 constexpr OptionDeclaration kAboutOptions[] = {kJson, kOutput, kOverwrite};
@@ -93,6 +111,14 @@ constexpr VerbDeclaration kVerbs[] = {
      "Reads JOB and writes the listing of its members, or of those named: points, view, role, lengths, painted area, "
      "weight and the dimensions of the class.",
      kListArguments, kListOptions, kListExamples, "list.schema.json"},
+    {"catalogue", "list, search or show standard sections",
+     "Without ACTION, lists the tables of standard sections and how many sections each has. search lists the sections "
+     "in one of whose designations, or in whose series, every word stands. show tells which class draws a section and "
+     "with which parameters, its area, weight and perimeter, and with -o draws its section and its four "
+     "elevations.\n\n"
+     "Designations are compared without spaces and letter case. Lengths are in mm, areas in mm2, weights in kg/m, "
+     "angles in degrees. What is wrong in a table is told with its place; the rest of it is used.",
+     kCatalogueArguments, kCatalogueOptions, kCatalogueExamples, "catalogue.schema.json"},
     {"about",
      "show the version and build of the module",
      "Starts the module and runs its command SOBREKR_TRAMA, which tells its version and build.",
@@ -126,6 +152,7 @@ constexpr ReservedOption kReserved[] = {
     {"--json", '\0', false, "write JSON by the published schema"},
     {"--csv", '\0', false, "write comma separated values"},
     {"--data", '\0', true, "the install folder"},
+    {"--catalogue", '\0', true, "a table of sections"},
     {"--sheet", '\0', true, "a sheet of the job, counted from 1"},
     {"--progress", '\0', false, "show progress even when standard error is no terminal"},
     {"--no-progress", '\0', false, "never show progress"},

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <cwchar>
 #include <memory>
 
 #include "JobReader.h"
@@ -142,6 +143,10 @@ std::vector<BomPiece> piecesOf(const std::vector<AcDbObjectId>& members) {
     piece.name = member->userName() != nullptr ? os::toUtf8(member->userName()) : std::string();
     piece.profileClass = os::toUtf8(member->isA()->name());
     member->getPerfil(buffer.data());
+    // Some classes give the bar's own name for their designation, which would set equal pieces apart.
+    if (member->userName() != nullptr && std::wcscmp(buffer.data(), member->userName()) == 0) {
+      member->getPerfilUsr(buffer.data());
+    }
     piece.designation = plainText(buffer.data());
     buffer[0] = L'\0';
     member->getDimensoes(buffer.data());
@@ -150,6 +155,16 @@ std::vector<BomPiece> piecesOf(const std::vector<AcDbObjectId>& members) {
     piece.weight = member->getPeso();
     piece.paintedArea = member->getAreaPintura();
     pieces.push_back(std::move(piece));
+  }
+  return pieces;
+}
+
+std::vector<BomPiece> piecesOf(const Job& job, const std::vector<AcDbObjectId>& members) {
+  std::vector<BomPiece> pieces = piecesOf(members);
+  if (pieces.size() != job.members.size()) return pieces;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const NameId designation = job.profiles[job.members[i].profile].designation;
+    if (designation != kNoName) pieces[i].designation = job.names.text(designation);
   }
   return pieces;
 }

@@ -32,4 +32,7 @@ bool drawJob(std::string_view text, const KnownNames& known, Job& job, AcDbDatab
 /// What a bill of materials counts of the members, as they say of themselves.
 std::vector<BomPiece> piecesOf(const std::vector<AcDbObjectId>& members);
 
+/// The same of the members of a job: a section of a catalogue goes by its designation.
+std::vector<BomPiece> piecesOf(const Job& job, const std::vector<AcDbObjectId>& members);
+
 }  // namespace kr

@@ -35,7 +35,7 @@ void Report::detail(std::string_view message) {
 }
 
 void Report::warning(std::string_view message) {
-  if (talk_ != Talk::kQuiet) line("kr: warning: " + std::string(message));
+  if (talk_ != Talk::kQuiet) line("warning: " + std::string(message));
 }
 
 void Report::note(std::string_view message) {

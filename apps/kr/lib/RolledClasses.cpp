@@ -144,7 +144,7 @@ bool settleFlanges(const GivenParameters& given, ParameterValues& values, Parame
   if (!given.has(at.reach)) values[at.reach] = flange.reach(values[at.mean]);
   const double tip = values[at.reach] - flange.rise() - flange.tangent() * flange.root;
   const std::string_view blamed = given.has(at.reach) ? "DeslocF" : "EspMedia";
-  if (tip <= 0) {
+  if (tip < kSectionRounding) {
     problem = {blamed, "the flange is thinner than nothing at its tip: " + std::string(blamed) + " is too small"};
     return false;
   }

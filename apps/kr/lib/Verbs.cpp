@@ -8,6 +8,7 @@
 #include <set>
 
 #include "Bom.h"
+#include "CatalogueTables.h"
 #include "Documents.h"
 #include "Drawing.h"
 #include "Files.h"
@@ -39,14 +40,21 @@ void tellProblems(const std::string& file, const std::vector<Problem>& problems,
 }
 
 // Reads a job and draws its members. Null, reported, when something is wrong.
-std::unique_ptr<OpenJob> openJob(const std::string& file, const std::string& data, Report& report) {
+std::unique_ptr<OpenJob> openJob(const std::string& file, const std::string& data, const std::string& tables,
+                                 Report& report) {
   std::string text;
   if (!readInput(file, text, report)) return nullptr;
   const std::string folder = findInstallFolder(data);
   auto open = std::make_unique<OpenJob>();
   std::vector<Problem> problems;
   report.note("install folder " + inQuotes(folder));
-  if (!readJob(text, knownNames(folder), open->job, problems)) {
+  CatalogueShelf shelf(folder, std::filesystem::path(file).parent_path().string());
+  if (!addTables(shelf, tables, report)) return nullptr;
+  KnownNames known = knownNames(folder);
+  known.catalogues = &shelf;
+  const bool good = readJob(text, known, open->job, problems);
+  tellTables(shelf, report);
+  if (!good) {
     tellProblems(file, problems, report);
     return nullptr;
   }
@@ -90,7 +98,7 @@ bool checkBuild(const BuildRequest& request, std::vector<plot::PlotFormat>& form
 }
 
 bool layOut(const BuildRequest& request, const OpenJob& open, std::vector<plot::PlotSheet>& sheets, Report& report) {
-  const Bom bill = makeBom(piecesOf(open.members));
+  const Bom bill = makeBom(piecesOf(open.job, open.members));
   const DrawnJob drawn{open.job, bill, *open.session->database()};
   const std::vector<JobSheet> asked = sheetsOf(open.job);
   const int count = static_cast<int>(asked.size());
@@ -159,7 +167,7 @@ bool pick(const OpenJob& open, const std::vector<std::string>& names, std::vecto
 
 std::string listJson(const OpenJob& open, const std::vector<std::size_t>& picked) {
   using nlohmann::ordered_json;
-  const std::vector<BomPiece> pieces = piecesOf(open.members);
+  const std::vector<BomPiece> pieces = piecesOf(open.job, open.members);
   ordered_json out{{"format", "kr-list"}, {"version", 1}};
   out["members"] = ordered_json::array();
   for (const std::size_t i : picked) {
@@ -195,7 +203,7 @@ std::string valueAfter(const std::string& text, std::string_view label) {
 void build(const BuildRequest& request, Report& report) {
   std::vector<plot::PlotFormat> formats;
   if (!checkBuild(request, formats, report)) return;
-  const auto open = openJob(request.job, request.data, report);
+  const auto open = openJob(request.job, request.data, request.catalogue, report);
   if (open == nullptr) return;
   std::vector<plot::PlotSheet> sheets;
   if (!layOut(request, *open, sheets, report)) return;
@@ -223,9 +231,9 @@ void build(const BuildRequest& request, Report& report) {
 
 void bom(const BomRequest& request, Report& report) {
   if (!checkOutput(request.output, request.job, request.overwrite, report)) return;
-  const auto open = openJob(request.job, request.data, report);
+  const auto open = openJob(request.job, request.data, request.catalogue, report);
   if (open == nullptr) return;
-  const Bom bill = makeBom(piecesOf(open->members));
+  const Bom bill = makeBom(piecesOf(open->job, open->members));
   const std::string text = request.form == BomForm::kCsv ? bomCsv(bill)
                            : request.form == BomForm::kJson
                                ? bomJson(bill, open->job.title.project, joinedTitle(open->job.title))
@@ -235,7 +243,7 @@ void bom(const BomRequest& request, Report& report) {
 
 void list(const ListRequest& request, Report& report) {
   if (!checkOutput(request.output, request.job, request.overwrite, report)) return;
-  const auto open = openJob(request.job, request.data, report);
+  const auto open = openJob(request.job, request.data, request.catalogue, report);
   std::vector<std::size_t> picked;
   if (open == nullptr || !pick(*open, request.names, picked, report)) return;
   std::string text;

@@ -21,6 +21,7 @@ struct BuildRequest {
   int resolution = 150;
   bool overwrite = false;
   std::string data;
+  std::string catalogue;  ///< a file of tables of one's own; empty for none
 };
 
 /// Draws a job into files. No file is touched before all are made.
@@ -34,6 +35,7 @@ struct BomRequest {
   std::string output = "-";
   bool overwrite = false;
   std::string data;
+  std::string catalogue;
 };
 
 /// Writes a job's bill of materials.
@@ -46,10 +48,26 @@ struct ListRequest {
   std::string output = "-";
   bool overwrite = false;
   std::string data;
+  std::string catalogue;
 };
 
 /// Writes what members say of themselves.
 void list(const ListRequest& request, Report& report);
+
+enum class CatalogueAction { kList, kSearch, kShow };
+
+struct CatalogueRequest {
+  CatalogueAction action = CatalogueAction::kList;
+  std::string text;  ///< what is searched, or the designation that is shown
+  bool json = false;
+  std::string output = "-";  ///< of a section shown: its picture, by the ending; "-" for none
+  bool overwrite = false;
+  std::string data;
+  std::string catalogue;
+};
+
+/// Writes which tables there are, the sections that match a text, or the numbers of one section.
+void catalogue(const CatalogueRequest& request, Report& report);
 
 struct AboutRequest {
   bool json = false;
