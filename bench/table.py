@@ -151,9 +151,10 @@ def print_matrix(figures, separator, show):
 
 
 def print_conditions(reports):
-    context = json.loads((reports / "bench_elevation.json").read_text())["context"]
+    report = json.loads((reports / "bench_elevation.json").read_text())
+    context, rounds = report["context"], report["benchmarks"][0]["repetitions"]
     print(f"Measured on {context['date'][:10]}: {context['num_cpus']} cores at {context['mhz_per_cpu']} MHz, load average "
-          f"{context['load_avg'][0]:.1f}, release build.\n")
+          f"{context['load_avg'][0]:.1f}, release build; times are medians of {rounds} runs.\n")
 
 
 def print_figures(reports):
