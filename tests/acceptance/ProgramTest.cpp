@@ -368,6 +368,82 @@ TEST(Program, WorksOutTheTrussFromItsNodes) {
   EXPECT_NEAR(json::parse(post.out)["members"][0]["length"], 1000 - bottom - top, 1e-6);
 }
 
+TEST(Program, ListsSearchesAndShowsSections) {
+  const Outcome tables = runShell("kr catalogue --json");
+  ASSERT_EQ(tables.code, 0) << tables.err;
+  EXPECT_TRUE(fitsSchema(tables.out, "catalogue.schema.json"));
+  EXPECT_EQ(json::parse(tables.out)["tables"].size(), 30U);
+  const Outcome found = runShell("kr catalogue search ipe --json");
+  EXPECT_TRUE(fitsSchema(found.out, "catalogue.schema.json"));
+  EXPECT_EQ(json::parse(found.out)["sections"].size(), 58U);
+  const Outcome shown = runShell("kr catalogue show ipe200 --json");
+  ASSERT_EQ(shown.code, 0) << shown.err;
+  EXPECT_TRUE(fitsSchema(shown.out, "catalogue.schema.json"));
+  const json section = json::parse(shown.out)["section"];
+  EXPECT_EQ(section["designation"], "IPE 200");
+  EXPECT_EQ(section["class"], "KrILaminadoUSA");
+  EXPECT_EQ(section["parameters"]["DeslocF"], 20.5);
+  EXPECT_EQ(section["weight"], 22.4);
+  EXPECT_THAT(runShell("kr catalogue show IPE 200").out, AllOf(StartsWith("IPE 200\n"), HasSubstr("2850 mm2")));
+}
+
+TEST(Program, DrawsASectionOfTheCatalogue) {
+  const TestFolder folder;
+  const Outcome run = runShell("kr catalogue show L 76x76x6.4 -o " + quoted(folder.path("l.pdf")));
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_THAT(runShell("pdftotext -layout " + quoted(folder.path("l.pdf")) + " -").out,
+              AllOf(HasSubstr("L76X76X6.4"), HasSubstr("SECTIONS"), HasSubstr("ELEVATION"), HasSubstr("Esquerda")));
+  EXPECT_EQ(runShell("kr catalogue show UPN 160 -o " + quoted(folder.path("l.pdf"))).code, 4);
+  EXPECT_EQ(runShell("kr catalogue show UPN 160 -o " + quoted(folder.path("l.txt"))).code, 1);
+}
+
+TEST(Program, TellsWhatIsWrongWithAQuestionToTheCatalogue) {
+  const Outcome unknown = runShell("kr catalogue show IPE 205");
+  EXPECT_EQ(unknown.code, 1);
+  EXPECT_THAT(unknown.err, HasSubstr("did you mean \"IPE 200\"?"));
+  EXPECT_EQ(runShell("kr catalogue show").code, 1);
+  EXPECT_THAT(runShell("kr catalogue serch ipe").err, HasSubstr("did you mean \"search\"?"));
+  EXPECT_EQ(runShell("kr catalogue --catalogue none.csv").code, 3);
+}
+
+TEST(Program, WarnsOfBadRowsInATableOfOnesOwnAndUsesTheRest) {
+  const TestFolder folder;
+  const std::string table = folder.write("own.csv", "# shape: tube\ndesignation,D,t\nOWN 1,60,3\nOWN 2,60,x\n");
+  const std::string job =
+      folder.write("job.json",
+                   "{\"kr\": 1, \"profiles\": {\"p\": {\"designation\": \"OWN 1\"}},\n"
+                   " \"members\": [{\"name\": \"1\", \"profile\": \"p\", \"from\": [0, 0], \"to\": [1000, 0]}]}\n");
+  const Outcome given = runShell("kr bom --csv --catalogue " + quoted(table) + " " + quoted(job));
+  ASSERT_EQ(given.code, 0) << given.err;
+  EXPECT_THAT(given.out, HasSubstr("OWN 1"));
+  EXPECT_THAT(given.err, AllOf(HasSubstr("kr: warning: "), HasSubstr("own.csv:4:10: not a number")));
+  EXPECT_EQ(runShell("kr bom --quiet --catalogue " + quoted(table) + " " + quoted(job)).err, "");
+  const Outcome without = runShell("kr bom " + quoted(job));
+  EXPECT_EQ(without.code, 3);
+  EXPECT_THAT(without.err, HasSubstr("/profiles/p/designation: unknown designation"));
+}
+
+TEST(Program, DrawsAndCountsMembersOfEveryKindOfProfile) {
+  const std::string job = R"({"kr": 1, "profiles": {
+      "i": {"designation": "IPE 200"},
+      "t": {"designation": "L 76x76x6.4", "class": "KrCantTEELaminada", "Afastamento": 8},
+      "z": {"class": "KrZDobrado", "altura": 200, "mesa1": 75, "mesa2": 70, "espessura": 3, "raio": 3, "enrig": 20}},
+    "members": [{"name": "A", "profile": "i", "from": [0, 0], "to": [3000, 0]},
+                {"name": "B", "profile": "i", "from": [0, 500], "to": [3000, 500], "view": "Direita"},
+                {"name": "C", "profile": "t", "from": [0, 1000], "to": [3000, 1000]},
+                {"name": "D", "profile": "z", "from": [0, 1500], "to": [3000, 1500]}]})";
+  EXPECT_TRUE(fitsSchema(job, "job.schema.json"));
+  const Outcome bill = runShell("kr bom - --json", job);
+  ASSERT_EQ(bill.code, 0) << bill.err;
+  const json items = json::parse(bill.out)["items"];
+  ASSERT_EQ(items.size(), 3U);
+  EXPECT_EQ(items[0]["designation"], "IPE 200");
+  EXPECT_EQ(items[0]["count"], 2);
+  EXPECT_NEAR(items[0]["unitWeight"].get<double>(), 3 * 22.4, 1e-9);
+  const Outcome drawn = runShell("kr build - - --format svg", job);
+  EXPECT_EQ(drawn.code, 0) << drawn.err;
+}
+
 TEST(Program, CompletionOffersVerbsOptionsAndFiles) {
   const auto complete = [](const std::string& words, int at) {
     return runShell("bash -c 'source \"" KR_SOURCE_DIR "/apps/kr/completion/kr.bash\"; COMP_WORDS=(" + words +

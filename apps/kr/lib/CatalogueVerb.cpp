@@ -10,6 +10,7 @@
 #include "Drawing.h"
 #include "Files.h"
 #include "Number.h"
+#include "ProfileRows.h"
 #include "Session.h"
 #include "Sheet.h"
 #include "Suggest.h"
@@ -173,7 +174,7 @@ void measure(Shown& shown) {
       shown.profile.profileClass->make(start, end, kSectionView, shown.profile.values));
   shown.area = member->getArea();
   shown.perimeter = member->getPerimetro();
-  shown.weight = member->getPeso();
+  if (member->getLinearWeight(shown.weight) == 0) shown.weight = shown.area * kSteel;
   shown.height = member->getAltura();
   shown.width = member->getLargura();
 }
