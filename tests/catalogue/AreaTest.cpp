@@ -151,4 +151,35 @@ TEST_F(EveryRow, WeighsAndMeasuresWhatItsClassTakesFromTheTable) {
   });
 }
 
+// Two contours, each as large as the single section; area and weight of the table twice.
+TEST_F(EveryRow, MakesCompoundsOfTwiceItself) {
+  constexpr std::string_view kCompounds[] = {"KrUULaminado",       "Kr2ULaminado",    "KrCantLaminadaCaixa",
+                                             "KrCantTEELaminada",  "KrCantULaminada", "KrCantZLaminada",
+                                             "KrCantCruzLaminada", "KrIDobrado"};
+  std::size_t made = 0;
+  visit([&](const kr::CatalogueTable& table, const kr::CatalogueRow& row, const formula::Row& v) {
+    const kr::CatalogueProfile single = profileOf(catalogue_, row);
+    for (const std::string_view name : kCompounds) {
+      kr::CatalogueProfile whole;
+      if (!compoundOf(single, *kr::profileClass(name), whole)) continue;
+      ++made;
+      kr::ParameterValues values{};
+      kr::ParameterProblem problem;
+      ASSERT_TRUE(settleParameters(*whole.profileClass, whole.given, values, problem)) << problem.message;
+      AcGePoint3d start(0, 0, 0), end(1000, 0, 0);
+      const std::unique_ptr<KrObject> member(whole.profileClass->make(start, end, 0, values));
+      const oracle::Outline outline = section::contoursOf(*member);
+      ASSERT_EQ(outline.size(), 2U) << name << " of " << row.designation;
+      EXPECT_NEAR(section::areaOf(outline) / (2 * formula::drawnArea(v, table.shape)), 1, 1e-9)
+          << name << " of " << row.designation;
+      const bool folded = table.shape == CatalogueShape::kColdU;
+      const double area = folded ? formula::drawnArea(v, table.shape) : v(C::kArea);
+      const double weight = folded ? area * 0.00785 : v(C::kMass);
+      EXPECT_NEAR(member->getArea() / (2 * area), 1, 1e-9) << name << " of " << row.designation;
+      EXPECT_NEAR(member->getPeso() / (2 * weight), 1, 1e-9) << name << " of " << row.designation;
+    }
+  });
+  EXPECT_GT(made, 2000U);
+}
+
 }  // namespace
