@@ -196,6 +196,20 @@ TEST(OwnTable, WithADesignationOfAnotherIsToldAndMustBeNamed) {
   EXPECT_EQ(catalogue.value(*catalogue.find("a: t1").row, C::kD), 50);
 }
 
+TEST(OwnTable, MayRepeatNoNameOfItsOwnThatAnotherHasToo) {
+  kr::Catalogue catalogue;
+  catalogue.addText("a.csv", std::string(kHead) + "T1,50,2\n");
+  catalogue.addText("b.csv", std::string(kHead) + "T1,60,2\nT1,70,2\n");
+  ASSERT_EQ(catalogue.problems().size(), 2U);
+  EXPECT_EQ(describe(catalogue.problems()[1]), "b.csv:5:1: \"T1\" stands in line 4 already; the row isn't used");
+  EXPECT_EQ(catalogue.rows().size(), 2U);
+}
+
+TEST(OwnTable, TellsAColumnThatStandsTwice) {
+  EXPECT_THAT(problemsOf("# shape: tube\ndesignation,D,t,D\nT1,50,2,60\n"),
+              ElementsAre("my.csv:2:17: the column \"D\" stands twice: the first is used"));
+}
+
 TEST(OwnTable, MayBeLargerThanThoseOfTheProgram) {
   std::string text = kHead;
   for (int i = 1; i <= 20000; ++i) text += "T" + std::to_string(i) + "," + std::to_string(50 + i) + ",2\n";

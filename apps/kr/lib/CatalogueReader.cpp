@@ -173,9 +173,35 @@ bool CatalogueReader::directive(std::string_view line) {
   return true;
 }
 
-bool CatalogueReader::readNames() {
+// What a column of that name is for; its numbers' place is taken.
+CatalogueReader::Use CatalogueReader::useOf(std::string_view name, const char* place) {
+  if (name == "designation") return {Use::kDesignation};
+  if (name == "second") return {Use::kSecond};
+  const auto* const number =
+      std::find_if(std::begin(kColumns), std::end(kColumns), [&](const ColumnRow& row) { return row.name == name; });
+  if (number == std::end(kColumns)) {
+    tellUnknown(name, place);
+    return {};
+  }
+  const auto column = static_cast<C>(number - kColumns);
+  std::int8_t& at = table_.place[static_cast<std::size_t>(column)];
+  if (at >= 0) {
+    problem(place, "the column " + inQuotes(name) + " stands twice: the first is used");
+    return {};
+  }
+  at = static_cast<std::int8_t>(numbers_++);
+  return {Use::kNumber, column, required(table_.shape, column)};
+}
+
+void CatalogueReader::tellUnknown(std::string_view name, const char* place) {
   std::vector<std::string_view> known(std::begin(kOtherColumns), std::end(kOtherColumns));
   for (const ColumnRow& row : kColumns) known.push_back(row.name);
+  if (name.empty() || std::find(known.begin(), known.end(), name) != known.end()) return;
+  problem(place, "unknown column " + inQuotes(name) +
+                     ", which isn't used: " + suggestion(name, known, "docs/catalogue.md names them all"));
+}
+
+bool CatalogueReader::readNames() {
   if (!shapeGiven_) {
     problem(line_,
             "the table doesn't tell its shape: put a line such as \"# shape: I\" above the names; it isn't used");
@@ -183,31 +209,10 @@ bool CatalogueReader::readNames() {
   }
   bool named = false;
   for (;;) {
-    const char* place = at_;
+    const char* const place = at_;
     const std::string_view name = cell();
-    Use use;
-    const auto* number =
-        std::find_if(std::begin(kColumns), std::end(kColumns), [&](const ColumnRow& row) { return row.name == name; });
-    if (name == "designation") {
-      use.kind = Use::kDesignation;
-      named = true;
-    } else if (name == "second") {
-      use.kind = Use::kSecond;
-    } else if (number != std::end(kColumns)) {
-      use.column = static_cast<C>(number - kColumns);
-      std::int8_t& at = table_.place[static_cast<std::size_t>(use.column)];
-      if (at >= 0) {
-        problem(place, "the column " + inQuotes(name) + " stands twice: the first is used");
-      } else {
-        use.kind = Use::kNumber;
-        use.required = required(table_.shape, use.column);
-        at = static_cast<std::int8_t>(numbers_++);
-      }
-    } else if (!name.empty() && std::find(known.begin(), known.end(), name) == known.end()) {
-      problem(place, "unknown column " + inQuotes(name) +
-                         ", which isn't used: " + suggestion(name, known, "docs/catalogue.md names them all"));
-    }
-    uses_.push_back(use);
+    uses_.push_back(useOf(name, place));
+    named = named || uses_.back().kind == Use::kDesignation;
     if (at_ == end_ || *at_ != ',') break;
     ++at_;
   }
@@ -276,6 +281,23 @@ bool CatalogueReader::readCell(std::size_t column, CatalogueRow& row, bool good)
   return !text.empty();
 }
 
+// Equal names within a table can't both be meant: false. Across tables the one who asks tells which.
+bool CatalogueReader::isNew(const CatalogueRow& row, std::uint32_t hash) {
+  const CatalogueMatch known = catalogue_.find(row.designation, hash, {});
+  if (known.row == nullptr || known.row->designation != row.designation) return true;
+  // Of two that are spelled alike either may be the one of this table.
+  const bool second = known.other != nullptr && known.other->table == row.table;
+  const CatalogueRow& twin = second ? *known.other : *known.row;
+  const std::string line = std::to_string(twin.line);
+  if (twin.table == row.table) {
+    problem(line_, inQuotes(row.designation) + " stands in line " + line + " already; the row isn't used");
+    return false;
+  }
+  problem(line_, inQuotes(row.designation) + " stands in " + inQuotes(catalogue_.tableOf(twin).file) + " too, line " +
+                     line + ": name the table, " + inQuotes(table_.name + ":" + std::string(row.designation)));
+  return true;
+}
+
 void CatalogueReader::readRow() {
   CatalogueRow row;
   row.table = static_cast<std::uint32_t>(catalogue_.tables_.size());
@@ -293,20 +315,7 @@ void CatalogueReader::readRow() {
     good = false;
   }
   const std::uint32_t hash = good ? Catalogue::hashOf(row.designation) : 0;
-  if (good) {
-    // Equal names within a table can't both be meant; across tables the one asked for tells which.
-    const CatalogueMatch known = catalogue_.find(row.designation, hash, {});
-    const CatalogueRow* twin = known.row != nullptr && known.row->designation == row.designation ? known.row : nullptr;
-    if (twin != nullptr && twin->table == row.table) {
-      problem(line_, inQuotes(row.designation) + " stands in line " + std::to_string(twin->line) +
-                         " already; the row isn't used");
-      good = false;
-    } else if (twin != nullptr) {
-      problem(line_, inQuotes(row.designation) + " stands in " + inQuotes(catalogue_.tableOf(*twin).file) +
-                         " too, line " + std::to_string(twin->line) + ": name the table, " +
-                         inQuotes(table_.name + ":" + std::string(row.designation)));
-    }
-  }
+  good = good && isNew(row, hash);
   if (!good) {
     catalogue_.values_.resize(row.values);
     return;

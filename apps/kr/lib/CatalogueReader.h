@@ -25,7 +25,10 @@ class CatalogueReader {
 
   bool directive(std::string_view line);
   bool readNames();
+  Use useOf(std::string_view name, const char* place);
+  void tellUnknown(std::string_view name, const char* place);
   void readRow();
+  bool isNew(const CatalogueRow& row, std::uint32_t hash);
   bool readCell(std::size_t column, CatalogueRow& row, bool good);
   bool readNumber(const Use& use, double& number);
   bool plainNumber(double& number);
