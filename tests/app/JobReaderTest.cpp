@@ -145,7 +145,7 @@ TEST(JobReader, SkipsTheValueOfAnUnknownKeyWhole) {
 
 TEST(JobReader, TellsAWrongType) {
   EXPECT_THAT(problemsOf(goodWith("\"A\": [0, 0]", "\"A\": \"0,0\"")),
-              ElementsAre("3:17 /nodes/A expected a node: [x, y] in mm, found a text",
+              ElementsAre("3:17 /nodes/A expected a node: [x, y] or [x, y, z] in mm, found a text",
                           "8:12 /members/0/from unknown node \"A\": did you mean \"B\"?"));
 }
 
@@ -154,14 +154,74 @@ TEST(JobReader, TellsAWrongTypeWithinAPoint) {
               "3:37 /nodes/B/1 expected a coordinate in mm, found a text");
 }
 
-TEST(JobReader, TellsAPointOfThreeCoordinates) {
-  EXPECT_THAT(problemsOf(goodWith("[3000, 4000]", "[3000, 4000, 0]"))[0],
-              "3:30 /nodes/B expected [x, y] in mm, found 3 elements");
+TEST(JobReader, ReadsAPointInSpace) {
+  const kr::Job job = goodJob(goodWith("[3000, 4000]", "[3000, 4000, -50]"));
+  EXPECT_EQ(job.points.at(1).z, -50);
+  EXPECT_EQ(job.points.at(0).z, 0);
+  EXPECT_TRUE(kr::isSpatial(job));
+  EXPECT_FALSE(kr::isSpatial(goodJob()));
+}
+
+TEST(JobReader, TellsAPointOfOneOrFourCoordinates) {
+  EXPECT_THAT(problemsOf(goodWith("[3000, 4000]", "[3000, 4000, 0, 0]"))[0],
+              "3:30 /nodes/B expected [x, y] or [x, y, z] in mm, found 4 elements");
+  EXPECT_THAT(problemsOf(goodWith("[3000, 4000]", "[3000]"))[0],
+              "3:30 /nodes/B expected [x, y] or [x, y, z] in mm, found 1 elements");
+}
+
+// The good job with sheets behind its members, on a line of their own.
+std::string goodWithSheets(const std::string& sheets) {
+  return goodWith("\"TUBES\"}]\n", "\"TUBES\"}],\n\"sheets\": [" + sheets + "]\n");
+}
+
+TEST(JobReader, ReadsViewsOfASheet) {
+  const kr::Job job = goodJob(goodWithSheets(
+      R"({"views": [{"look": "right", "title": "T", "scale": "1:20", "from": -5, "to": 7.5, "members": ["M1"],
+          "roles": ["Pilar", "Viga"], "marks": false, "dimensions": false}, {"look": "plan"}]})"));
+  const kr::JobView& view = job.sheets.at(0).views.at(0);
+  EXPECT_EQ(view.look, kr::Look::kRight);
+  EXPECT_EQ(view.title, "T");
+  EXPECT_EQ(view.scale, 0.05);
+  EXPECT_EQ(view.from, -5);
+  EXPECT_EQ(view.to, 7.5);
+  EXPECT_THAT(view.members, ElementsAre(0U));
+  EXPECT_THAT(view.roles, ElementsAre(6, 5));
+  EXPECT_FALSE(view.marks);
+  EXPECT_FALSE(view.dimensions);
+  EXPECT_TRUE(job.sheets[0].views.at(1).members.empty());
+}
+
+TEST(JobReader, TellsWhatAViewNamesAndIsNotThere) {
+  EXPECT_THAT(problemsOf(goodWithSheets(R"({"views": [{"look": "plan", "members": ["M1", "M2"]}]})")),
+              ElementsAre("10:58 /sheets/0/views/0/members/1 unknown member \"M2\": did you mean \"M1\"?"));
+  EXPECT_THAT(problemsOf(goodWithSheets(R"({"profiles": ["cord"]})")),
+              ElementsAre("10:26 /sheets/0/profiles/0 unknown profile \"cord\": did you mean \"chord\"?"));
+}
+
+TEST(JobReader, TellsAViewWithoutALookOrWithLimitsTheWrongWayRound) {
+  EXPECT_THAT(problemsOf(goodWithSheets(R"({"views": [{}]})")),
+              ElementsAre(testing::StartsWith("10:23 /sheets/0/views/0 missing \"look\"")));
+  EXPECT_THAT(problemsOf(goodWithSheets(R"({"views": [{"look": "plan", "from": 2, "to": 1}]})")),
+              ElementsAre("10:23 /sheets/0/views/0 \"from\" must not be greater than \"to\""));
+  EXPECT_THAT(problemsOf(goodWithSheets(R"({"views": [{"look": "up"}]})")),
+              ElementsAre(testing::StartsWith("10:32 /sheets/0/views/0/look ")));
+}
+
+TEST(JobReader, TellsContentsOfASheetThatExcludeEachOther) {
+  EXPECT_THAT(problemsOf(goodWithSheets(R"({"views": [{"look": "plan"}], "profiles": ["chord"]})")),
+              ElementsAre(testing::HasSubstr("/sheets/0/profiles a sheet holds either")));
+  EXPECT_THAT(problemsOf(goodWithSheets(R"({"views": [{"look": "plan"}], "details": [{"at": "A", "scale": "1:5"}]})")),
+              ElementsAre(testing::HasSubstr("/sheets/0/details details are of the elevation of a plane job")));
+}
+
+TEST(JobReader, TellsARotationBeyondAFullTurn) {
+  EXPECT_THAT(problemsOf(goodWith("\"view\": \"Superior\"", "\"rotation\": 361")),
+              ElementsAre(testing::HasSubstr("/members/0/rotation must be from -360 to 360")));
 }
 
 TEST(JobReader, TellsAMissingValue) {
   EXPECT_THAT(problemsOf(goodWith("\"from\": \"A\", ", "")),
-              ElementsAre("7:14 /members/0 missing \"from\": the name of a node, or [x, y] in mm"));
+              ElementsAre("7:14 /members/0 missing \"from\": the name of a node, or [x, y] or [x, y, z] in mm"));
 }
 
 TEST(JobReader, TellsAMissingParameterOfAProfile) {

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "JobReader.h"
+#include "Projection.h"
 #include "host/db/db.h"
 #include "host/os/os.h"
 #include "object/KrObject.h"
@@ -15,6 +16,7 @@ namespace kr {
 namespace {
 
 constexpr std::size_t kTextRoom = 1024;  // members write their names and dimensions into a caller's buffer
+constexpr double kSampleLength = 100;    // of a bar of which only the section is seen
 constexpr double kHundredths = 100;      // of a millimetre in a line weight
 
 using BlockPointer = AcDbObjectPointer<AcDbBlockTableRecord>;
@@ -98,33 +100,42 @@ bool makeLayer(AcDbDatabase& database, const std::string& name, const JobLayer& 
   return record->setLineWeight(static_cast<AcDb::LineWeight>(best)) == Acad::eOk;
 }
 
-bool drawMembers(const Job& job, AcDbDatabase& database, std::vector<AcDbObjectId>& members, std::string& why) {
-  if (!makeLayers(job, database, why)) return false;
-  MemberLayers layers(job, database);
-  const BlockPointer space(database.modelSpaceId(), AcDb::kForWrite);
+bool drawInto(const Job& flat, AcDbDatabase& database, AcDbObjectId block, KrObjectType type,
+              std::vector<AcDbObjectId>& members, std::string& why) {
+  MemberLayers layers(flat, database);
+  const BlockPointer space(block, AcDb::kForWrite);
   if (space.openStatus() != Acad::eOk) {
-    why = "the drawing's model space can't be written";
+    why = "the drawing's space can't be written";
     return false;
   }
-  members.reserve(members.size() + job.members.size());
-  for (const JobMember& row : job.members) {
-    const MemberAxis axis = memberAxis(job, row);
+  members.reserve(members.size() + flat.members.size());
+  for (const JobMember& row : flat.members) {
+    const MemberAxis axis = memberAxis(flat, row);
     AcGePoint3d start(axis.start.x, axis.start.y, 0);
     AcGePoint3d end(axis.end.x, axis.end.y, 0);
-    const JobProfile& profile = job.profiles[row.profile];
-    std::unique_ptr<KrObject> member(profile.profileClass->make(start, end, row.view, profile.values));
-    member->setUserName(os::toWide(job.names.text(row.name)).c_str());
+    if (row.from == row.to) end.x += kSampleLength;
+    const ProfileClass& profileClass = *flat.profiles[row.profile].profileClass;
+    std::unique_ptr<KrObject> member(profileClass.make(start, end, row.view, memberValues(flat, row)));
+    member->setUserName(os::toWide(flat.names.text(row.name)).c_str());
     member->settipoBarra(static_cast<TipoBarra>(row.role));
+    member->setObjectType(type);
     member->setLayer(layers.of(row));
     AcDbObjectId id;
     if (space->appendAcDbEntity(id, member.get()) != Acad::eOk) {
-      why = "the drawing takes no member \"" + std::string(job.names.text(row.name)) + "\"";
+      why = "the drawing takes no member \"" + std::string(flat.names.text(row.name)) + "\"";
       return false;
     }
     member.release()->close();
     members.push_back(id);
   }
   return true;
+}
+
+bool drawMembers(const Job& job, AcDbDatabase& database, std::vector<AcDbObjectId>& members, std::string& why) {
+  if (!makeLayers(job, database, why)) return false;
+  const AcDbObjectId space = database.modelSpaceId();
+  if (!isSpatial(job)) return drawInto(job, database, space, Objeto, members, why);
+  return drawInto(laidDown(job), database, space, Objeto, members, why);
 }
 
 bool drawJob(std::string_view text, const KnownNames& known, Job& job, AcDbDatabase& database,

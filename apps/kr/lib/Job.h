@@ -17,10 +17,11 @@ inline constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max()
 /// drawing's tolerance of 1e-8 is finer than its numbers.
 inline constexpr double kLargestCoordinate = 1e9;
 
-/// A point of the drawing plane, mm.
+/// A point, mm. On paper, and in a job of one plane, z is 0.
 struct JobPoint {
   double x = 0;
   double y = 0;
+  double z = 0;
 };
 
 /// What the title block says. Empty texts leave their field empty.
@@ -65,6 +66,7 @@ struct JobMember {
   NameId layer = kNoName;
   std::int8_t view = 1;
   std::int8_t role = 0;
+  double rotation = 0;      ///< radians by which the section is turned about the bar
   double startSetback = 0;  ///< mm, from `from` towards `to`; negative reaches beyond
   double endSetback = 0;    ///< mm, from `to` towards `from`
   double clearance = -1;    ///< mm to keep from the faces of the members met; negative: runs to the nodes
@@ -76,6 +78,23 @@ struct JobDetail {
   double scale = 0.1;
   double width = 120;  ///< of its frame on paper, mm
   double height = 90;
+};
+
+/// From where a view looks at a job, and onto which plane: right and up on paper are X and Y for the plan, X and Z for
+/// the front, and so on round.
+enum class Look : std::int8_t { kPlan, kFront, kBack, kLeft, kRight };
+
+/// A projection of the job, or of a part of it.
+struct JobView {
+  Look look = Look::kPlan;
+  std::string title;                  ///< empty: what it looks like
+  double scale = 0;                   ///< 0: that of the sheet
+  double from = -kLargestCoordinate;  ///< of X, Y or Z along the look, mm: where members lie that are shown
+  double to = kLargestCoordinate;
+  std::vector<int> roles{};              ///< of members that are shown; empty: any
+  std::vector<std::uint32_t> members{};  ///< indices: shown wherever they lie
+  bool marks = true;
+  bool dimensions = true;
 };
 
 /// A sheet of paper to draw on.
@@ -90,6 +109,8 @@ struct JobSheet {
   JobTitle title;  ///< what differs from the job's title
   std::vector<std::string> notes;
   std::vector<JobDetail> details;
+  std::vector<JobView> views;           ///< empty: the elevation of the whole job
+  std::vector<std::uint32_t> profiles;  ///< indices: a table of these instead of any view
 };
 
 /// A whole job, with every reference resolved. `points` holds the nodes and the points given in place.
@@ -109,6 +130,15 @@ std::string_view viewWord(int view);
 
 /// The words for a member's role in the structure, at their numbers 0 to 9.
 std::string_view roleWord(int role);
+
+/// The words for a look, at their numbers.
+std::string_view lookWord(Look look);
+
+/// Whether the job leaves the plane of its first two coordinates.
+bool isSpatial(const Job& job);
+
+/// The parameters that a member is made with: its profile's, turned by the member's own rotation.
+ParameterValues memberValues(const Job& job, const JobMember& member);
 
 /// The start and end of a member with its setbacks taken off.
 struct MemberAxis {

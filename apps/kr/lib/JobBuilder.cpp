@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "Clearance.h"
 #include "Number.h"
 #include "Suggest.h"
 
@@ -16,12 +17,6 @@ constexpr std::uint32_t kPointInPlace = 0x80000000U;
 constexpr double kShortestMember = 1e-3;
 
 constexpr int kMostHints = 100;
-
-// Members whose directions differ by a sine below this run on from each other and need no gap.
-constexpr double kAlongside = 0.05;
-
-// A node lies on a member's axis within this, mm: what rounding leaves of coordinates worked out by hand.
-constexpr double kOnAxis = 1;
 
 // The entry of a by-name index, made on demand.
 std::uint32_t& entry(std::vector<std::uint32_t>& index, NameId name, const NamePool& names) {
@@ -72,6 +67,10 @@ std::uint32_t& JobBuilder::profilePlace(NameId name) {
 void JobBuilder::endMember() {
   job.members.push_back(member);
 }
+void JobBuilder::endView() {
+  if (view.from > view.to) problems.report("\"from\" must not be greater than \"to\"");
+  sheet.views.push_back(view);
+}
 void JobBuilder::endSheet() {
   job.sheets.push_back(sheet);
 }
@@ -82,8 +81,9 @@ void JobBuilder::finish(const KnownNames& known, bool sound, std::vector<Problem
   checkLayers(known, found);
   resolveMembers(found);
   resolveDetails(found);
+  resolveSheets(found);
   if (!found.empty() || !sound) return;
-  keepClear();
+  keepMembersClear(job);
   for (std::size_t i = 0; i < job.members.size(); ++i) {
     if (job.members[i].clearance >= 0) checkLength(i, job.members[i], found);
   }
@@ -153,52 +153,36 @@ void JobBuilder::resolveDetails(std::vector<Problem>& found) {
   }
 }
 
-// A member with a clearance ends before the faces of those without one that pass its nodes: far enough along its
-// axis that the nearer corner of its square end keeps the gap.
-void JobBuilder::keepClear() {
-  const auto wants = [](const JobMember& row) { return row.clearance >= 0; };
-  if (std::none_of(job.members.begin(), job.members.end(), wants)) return;
-  std::vector<std::uint32_t> through;
-  for (std::uint32_t i = 0; i < job.members.size(); ++i) {
-    if (!wants(job.members[i])) through.push_back(i);
-  }
-  const auto passes = [&](const JobMember& row, JobPoint node) {
-    const JobPoint a = job.points[row.from];
-    const JobPoint b = job.points[row.to];
-    if (std::min(a.x, b.x) > node.x + kOnAxis || std::max(a.x, b.x) < node.x - kOnAxis) return false;
-    if (std::min(a.y, b.y) > node.y + kOnAxis || std::max(a.y, b.y) < node.y - kOnAxis) return false;
-    const double length = std::hypot(b.x - a.x, b.y - a.y);
-    const double along = ((node.x - a.x) * (b.x - a.x) + (node.y - a.y) * (b.y - a.y)) / length;
-    const double across = std::abs((node.x - a.x) * (b.y - a.y) - (node.y - a.y) * (b.x - a.x)) / length;
-    return across <= kOnAxis && along >= -kOnAxis && along <= length + kOnAxis;
+// What views and tables of profiles name, and which of a sheet's contents exclude each other.
+void JobBuilder::resolveSheets(std::vector<Problem>& found) {
+  const auto resolve = [&](std::uint32_t& reference, const std::vector<std::uint32_t>& index, std::string_view what,
+                           const std::string& path) {
+    const std::string_view wanted = job.names.text(reference);
+    reference = lookUp(index, reference);
+    if (reference != kNone) return;
+    found.push_back({0, 0, 0, path,
+                     "unknown " + std::string(what) + " " + inQuotes(wanted) + ": " +
+                         hint(wanted, index, "declare it in \"" + std::string(what) + "s\"")});
   };
-  const auto radius = [&](const JobMember& row) {
-    const JobProfile& profile = job.profiles[row.profile];
-    return reachAcross(*profile.profileClass, profile.values, row.view);
-  };
-  const auto direction = [&](const JobMember& row) {
-    const JobPoint from = job.points[row.from];
-    const JobPoint to = job.points[row.to];
-    const double length = std::hypot(to.x - from.x, to.y - from.y);
-    return JobPoint{(to.x - from.x) / length, (to.y - from.y) / length};
-  };
-  for (JobMember& row : job.members) {
-    if (!wants(row)) continue;
-    const JobPoint u = direction(row);
-    const auto setback = [&](std::uint32_t node) {
-      double most = 0;
-      for (const std::uint32_t other : through) {
-        if (!passes(job.members[other], job.points[node])) continue;
-        const JobPoint v = direction(job.members[other]);
-        const double sine = std::abs(u.x * v.y - u.y * v.x);
-        const double cosine = std::abs(u.x * v.x + u.y * v.y);
-        if (sine < kAlongside) continue;
-        most = std::max(most, (radius(job.members[other]) + radius(row) * cosine + row.clearance) / sine);
+  for (std::size_t i = 0; i < job.sheets.size(); ++i) {
+    JobSheet& row = job.sheets[i];
+    const std::string path = "/sheets/" + std::to_string(i);
+    for (std::size_t j = 0; j < row.views.size(); ++j) {
+      const std::string names = path + "/views/" + std::to_string(j) + "/members/";
+      for (std::size_t k = 0; k < row.views[j].members.size(); ++k) {
+        resolve(row.views[j].members[k], memberOf_, "member", names + std::to_string(k));
       }
-      return most;
-    };
-    row.startSetback += setback(row.from);
-    row.endSetback += setback(row.to);
+    }
+    for (std::size_t j = 0; j < row.profiles.size(); ++j) {
+      resolve(row.profiles[j], profileOf_, "profile", path + "/profiles/" + std::to_string(j));
+    }
+    if (!row.profiles.empty() && !row.views.empty()) {
+      found.push_back({0, 0, 0, path + "/profiles", "a sheet holds either \"views\" or a table of \"profiles\""});
+    }
+    if (!row.details.empty() && (!row.profiles.empty() || !row.views.empty() || isSpatial(job))) {
+      found.push_back(
+          {0, 0, 0, path + "/details", "details are of the elevation of a plane job: give a view of a larger scale"});
+    }
   }
 }
 
@@ -235,7 +219,7 @@ void JobBuilder::checkLength(std::size_t index, const JobMember& checked, std::v
   if (checked.from == kNone || checked.to == kNone) return;
   const JobPoint from = job.points[checked.from];
   const JobPoint to = job.points[checked.to];
-  const double length = std::hypot(to.x - from.x, to.y - from.y);
+  const double length = std::hypot(to.x - from.x, to.y - from.y, to.z - from.z);
   if (length < kShortestMember) {
     found.push_back({0, 0, 0, memberPath(index, "to"),
                      "the end equals the start: \"from\" and \"to\" must be two different points"});
@@ -251,17 +235,6 @@ void JobBuilder::checkLength(std::size_t index, const JobMember& checked, std::v
   found.push_back({0, 0, 0, memberPath(index, checked.endSetback > 0 ? "endSetback" : "startSetback"),
                    "the setbacks leave nothing: together they must be less than the distance of " + fixed(length, 1) +
                        " mm between the nodes"});
-}
-
-MemberAxis memberAxis(const Job& job, const JobMember& member) {
-  const JobPoint from = job.points[member.from];
-  const JobPoint to = job.points[member.to];
-  if (member.startSetback == 0 && member.endSetback == 0) return {from, to};
-  const double length = std::hypot(to.x - from.x, to.y - from.y);
-  const double ux = (to.x - from.x) / length;
-  const double uy = (to.y - from.y) / length;
-  return {{from.x + ux * member.startSetback, from.y + uy * member.startSetback},
-          {to.x - ux * member.endSetback, to.y - uy * member.endSetback}};
 }
 
 }  // namespace kr

@@ -49,6 +49,7 @@ class JobBuilder {
   JobLayer layer;
   JobSheet sheet;
   JobDetail detail;
+  JobView view;
 
   void beginProfile(std::string_view name);
   void profileClassName(std::string_view text);
@@ -60,6 +61,7 @@ class JobBuilder {
   std::uint32_t addPoint(JobPoint point);
   std::uint32_t nodeReference(const Scalar& value);
   void endMember();
+  void endView();
   void endSheet();
 
   /// Resolves every reference and checks what needs the whole job. Problems found here have a path and no offset.
@@ -94,8 +96,8 @@ class JobBuilder {
   void resolveLayers(const KnownNames& known, std::vector<Problem>& found);
   void resolveMembers(std::vector<Problem>& found);
   void resolveDetails(std::vector<Problem>& found);
+  void resolveSheets(std::vector<Problem>& found);
   void resolvePoint(const std::string& path, std::uint32_t& reference, std::vector<Problem>& found);
-  void keepClear();
   void checkLength(std::size_t index, const JobMember& checked, std::vector<Problem>& found) const;
   void checkLayers(const KnownNames& known, std::vector<Problem>& found);
   std::string hint(std::string_view wanted, const std::vector<std::uint32_t>& index, std::string_view otherwise);

@@ -1,5 +1,7 @@
 #include "JobRules.h"
 
+#include <numbers>
+
 #include "JobBuilder.h"
 
 namespace kr {
@@ -10,7 +12,11 @@ constexpr std::string_view kRoles[] = {"Barra", "Montante", "Diagonal", "Banzo I
                                        "Viga",  "Pilar",    "Gousset",  "Chapa",          "Terca"};
 constexpr std::string_view kSizes[] = {"A0", "A1", "A2", "A3", "A4"};
 
+constexpr std::string_view kLooks[] = {"plan", "front", "back", "left", "right"};
+
 constexpr double kLastColor = 255;
+constexpr double kHalfTurn = 180;
+constexpr double kFullTurn = 360;
 constexpr double kThickestLine = 2.11;  // the widest of the standard line weights, mm
 
 // Rules of single values.
@@ -134,11 +140,11 @@ constexpr KeyRule kMemberKeys[] = {
     {"profile", text("the name of one of \"profiles\""), true,
      [](JobBuilder& b, const Scalar& v) { b.member.profile = b.job.names.intern(v.text); }},
     {"from",
-     {Form::kPointOrName, "the name of a node, or [x, y] in mm"},
+     {Form::kPointOrName, "the name of a node, or [x, y] or [x, y, z] in mm"},
      true,
      [](JobBuilder& b, const Scalar& v) { b.member.from = b.nodeReference(v); }},
     {"to",
-     {Form::kPointOrName, "the name of a node, or [x, y] in mm"},
+     {Form::kPointOrName, "the name of a node, or [x, y] or [x, y, z] in mm"},
      true,
      [](JobBuilder& b, const Scalar& v) { b.member.to = b.nodeReference(v); }},
     {"view",
@@ -149,6 +155,10 @@ constexpr KeyRule kMemberKeys[] = {
      {.form = Form::kWord, .meaning = "role", .words = kRoles},
      false,
      [](JobBuilder& b, const Scalar& v) { b.member.role = static_cast<std::int8_t>(v.word); }},
+    {"rotation",
+     {Form::kNumber, "a turn in degrees, from -360 to 360", -kFullTurn, kFullTurn},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.member.rotation = v.number * (std::numbers::pi / kHalfTurn); }},
     {"layer", text("the name of a layer"), false,
      [](JobBuilder& b, const Scalar& v) { b.member.layer = b.job.names.intern(v.text); }},
     {"startSetback", length("a length in mm from the start node"), false,
@@ -172,7 +182,7 @@ constexpr double kLongestPaper = 2000;
 
 constexpr KeyRule kDetailKeys[] = {
     {"at",
-     {Form::kPointOrName, "the name of a node, or [x, y] in mm"},
+     {Form::kPointOrName, "the name of a node, or [x, y] or [x, y, z] in mm"},
      true,
      [](JobBuilder& b, const Scalar& v) { b.detail.at = b.nodeReference(v); }},
     {"scale", text("a scale, such as \"1:10\""), true,
@@ -198,6 +208,42 @@ constexpr ValueRule kDetailElement = object(kDetail, "an object: a detail");
 
 constexpr ValueRule kNote = text("a line of text");
 
+constexpr ValueRule kMemberName = text("the name of a member");
+constexpr ValueRule kRoleName{.form = Form::kWord, .meaning = "role", .words = kRoles};
+constexpr ValueRule kProfileName = text("the name of one of \"profiles\"");
+
+constexpr KeyRule kViewKeys[] = {
+    {"look",
+     {.form = Form::kWord, .meaning = "look", .words = kLooks},
+     true,
+     [](JobBuilder& b, const Scalar& v) { b.view.look = static_cast<Look>(v.word); }},
+    {"title", text("a text: what stands above the view"), false,
+     [](JobBuilder& b, const Scalar& v) { b.view.title = v.text; }},
+    {"scale", text("a scale, such as \"1:50\""), false,
+     [](JobBuilder& b, const Scalar& v) { takeScale(b, v, b.view.scale); }},
+    {"from", length("a coordinate in mm along the look"), false,
+     [](JobBuilder& b, const Scalar& v) { b.view.from = v.number; }},
+    {"to", length("a coordinate in mm along the look"), false,
+     [](JobBuilder& b, const Scalar& v) { b.view.to = v.number; }},
+    {"members", collection(Form::kList, kMemberName, "a list of names of members"), false,
+     [](JobBuilder& b, const Scalar& v) { b.view.members.push_back(b.job.names.intern(v.text)); }},
+    {"roles", collection(Form::kList, kRoleName, "a list of roles"), false,
+     [](JobBuilder& b, const Scalar& v) { b.view.roles.push_back(v.word); }},
+    {"marks", flag("true or false: write the marks on the members"), false,
+     [](JobBuilder& b, const Scalar& v) { b.view.marks = v.flag; }},
+    {"dimensions", flag("true or false: draw the main dimensions"), false,
+     [](JobBuilder& b, const Scalar& v) { b.view.dimensions = v.flag; }},
+};
+
+constexpr ObjectRule kView{
+    .what = "view",
+    .keys = kViewKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.view = {}; },
+    .close = [](JobBuilder& b) { b.endView(); },
+};
+
+constexpr ValueRule kViewElement = object(kView, "an object: a view");
+
 constexpr KeyRule kSheetKeys[] = {
     {"size",
      {.form = Form::kWord, .meaning = "size of sheet", .words = kSizes},
@@ -217,6 +263,9 @@ constexpr KeyRule kSheetKeys[] = {
     {"dimensions", flag("true or false: draw the main dimensions"), false,
      [](JobBuilder& b, const Scalar& v) { b.sheet.dimensions = v.flag; }},
     {"details", collection(Form::kList, kDetailElement, "a list of details")},
+    {"views", collection(Form::kList, kViewElement, "a list of views")},
+    {"profiles", collection(Form::kList, kProfileName, "a list of names of profiles"), false,
+     [](JobBuilder& b, const Scalar& v) { b.sheet.profiles.push_back(b.job.names.intern(v.text)); }},
     {"notes", collection(Form::kList, kNote, "a list of texts"), false,
      [](JobBuilder& b, const Scalar& v) { b.sheet.notes.emplace_back(v.text); }},
 };
@@ -230,7 +279,7 @@ constexpr ObjectRule kSheet{
 
 constexpr ValueRule kCatalogueElement = text("the name of a file, from the job's folder on");
 constexpr ValueRule kLayerElement = object(kLayer, "an object: a layer");
-constexpr ValueRule kNodeElement{Form::kPoint, "a node: [x, y] in mm"};
+constexpr ValueRule kNodeElement{Form::kPoint, "a node: [x, y] or [x, y, z] in mm"};
 constexpr ValueRule kProfileElement = object(kProfile, "an object: a profile");
 constexpr ValueRule kMemberElement = object(kMember, "an object: a member");
 constexpr ValueRule kSheetElement = object(kSheet, "an object: a sheet");
@@ -261,6 +310,9 @@ const ObjectRule& jobRule() {
 
 std::string_view viewWord(int view) {
   return view >= 0 && view < 7 ? kViews[view] : std::string_view();
+}
+std::string_view lookWord(Look look) {
+  return kLooks[static_cast<std::size_t>(look)];
 }
 std::string_view roleWord(int role) {
   return role >= 0 && role < 10 ? kRoles[role] : std::string_view();

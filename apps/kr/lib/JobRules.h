@@ -17,8 +17,8 @@ enum class Form : std::uint8_t {
   kText,
   kFlag,
   kWord,         ///< one of a list of texts
-  kPoint,        ///< [x, y]
-  kPointOrName,  ///< [x, y] or the name of a node
+  kPoint,        ///< [x, y] or [x, y, z]
+  kPointOrName,  ///< a point or the name of a node
   kObject,
   kMap,  ///< an object whose keys are names
   kList,

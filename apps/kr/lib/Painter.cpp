@@ -35,6 +35,15 @@ AcDbObjectId layerOf(AcDbDatabase& database, const wchar_t* name) {
 
 }  // namespace
 
+AcDbObjectId makeBlock(AcDbDatabase& database, const std::wstring& name) {
+  AcDbObjectId id;
+  const AcDbObjectPointer<AcDbBlockTable> blocks(database.blockTableId(), AcDb::kForWrite);
+  auto record = std::make_unique<AcDbBlockTableRecord>();
+  record->setName(name.c_str());
+  if (blocks.openStatus() == Acad::eOk && blocks->add(id, record.get()) == Acad::eOk) record.release()->close();
+  return id;
+}
+
 Painter::Painter(AcDbDatabase& database, const std::wstring& block) : database_(database) {
   for (const PenRow& row : kPens) {
     JobLayer layer;

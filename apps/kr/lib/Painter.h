@@ -23,6 +23,9 @@ inline constexpr double kSmallText = 2.5;
 inline constexpr double kNormalText = 3.5;
 inline constexpr double kLargeText = 5.0;
 
+/// A new block, or none when the database refuses it.
+AcDbObjectId makeBlock(AcDbDatabase& database, const std::wstring& name);
+
 /// Draws on the paper of one sheet: host entities in a block, in mm from the sheet's lower left corner.
 class Painter {
  public:

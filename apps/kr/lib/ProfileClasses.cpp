@@ -30,7 +30,7 @@ double radians(double degrees) {
 const std::vector<ProfileClass>& table() {
   static const std::vector<ProfileClass> rows = [] {
     std::vector<ProfileClass> all;
-    for (const auto part : {roundClasses(), rolledClasses(), foldedClasses()}) {
+    for (const auto part : {roundClasses(), rolledClasses(), foldedClasses(), plateClasses()}) {
       all.insert(all.end(), part.begin(), part.end());
     }
     return all;

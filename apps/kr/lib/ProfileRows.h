@@ -11,6 +11,7 @@ namespace kr {
 std::span<const ProfileClass> roundClasses();
 std::span<const ProfileClass> rolledClasses();
 std::span<const ProfileClass> foldedClasses();
+std::span<const ProfileClass> plateClasses();
 
 inline constexpr ProfileParameter kTurnParameter{"AngleSecao", false, "turn of the section about the bar, degrees",
                                                  Range::kTurn};

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::size_t kDeepest = 32;  // a job needs 6
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::uint32_t kMostCoordinates = 3;
 constexpr int kNumberOverflow = 406;  // the parser's number for a number that no double holds
 
 bool isSpace(char c) {
@@ -252,14 +253,14 @@ void RuleReader::pointElement(const Scalar& value) {
   Frame& frame = stack_.back();
   ++frame.index;
   static constexpr ValueRule kCoordinate{Form::kNumber, "a coordinate in mm"};
-  if (frame.index > 2) return;
+  if (frame.index > kMostCoordinates) return;
   if (value.kind != Kind::kNumber) {
     mismatch(kCoordinate, value.kind);
     pointFits_ = false;
     return;
   }
   pointFits_ = acceptNumber(kCoordinate, value.number) && pointFits_;
-  (frame.index == 1 ? point_.x : point_.y) = value.number;
+  (frame.index == 1 ? point_.x : frame.index == 2 ? point_.y : point_.z) = value.number;
 }
 
 bool RuleReader::scalar(Scalar value) {
@@ -369,6 +370,7 @@ bool RuleReader::start_array(std::size_t) {
   }
   if (form != Form::kPoint && form != Form::kPointOrName) return skip(Kind::kList, rule);
   push(Holder::kPoint, rule);
+  point_ = {};
   pointFits_ = true;
   return done();
 }
@@ -437,8 +439,8 @@ bool RuleReader::end_object() {
 bool RuleReader::end_array() {
   const Frame frame = pop();
   if (frame.holder != Holder::kPoint) return done();
-  if (frame.index != 2) {
-    report("expected [x, y] in mm, found " + std::to_string(frame.index) + " elements");
+  if (frame.index != 2 && frame.index != kMostCoordinates) {
+    report("expected [x, y] or [x, y, z] in mm, found " + std::to_string(frame.index) + " elements");
   } else if (pointFits_) {
     Scalar value{.kind = Kind::kPoint, .point = point_};
     acceptScalar({frame.value, frame.key}, value);

@@ -6,11 +6,14 @@
 
 #include "Drawing.h"
 #include "Painter.h"
+#include "Projection.h"
 #include "Scale.h"
 #include "SheetElevation.h"
 #include "SheetFrame.h"
+#include "SheetProfiles.h"
 #include "SheetSections.h"
 #include "SheetTable.h"
+#include "SheetViews.h"
 #include "host/db/db.h"
 #include "support/Layers.h"
 
@@ -18,7 +21,6 @@ namespace kr {
 namespace {
 
 constexpr double kAreaMargin = 10;  // between the frame and what is drawn
-constexpr double kViewTitle = 14;   // above a view
 constexpr double kMarkRoom = 12;    // about the elevation, for position numbers
 constexpr double kNoteStep = 5;
 constexpr double kDetailGap = 12;
@@ -26,18 +28,6 @@ constexpr double kTightest = 4;  // least room between views, one above the othe
 
 std::string fitMessage(std::string_view what, const std::string& size) {
   return "the " + std::string(what) + " doesn't fit a sheet of size " + size;
-}
-
-AcGeMatrix3d matrixOf(const Placement& place) {
-  return AcGeMatrix3d::translation(AcGeVector3d(place.offset.x, place.offset.y, 0)) *
-         AcGeMatrix3d::scaling(place.scale, AcGePoint3d::kOrigin);
-}
-
-void viewTitle(Painter& painter, double centre, double base, const std::string& name, double scale) {
-  const std::string words = name + "   " + scaleText(scale);
-  painter.text({centre, base}, words, kLargeText, Align::kCentre);
-  const double half = painter.widthOf(words, kLargeText) / 2;
-  painter.line({centre - half, base - 1.5}, {centre + half, base - 1.5}, Pen::kBox);
 }
 
 // The system's layers come without line weights; on paper outlines stand out from hidden lines, and those from axes.
@@ -69,6 +59,8 @@ class Layout {
  private:
   bool measure(std::string& why);
   bool chooseScale(std::string& why);
+  bool makeViews(const std::vector<JobView>& views, std::string& why);
+  bool makeProfiles(std::string& why);
   bool drawColumn(std::string& why);
   void drawNotes(double top);
   void drawElevation(double top);
@@ -92,6 +84,7 @@ class Layout {
   double scale_ = 1;
   Placement place_;
   std::optional<SectionRow> sections_;
+  std::string scaleWord_;  // of the title block
 };
 
 bool Layout::measure(std::string& why) {
@@ -106,7 +99,7 @@ bool Layout::measure(std::string& why) {
 double Layout::detailsHeight() const {
   double height = 0;
   for (const JobDetail& detail : sheet_.details) height = std::max(height, detail.height);
-  return height > 0 ? height + kViewTitle : 0;
+  return height > 0 ? height + kViewTitleRoom : 0;
 }
 
 double Layout::detailsWidth() const {
@@ -116,7 +109,7 @@ double Layout::detailsWidth() const {
 }
 
 double Layout::elevationHeight() const {
-  return kViewTitle + 2 * kMarkRoom + (high_.y - low_.y) * scale_ +
+  return kViewTitleRoom + 2 * kMarkRoom + (high_.y - low_.y) * scale_ +
          (sheet_.dimensions ? kDimensionRoom - kMarkRoom : 0);
 }
 
@@ -153,7 +146,7 @@ void Layout::drawNotes(double top) {
 bool Layout::drawColumn(std::string& why) {
   const SheetSize size = sheetSize(sheet_.size);
   const Area inside = drawFrame(painter_, size);
-  const SheetFacts facts{sheet_.size, scaleText(scale_), number_, count_};
+  const SheetFacts facts{sheet_.size, scaleWord_, number_, count_};
   const Area title = drawTitleBlock(painter_, inside, sheetTitle(drawn_.job.title, sheet_.title), facts);
   column_ = {title.left, title.top, title.right - kAreaMargin / 2, inside.top - kAreaMargin};
   const double notes = sheet_.notes.empty() ? 0 : kNoteStep * static_cast<double>(sheet_.notes.size() + 3);
@@ -201,9 +194,9 @@ std::vector<Stroke> Layout::detailFrames() const {
 void Layout::drawElevation(double top) {
   const double width = (high_.x - low_.x) * scale_;
   const double left = (area_.left + area_.right - width) / 2;
-  const double ceiling = top - kViewTitle - kMarkRoom;
+  const double ceiling = top - kViewTitleRoom - kMarkRoom;
   place_ = {scale_, {left - low_.x * scale_, ceiling - high_.y * scale_}};
-  viewTitle(painter_, left + width / 2, top - kViewTitle / 2, "ELEVATION", scale_);
+  drawViewTitle(painter_, left + width / 2, top - kViewTitleRoom / 2, "ELEVATION", scale_);
   const JobPoint low = place_({low_.x, low_.y});
   plot::PlotViewport view;
   view.block = drawn_.database.modelSpaceId();
@@ -224,12 +217,12 @@ void Layout::drawDetails(double top) {
   char letter = 'A';
   for (const JobDetail& detail : sheet_.details) {
     const JobPoint middle = drawn_.job.points[detail.at];
-    const double bottom = top - kViewTitle - detail.height;
+    const double bottom = top - kViewTitleRoom - detail.height;
     const Placement place{
         detail.scale,
         {left + detail.width / 2 - middle.x * detail.scale, bottom + detail.height / 2 - middle.y * detail.scale}};
     const std::string name(1, letter++);
-    viewTitle(painter_, left + detail.width / 2, top - kViewTitle / 2, "DETAIL " + name, detail.scale);
+    drawViewTitle(painter_, left + detail.width / 2, top - kViewTitleRoom / 2, "DETAIL " + name, detail.scale);
     painter_.rectangle({left, bottom}, {left + detail.width, bottom + detail.height}, Pen::kThin);
     plot::PlotViewport view;
     view.block = drawn_.database.modelSpaceId();
@@ -243,14 +236,55 @@ void Layout::drawDetails(double top) {
   }
 }
 
+bool Layout::makeViews(const std::vector<JobView>& views, std::string& why) {
+  ViewSet set;
+  if (!set.make(drawn_, sheet_, views, number_, why)) return false;
+  if (sheet_.sections) sections_.emplace(painter_, drawn_, sheet_.sectionScale, area_.width(), number_);
+  if (sections_ && sections_->width() > area_.width()) {
+    why = fitMessage("row of sections", sheet_.size) + ": choose a smaller \"sectionScale\"";
+    return false;
+  }
+  const double others = sections_ ? sections_->height() : 0;
+  if (!set.arrange(sheet_, area_.width(), area_.height() - others - 2 * kTightest, why)) return false;
+  scaleWord_ = set.scale() > 0 ? scaleText(set.scale()) : "as shown";
+  if (!drawColumn(why)) return false;
+  const double parts = static_cast<double>(set.rows()) + (sections_ ? 1 : 0);
+  const double gap = (area_.height() - others - set.height()) / (parts + 1);
+  double top = area_.top - gap;
+  set.draw(painter_, drawn_, area_, top, gap, plot_.viewports);
+  top -= set.height() + gap * static_cast<double>(set.rows());
+  if (sections_) plot_.viewports.push_back(sections_->draw(area_, top));
+  return true;
+}
+
+// The table has the whole width of the sheet, above the title block.
+bool Layout::makeProfiles(std::string& why) {
+  const Area inside = drawFrame(painter_, sheetSize(sheet_.size));
+  const Area title = drawTitleBlock(painter_, inside, sheetTitle(drawn_.job.title, sheet_.title),
+                                    {sheet_.size, "as shown", number_, count_});
+  column_ = {inside.left + kAreaMargin, inside.bottom, title.left - kAreaMargin, title.top};
+  drawNotes(column_.top);
+  const Area table{inside.left + kAreaMargin, title.top + kAreaMargin / 2, inside.right - kAreaMargin,
+                   inside.top - kAreaMargin / 2};
+  return drawProfiles(painter_, drawn_, sheet_, table, number_, plot_.viewports, why);
+}
+
 std::optional<plot::PlotSheet> Layout::make(std::string& why) {
-  if (!measure(why)) return std::nullopt;
   weighLayers(drawn_.database);
   const SheetSize size = sheetSize(sheet_.size);
   plot_.paper = {size.width, size.height};
   plot_.paperBlock = painter_.block();
   area_ = {20 + kAreaMargin, 10 + kAreaMargin, size.width - 10 - kTitleWidth - 1.5 * kAreaMargin,
            size.height - 10 - kAreaMargin};
+  const bool views = !sheet_.views.empty() || isSpatial(drawn_.job);
+  if (views || !sheet_.profiles.empty()) {
+    const std::vector<JobView> shown = sheet_.views.empty() ? standardViews() : sheet_.views;
+    if (!(sheet_.profiles.empty() ? makeViews(shown, why) : makeProfiles(why))) return std::nullopt;
+    if (painter_.ok()) return std::move(plot_);
+    why = "the drawing doesn't take the sheet";
+    return std::nullopt;
+  }
+  if (!measure(why)) return std::nullopt;
   if (sheet_.sections) sections_.emplace(painter_, drawn_, sheet_.sectionScale, area_.width(), number_);
   if (sections_ && sections_->width() > area_.width()) {
     why = fitMessage("row of sections", sheet_.size) + ": choose a smaller \"sectionScale\"";
@@ -260,11 +294,13 @@ std::optional<plot::PlotSheet> Layout::make(std::string& why) {
     why = fitMessage("row of details", sheet_.size) + ": make them narrower";
     return std::nullopt;
   }
-  if (!chooseScale(why) || !drawColumn(why)) return std::nullopt;
+  if (!chooseScale(why)) return std::nullopt;
+  scaleWord_ = scaleText(scale_);
+  if (!drawColumn(why)) return std::nullopt;
   // The views share what is left of the height evenly.
   const double used = elevationHeight() + detailsHeight() + (sections_ ? sections_->height() : 0);
-  const int views = 1 + (sections_ ? 1 : 0) + (sheet_.details.empty() ? 0 : 1);
-  const double gap = (area_.height() - used) / (views + 1);
+  const int parts = 1 + (sections_ ? 1 : 0) + (sheet_.details.empty() ? 0 : 1);
+  const double gap = (area_.height() - used) / (parts + 1);
   double top = area_.top - gap;
   drawElevation(top);
   top -= elevationHeight() + gap;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <unordered_map>
 
 #include "Number.h"
@@ -54,7 +55,13 @@ Balloon beside(const Stroke& stroke, double t, double side, double radius) {
   const double dy = stroke.b.y - stroke.a.y;
   const double length = std::hypot(dx, dy);
   const JobPoint foot{stroke.a.x + t * dx, stroke.a.y + t * dy};
-  const double off = side * (stroke.half + kBalloonGap + radius + 1) / length;
+  const double apart = stroke.half + kBalloonGap + radius + 1;
+  if (length == 0) {
+    // About a section the places lie on a circle.
+    const double angle = 2 * std::numbers::pi * t * side;
+    return {{foot.x + apart * std::cos(angle), foot.y + apart * std::sin(angle)}, foot};
+  }
+  const double off = side * apart / length;
   return {{foot.x - dy * off, foot.y + dx * off}, foot};
 }
 
@@ -94,9 +101,17 @@ struct DimensionedPoints {
   double high = 0;
 };
 
+// Plates have no system lines.
+bool isBar(const JobMember& member) {
+  constexpr int kGousset = 7;
+  constexpr int kChapa = 8;
+  return member.role != kGousset && member.role != kChapa;
+}
+
 DimensionedPoints dimensionedPoints(const Job& job) {
   std::vector<JobPoint> nodes;
   for (const JobMember& member : job.members) {
+    if (!isBar(member)) continue;
     nodes.push_back(job.points[member.from]);
     nodes.push_back(job.points[member.to]);
   }
@@ -146,13 +161,22 @@ struct DimensionLine {
 
 }  // namespace
 
+AcGeMatrix3d matrixOf(const Placement& place) {
+  return AcGeMatrix3d::translation(AcGeVector3d(place.offset.x, place.offset.y, 0)) *
+         AcGeMatrix3d::scaling(place.scale, AcGePoint3d::kOrigin);
+}
+
+bool isDimensioned(const Job& job) {
+  return std::any_of(job.members.begin(), job.members.end(), isBar);
+}
+
 std::vector<Stroke> memberStrokes(const Job& job, const Placement& place) {
   std::vector<Stroke> strokes;
   for (const JobMember& member : job.members) {
     const MemberAxis axis = memberAxis(job, member);
     const JobProfile& profile = job.profiles[member.profile];
     strokes.push_back({place(axis.start), place(axis.end),
-                       reachAcross(*profile.profileClass, profile.values, member.view) * place.scale});
+                       reachAcross(*profile.profileClass, memberValues(job, member), member.view) * place.scale});
   }
   return strokes;
 }
@@ -198,6 +222,12 @@ std::vector<Stroke> dimensionStrokes(const Job& job, const Placement& place) {
     const double height = across + 1 + kSmallText / 2;
     strokes.push_back({{middle - kHalfNumber, height}, {middle + kHalfNumber, height}, kSmallText / 2});
   }
+  const double right = place({points.along.back(), 0}).x;
+  for (std::size_t i = 1; i < points.up.size(); ++i) {
+    const double middle = place({0, (points.up[i] + points.up[i - 1]) / 2}).y;
+    const double column = right + kFirstDimension - 1 - kSmallText / 2;
+    strokes.push_back({{column, middle - kHalfNumber}, {column, middle + kHalfNumber}, kSmallText / 2});
+  }
   return strokes;
 }
 
@@ -217,7 +247,8 @@ void drawDimensions(Painter& painter, const Job& job, const Placement& place) {
   }
   if (right - left >= kSameCoordinate) flat.draw({left, right}, across, bottom);
   across = side + kFirstDimension;
-  if (points.up.size() > 1 && points.high - points.up.back() >= kSameCoordinate) {
+  const bool reachesTop = points.high - points.up.back() < kSameCoordinate;
+  if (points.up.size() > (reachesTop ? 2U : 1U)) {
     upright.draw(points.up, across, side);
     across += kNextDimension;
   }

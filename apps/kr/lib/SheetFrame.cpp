@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "Scale.h"
+
 namespace kr {
 namespace {
 
@@ -157,6 +159,13 @@ Area drawTitleBlock(Painter& painter, const Area& inside, const JobTitle& title,
            {"Revision", title.revision, 22},
            {"Sheet", std::to_string(facts.number) + "/" + std::to_string(facts.count), 24}});
   return block;
+}
+
+void drawViewTitle(Painter& painter, double centre, double base, const std::string& name, double scale) {
+  const std::string words = name + "   " + scaleText(scale);
+  painter.text({centre, base}, words, kLargeText, Align::kCentre);
+  const double half = painter.widthOf(words, kLargeText) / 2;
+  painter.line({centre - half, base - 1.5}, {centre + half, base - 1.5}, Pen::kBox);
 }
 
 }  // namespace kr

@@ -43,6 +43,12 @@ JobTitle sheetTitle(const JobTitle& job, const JobTitle& sheet);
 /// Draws the border (ISO 5457): frame, grid references, centring marks. Gives the space inside the frame.
 Area drawFrame(Painter& painter, SheetSize size);
 
+/// What a view's title takes above it, mm.
+inline constexpr double kViewTitleRoom = 14;
+
+/// Draws a view's title with its scale about `centre`, on a base line.
+void drawViewTitle(Painter& painter, double centre, double base, const std::string& name, double scale);
+
 /// Draws the title block into the lower right corner of `inside` and gives the space that it takes.
 Area drawTitleBlock(Painter& painter, const Area& inside, const JobTitle& title, const SheetFacts& facts);
 

@@ -16,7 +16,6 @@
 namespace kr {
 namespace {
 
-constexpr double kViewTitle = 14;
 constexpr double kLabelRoom = 20;  // below a section, for three lines
 constexpr double kLabelStep = 5;
 constexpr double kSmallestCell = 62;  // a label's width, mm
@@ -24,15 +23,6 @@ constexpr double kCellGap = 10;
 constexpr double kTallest = 90;   // of a section on paper when the scale is chosen here, mm
 constexpr double kAxisReach = 4;  // of the centre lines past the outline
 constexpr double kSampleLength = 100;
-
-AcDbObjectId makeBlock(AcDbDatabase& database, const std::wstring& name) {
-  AcDbObjectId id;
-  const AcDbObjectPointer<AcDbBlockTable> blocks(database.blockTableId(), AcDb::kForWrite);
-  auto record = std::make_unique<AcDbBlockTableRecord>();
-  record->setName(name.c_str());
-  if (blocks.openStatus() == Acad::eOk && blocks->add(id, record.get()) == Acad::eOk) record.release()->close();
-  return id;
-}
 
 // What a section is drawn by, in mm: what it weighs and how it is turned isn't written below it.
 bool isDrawnLength(Range range) {
@@ -123,17 +113,18 @@ double SectionRow::width() const {
 }
 
 double SectionRow::height() const {
-  return kViewTitle + deepest() * scale_ + 2 * kAxisReach + kLabelRoom;
+  return kViewTitleRoom + deepest() * scale_ + 2 * kAxisReach + kLabelRoom;
 }
 
 plot::PlotViewport SectionRow::draw(const Area& area, double top) {
   const double left = (area.left + area.right - width()) / 2;
-  const double axis = top - kViewTitle - kAxisReach - deepest() * scale_ / 2;
+  const double axis = top - kViewTitleRoom - kAxisReach - deepest() * scale_ / 2;
   const std::string title = "SECTIONS   " + scaleText(scale_);
   const double centre = (area.left + area.right) / 2;
-  painter_.text({centre, top - kViewTitle / 2}, title, kLargeText, Align::kCentre);
+  painter_.text({centre, top - kViewTitleRoom / 2}, title, kLargeText, Align::kCentre);
   const double half = painter_.widthOf(title, kLargeText) / 2;
-  painter_.line({centre - half, top - kViewTitle / 2 - 1.5}, {centre + half, top - kViewTitle / 2 - 1.5}, Pen::kBox);
+  painter_.line({centre - half, top - kViewTitleRoom / 2 - 1.5}, {centre + half, top - kViewTitleRoom / 2 - 1.5},
+                Pen::kBox);
   const double labels = axis - deepest() * scale_ / 2 - kAxisReach - kLabelStep;
   for (const Section& section : sections_) {
     const double x = left + section.place * scale_;
