@@ -21,6 +21,8 @@ using testing::StartsWith;
 namespace fs = std::filesystem;
 
 const std::string kTruss = "'" KR_SOURCE_DIR "/examples/roof-truss.json'";
+const std::string kFrame = "'" KR_SOURCE_DIR "/examples/portal-frame.json'";
+const std::string kCatalogue = "'" KR_SOURCE_DIR "/examples/catalogue.json'";
 
 // A tube of 3-4-5 and a bar along it.
 const std::string kSmallJob = R"({"kr": 1,
@@ -352,6 +354,77 @@ TEST(Program, ShowsTheTrussWithItsTitleMarksAndBill) {
                               HasSubstr("BILL OF MATERIALS"), HasSubstr("ELEVATION"), HasSubstr("SECTIONS")));
   EXPECT_THAT(text.out, HasSubstr("24000"));
   EXPECT_THAT(runShell("pdfinfo " + quoted(folder.path("truss.pdf"))).out, HasSubstr("2383.94 x 1683.78"));
+}
+
+TEST(Program, ShowsThePortalFrameInPlanElevationsAndSections) {
+  const TestFolder folder;
+  const Outcome run = runShell("kr build " + kFrame + " " + quoted(folder.path("frame.pdf")));
+  ASSERT_EQ(run.code, 0) << run.err;
+  const Outcome text = runShell("pdftotext -layout " + quoted(folder.path("frame.pdf")) + " -");
+  EXPECT_THAT(text.out, AllOf(HasSubstr("FRAME 1"), HasSubstr("WALL B"), HasSubstr("ROOF"), HasSubstr("1:75"),
+                              HasSubstr("COLUMN BASES"), HasSubstr("SECTIONS"), HasSubstr("HEA 240")));
+  EXPECT_THAT(runShell("pdfinfo " + quoted(folder.path("frame.pdf"))).out, HasSubstr("Pages:           2"));
+}
+
+TEST(Program, WorksOutThePortalFrameFromItsNodesInSpace) {
+  const Outcome run = runShell("kr list " + kFrame + " C-A1 V-A1 W-A1 --json");
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_TRUE(fitsSchema(run.out, "list.schema.json"));
+  const json members = json::parse(run.out)["members"];
+  // A column of 6 m that reaches 190 mm beyond its node.
+  EXPECT_NEAR(members[0]["length"], 6190, 1e-6);
+  EXPECT_THAT(members[0]["end"], testing::ElementsAre(0, 0, 6190));
+  // A rafter of 330 that rises 1 in 10 over half of 18 m, from the face of a column of 230, and ends 5 mm early.
+  const double slope = std::atan2(1.0, 10.0);
+  const double face = (230.0 / 2 + 330.0 / 2 * std::sin(slope)) / std::cos(slope);
+  EXPECT_NEAR(members[1]["length"], std::hypot(9000.0, 900.0) - face - 5, 1e-6);
+  EXPECT_EQ(members[2]["start"].size(), 3U);
+}
+
+TEST(Program, DrawsTheTableOfEveryClassOfProfile) {
+  const TestFolder folder;
+  const Outcome run = runShell("kr build " + kCatalogue + " " + quoted(folder.path("table.pdf")));
+  ASSERT_EQ(run.code, 0) << run.err;
+  const Outcome text = runShell("pdftotext -layout " + quoted(folder.path("table.pdf")) + " -");
+  const json schema = json::parse(runShell("cat '" KR_SOURCE_DIR "/data/schemas/job.schema.json'").out);
+  int classes = 0;
+  for (const auto& [name, value] : schema["$defs"].items()) {
+    if (!name.starts_with("Kr")) continue;
+    ++classes;
+    EXPECT_THAT(text.out, HasSubstr(name));
+  }
+  EXPECT_EQ(classes, 26);
+  // The committed table is the one that the program draws.
+  EXPECT_EQ(runShell("cmp " + quoted(folder.path("table.pdf")) + " '" KR_SOURCE_DIR "/docs/catalogue.pdf'").code, 0);
+}
+
+TEST(Program, DrawsAJobInSpaceInThreeViewsUnasked) {
+  const TestFolder folder;
+  const std::string job = folder.write("job.json", R"({"kr": 1,
+    "profiles": {"bar": {"class": "KrBarraRedonda", "diametro": 20}},
+    "members": [{"name": "A", "profile": "bar", "from": [0, 0, 0], "to": [900, 700, 1000]}]})");
+  const Outcome run = runShell("kr build " + quoted(job) + " " + quoted(folder.path("job.pdf")));
+  ASSERT_EQ(run.code, 0) << run.err;
+  const std::string text = runShell("pdftotext -layout " + quoted(folder.path("job.pdf")) + " -").out;
+  EXPECT_THAT(text, AllOf(HasSubstr("PLAN"), HasSubstr("FRONT ELEVATION"), HasSubstr("RIGHT ELEVATION")));
+  EXPECT_THAT(text, AllOf(HasSubstr("900"), HasSubstr("700"), HasSubstr("1000")));
+}
+
+TEST(Program, RefusesViewsThatShowNothingOrDoNotFit) {
+  const TestFolder folder;
+  const auto refusal = [&](const std::string& sheet) {
+    const std::string job = folder.write("job.json", R"({"kr": 1,
+      "profiles": {"bar": {"class": "KrBarraRedonda", "diametro": 20}},
+      "members": [{"name": "A", "profile": "bar", "from": [0, 0, 0], "to": [900, 700, 1000]}], "sheets": [)" +
+                                                         sheet + "]}");
+    const Outcome run = runShell("kr build " + quoted(job) + " " + quoted(folder.path("job.pdf")));
+    EXPECT_EQ(run.code, 3);
+    return run.err;
+  };
+  EXPECT_THAT(refusal(R"({"views": [{"look": "plan"}, {"look": "plan", "from": 2000}]})"),
+              HasSubstr("sheet 1: view 2 shows no member"));
+  EXPECT_THAT(refusal(R"({"scale": "1:1", "size": "A3", "views": [{"look": "plan"}]})"),
+              HasSubstr("the views don't fit a sheet of size A3 at 1:1: the largest scale that does is 1:"));
 }
 
 TEST(Program, WorksOutTheTrussFromItsNodes) {

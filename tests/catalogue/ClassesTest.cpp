@@ -115,6 +115,7 @@ std::vector<Sample> samples() {
        300,
        200,
        150 * 10 + 200 * 12.5 + 277.5 * 6},
+      {"KrChapa", {{"largura", 150}, {"espessura", 12.5}}, 150, 0, 150 * 12.5},
   };
 }
 

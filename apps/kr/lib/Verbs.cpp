@@ -165,9 +165,16 @@ bool pick(const OpenJob& open, const std::vector<std::string>& names, std::vecto
   return true;
 }
 
+std::vector<double> coordinates(JobPoint point, bool spatial) {
+  std::vector<double> values{point.x, point.y};
+  if (spatial) values.push_back(point.z);
+  return values;
+}
+
 std::string listJson(const OpenJob& open, const std::vector<std::size_t>& picked) {
   using nlohmann::ordered_json;
   const std::vector<BomPiece> pieces = piecesOf(open.job, open.members);
+  const bool spatial = isSpatial(open.job);
   ordered_json out{{"format", "kr-list"}, {"version", 1}};
   out["members"] = ordered_json::array();
   for (const std::size_t i : picked) {
@@ -180,8 +187,8 @@ std::string listJson(const OpenJob& open, const std::vector<std::size_t>& picked
                               {"dimensions", piece.dimensions},
                               {"view", viewWord(member.view)},
                               {"role", roleWord(member.role)},
-                              {"start", {axis.start.x, axis.start.y}},
-                              {"end", {axis.end.x, axis.end.y}},
+                              {"start", coordinates(axis.start, spatial)},
+                              {"end", coordinates(axis.end, spatial)},
                               {"length", piece.length},
                               {"weight", piece.weight},
                               {"paintedArea", piece.paintedArea},
