@@ -9,12 +9,6 @@ KR_FOLDED_DEFINE_MEASURES(KrBox)
 KR_FOLDED_DEFINE_DWG(KrBox)
 KR_DEFINE_NO_DXF(KrBox)
 
-namespace {
-
-constexpr double kRightAngle = 1.5707963267948966;
-
-}  // namespace
-
 KrBox::KrBox(const AcGePoint3d& start, const AcGePoint3d& end, KrVistas vista, double altura, double largura,
              double espessura, double raio, double AngleSecao)
     : espessura_(espessura), altura_(altura), largura_(largura), raio_(raio) {

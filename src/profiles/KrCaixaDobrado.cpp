@@ -9,12 +9,6 @@ KR_FOLDED_DEFINE_MEASURES(KrCaixaDobrado)
 KR_FOLDED_DEFINE_DWG(KrCaixaDobrado)
 KR_FOLDED_DEFINE_DXF(KrCaixaDobrado)
 
-namespace {
-
-constexpr double kRightAngle = 1.5707963267948966;
-
-}  // namespace
-
 KrCaixaDobrado::KrCaixaDobrado(const AcGePoint3d& start, const AcGePoint3d& end, KrVistas vista, double altura,
                                double mesa, double espessura, double raio, double gap, double AngleSecao, double enrig)
     : espessura_(espessura), altura_(altura), mesa_(mesa), raio_(raio), enrig_(enrig), gap_(gap) {

@@ -11,12 +11,6 @@ KR_FOLDED_DEFINE_MEASURES(KrCantUDobrada)
 KR_FOLDED_DEFINE_DWG(KrCantUDobrada)
 KR_FOLDED_DEFINE_DXF(KrCantUDobrada)
 
-namespace {
-
-constexpr double kRightAngle = 1.5707963267948966;
-
-}  // namespace
-
 KrCantUDobrada::KrCantUDobrada(const AcGePoint3d& start, const AcGePoint3d& end, KrVistas vista, double aba1,
                                double aba2, double espessura, double raio, double gap, double AngleSecao, double enrig)
     : espessura_(espessura), aba1_(aba1), aba2_(aba2), raio_(raio), gap_(gap), enrig_(enrig) {

@@ -8,12 +8,6 @@ KR_FOLDED_DEFINE_MEASURES(KrCartola)
 KR_FOLDED_DEFINE_DWG(KrCartola)
 KR_FOLDED_DEFINE_DXF(KrCartola)
 
-namespace {
-
-constexpr double kRightAngle = 1.5707963267948966;
-
-}  // namespace
-
 KrCartola::KrCartola(const AcGePoint3d& start, const AcGePoint3d& end, KrVistas vista, double altura, double mesa,
                      double espessura, double raio, double enrig, double AngleSecao)
     : espessura_(espessura), altura_(altura), mesa_(mesa), raio_(raio), enrig_(enrig) {

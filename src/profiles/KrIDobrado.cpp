@@ -11,12 +11,6 @@ KR_FOLDED_DEFINE_MEASURES(KrIDobrado)
 KR_FOLDED_DEFINE_DWG(KrIDobrado)
 KR_FOLDED_DEFINE_DXF(KrIDobrado)
 
-namespace {
-
-constexpr double kRightAngle = 1.5707963267948966;
-
-}  // namespace
-
 KrIDobrado::KrIDobrado(const AcGePoint3d& start, const AcGePoint3d& end, KrVistas vista, double altura, double mesa1,
                        double mesa2, double espessura, double raio, double gap, double AngleSecao, double enrig)
     : espessura_(espessura), altura_(altura), mesa1_(mesa1), mesa2_(mesa2), raio_(raio), enrig_(enrig), gap_(gap) {

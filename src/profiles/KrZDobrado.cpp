@@ -8,12 +8,6 @@ KR_FOLDED_DEFINE_MEASURES(KrZDobrado)
 KR_FOLDED_DEFINE_DWG(KrZDobrado)
 KR_FOLDED_DEFINE_DXF(KrZDobrado)
 
-namespace {
-
-constexpr double kRightAngle = 1.5707963267948966;
-
-}  // namespace
-
 KrZDobrado::KrZDobrado(const AcGePoint3d& start, const AcGePoint3d& end, KrVistas vista, double altura, double mesa1,
                        double mesa2, double espessura, double raio, double ang_int1, double ang_int2, double AngleSecao,
                        double enrig, double ang_enrig)

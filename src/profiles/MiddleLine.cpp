@@ -11,7 +11,6 @@
 namespace {
 
 constexpr double kPi = 3.141592653589793;
-constexpr double kRightAngle = kPi / 2.0;
 
 /// A step shorter than this has no direction.
 constexpr double kNoStep = 1e-9;

@@ -9,11 +9,13 @@
 /// What the classes share whose section is told by the line through the middle of the metal: the walk along a folded
 /// strip, the two single profiles that the compound ones are made of, and the filing of the line. Millimetres, radians.
 
+inline constexpr double kRightAngle = 1.5707963267948966;
+
 /// A lip at the end of a flange: its length over everything, and the inner angle of the bend between. A positive length
 /// turns the lip to the class's one side, a negative one to the other, 0 means no lip.
 struct FoldedLip {
   double enrig = 0.0;
-  double angle = 1.5707963267948966;
+  double angle = kRightAngle;
 };
 
 /// A walk along the middle of a strip that is folded with one inner radius. Each step leaves a node where it begins; a

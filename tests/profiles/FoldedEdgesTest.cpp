@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "FoldedSamples.h"
 
 namespace {
@@ -104,6 +106,35 @@ TEST(FoldedStrip, LipWithoutAStraightPartStaysSound) {
   EXPECT_EQ(section::crossingsOf(outline), 0);
   EXPECT_NEAR(section::areaOf(outline),
               3 * folded::developed(3, 3, {6, 75, 200, 75, 6}, {kRight, kRight, kRight, kRight}), 1e-6);
+}
+
+// Any channel whose runs are longer than its set-backs: one sound contour of the developed length.
+TEST(FoldedStrip, AnyChannelThatFitsIsSoundAndAsLongAsItsRuns) {
+  std::mt19937 random(20261);
+  const auto between = [&random](double low, double high) {
+    return std::uniform_real_distribution<double>(low, high)(random);
+  };
+  for (int i = 0; i < 200; ++i) {
+    const double t = between(1, 8);
+    const double r = between(0, 12);
+    const double least = 2 * (t + r) + 1;
+    const double altura = least + between(50, 400);
+    const double mesa1 = least + between(0, 100);
+    const double mesa2 = least + between(0, 100);
+    const double a1 = between(75, 170) * kPi / 180;
+    const double a2 = between(75, 170) * kPi / 180;
+    const double lip = i % 3 == 0 ? 0 : (i % 3 == 1 ? 1 : -1) * (t + r + between(0, 8));
+    const KrUDobrado bar(kOrigin, Superior, altura, mesa1, mesa2, t, r, a1, a2, 1000, 0, 0, lip);
+    const double length = lip == 0 ? folded::developed(t, r, {mesa1, altura, mesa2}, {a1, a2})
+                                   : folded::developed(t, r, {std::fabs(lip), mesa1, altura, mesa2, std::fabs(lip)},
+                                                       {kRight, a1, a2, kRight});
+    const oracle::Outline outline = section::contoursOf(bar);
+    ASSERT_EQ(outline.size(), 1U) << i;
+    EXPECT_EQ(section::crossingsOf(outline), 0) << i;
+    EXPECT_NEAR(section::areaOf(outline), t * length, 1e-8 * t * length) << i;
+    EXPECT_NEAR(bar.getArea(), t * length, 1e-8 * t * length) << i;
+    EXPECT_NEAR(bar.getPerimetro(), 2 * length + 2 * t, 1e-6) << i;
+  }
 }
 
 TEST(FoldedStrip, DegenerateDimensionsGiveNoReport) {
