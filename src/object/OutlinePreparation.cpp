@@ -235,7 +235,7 @@ class Ring {
     const double start = std::atan2(g.ay - g.cy, g.ax - g.cx);
     const double slack = kSamePoint / g.radius;
     // Shares of the sweep at which the arc passes angle m * pi, its extremes in X, strictly within.
-    double extremes[4];
+    double extremes[4] = {};
     int n = 0;
     for (int m = -3; m <= 3 && n < 3; ++m) {
       const double at = (m * kPi - start) / sweep;
