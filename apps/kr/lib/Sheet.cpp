@@ -30,18 +30,28 @@ std::string fitMessage(std::string_view what, const std::string& size) {
   return "the " + std::string(what) + " doesn't fit a sheet of size " + size;
 }
 
+// Gives a system layer to a change; nothing happens when the drawing takes none of that name.
+template <class Change>
+void changeLayer(AcDbDatabase& database, const wchar_t* name, Change change) {
+  AcDbObjectId id;
+  const wchar_t* user = KrLayerToUsr(name);  // makes the layer on first use: the table must not be open
+  const AcDbObjectPointer<AcDbLayerTable> table(database.layerTableId(), AcDb::kForRead);
+  if (table.openStatus() != Acad::eOk || table->getAt(user, id) != Acad::eOk) return;
+  const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
+  if (layer.openStatus() == Acad::eOk) change(*layer);
+}
+
 // The system's layers come without line weights; on paper outlines stand out from hidden lines, and those from axes.
-void weighLayers(AcDbDatabase& database) {
+// What members hide of themselves, a plate's axis say, isn't printed.
+void prepareLayers(AcDbDatabase& database) {
   constexpr std::pair<const wchar_t*, AcDb::LineWeight> kWeights[] = {
       {kMemberLayer, AcDb::kLnWt035}, {L"L-HIDDEN", AcDb::kLnWt018}, {L"EIXO", AcDb::kLnWt013}};
-  for (const auto& [name, weight] : kWeights) {
-    AcDbObjectId id;
-    const wchar_t* user = KrLayerToUsr(name);
-    const AcDbObjectPointer<AcDbLayerTable> table(database.layerTableId(), AcDb::kForRead);
-    if (table.openStatus() != Acad::eOk || table->getAt(user, id) != Acad::eOk) continue;
-    const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
-    if (layer.openStatus() == Acad::eOk && layer->lineWeight() == AcDb::kLnWtByLwDefault) layer->setLineWeight(weight);
+  for (const auto& row : kWeights) {
+    changeLayer(database, row.first, [&](AcDbLayerTableRecord& layer) {
+      if (layer.lineWeight() == AcDb::kLnWtByLwDefault) layer.setLineWeight(row.second);
+    });
   }
+  changeLayer(database, L"KR_HIDE_FACE", [](AcDbLayerTableRecord& layer) { layer.setIsPlottable(false); });
 }
 
 // One sheet while it is laid out.
@@ -270,7 +280,7 @@ bool Layout::makeProfiles(std::string& why) {
 }
 
 std::optional<plot::PlotSheet> Layout::make(std::string& why) {
-  weighLayers(drawn_.database);
+  prepareLayers(drawn_.database);
   const SheetSize size = sheetSize(sheet_.size);
   plot_.paper = {size.width, size.height};
   plot_.paperBlock = painter_.block();
