@@ -22,7 +22,7 @@ constexpr char kPerhapsTimes = kTimes[0];
 constexpr std::array<char, 256> kFolded = [] {
   std::array<char, 256> all{};
   for (std::size_t i = 0; i < all.size(); ++i) all[i] = static_cast<char>(i);
-  for (char c = 'a'; c <= 'z'; ++c) all[static_cast<std::size_t>(c)] = static_cast<char>(c - 'a' + 'A');
+  for (std::size_t c = 'a'; c <= 'z'; ++c) all[c] = static_cast<char>(c - 'a' + 'A');
   all[','] = '.';
   all[' '] = all['\t'] = kSkipped;
   return all;

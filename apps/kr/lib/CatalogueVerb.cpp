@@ -80,6 +80,7 @@ ordered_json tablesJson(const Catalogue& catalogue) {
 
 std::string foundText(const Catalogue& catalogue, const std::vector<const CatalogueRow*>& found) {
   std::vector<std::vector<std::string>> rows;
+  rows.reserve(found.size());
   for (const CatalogueRow* row : found) {
     rows.push_back({std::string(row->designation), std::string(row->second), catalogue.tableOf(*row).name,
                     std::string(classOf(catalogue, *row))});
