@@ -393,7 +393,7 @@ TEST(Program, DrawsTheTableOfEveryClassOfProfile) {
     ++classes;
     EXPECT_THAT(text.out, HasSubstr(name));
   }
-  EXPECT_EQ(classes, 26);
+  EXPECT_EQ(classes, 27);
   // The committed table is the one that the program draws.
   EXPECT_EQ(runShell("cmp " + quoted(folder.path("table.pdf")) + " '" KR_SOURCE_DIR "/docs/catalogue.pdf'").code, 0);
 }

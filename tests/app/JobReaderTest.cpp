@@ -409,4 +409,79 @@ TEST(JobReader, EndsWellAtEveryCutOfAGoodJob) {
   }
 }
 
+// The profile in place of the good job's: its line begins at 4:24.
+std::string withLine(const std::string& rest) {
+  std::string text = kGood;
+  const std::size_t at = text.find("{\"class\"");
+  return text.replace(at, text.find("}},", at) + 1 - at, "{\"class\": \"KrUser\", " + rest + "}");
+}
+
+TEST(JobReader, TakesASectionByItsMiddleLine) {
+  const kr::Job job = goodJob(withLine("\"line\": [[0, 60], [0, 6, 0.41421], [6, 0]], \"espessura\": 3"));
+  const kr::ParameterValues& values = job.profiles[0].values;
+  EXPECT_EQ(values[0], 3);
+  ASSERT_NE(values.line, nullptr);
+  ASSERT_EQ(values.line->points.size(), 3U);
+  EXPECT_EQ(values.line->points[0].bulge, 0);
+  EXPECT_EQ(values.line->points[1].y, 6);
+  EXPECT_EQ(values.line->points[1].bulge, 0.41421);
+  EXPECT_EQ(values.line->origin.x, 0);  // the first point
+  EXPECT_EQ(values.line->origin.y, 60);
+}
+
+TEST(JobReader, TakesTheOriginOfAMiddleLine) {
+  const kr::Job job = goodJob(withLine("\"espessura\": 3, \"origin\": [7, 8], \"line\": [[0, 60], [0, 6]]"));
+  EXPECT_EQ(job.profiles[0].values.line->origin.x, 7);
+  EXPECT_EQ(job.profiles[0].values.line->origin.y, 8);
+}
+
+TEST(JobReader, TellsWhatIsWrongWithAMiddleLine) {
+  struct Case {
+    std::string rest;
+    std::string problem;
+  };
+  const Case cases[] = {
+      {"\"espessura\": 3", "4:24 /profiles/chord missing \"line\": at least two points of the section's middle line"},
+      {"\"espessura\": 3, \"line\": 5",
+       "4:68 /profiles/chord/line expected a list of points, the section's middle line, found a number"},
+      {"\"espessura\": 3,\n\"line\": [[0, 0]]", "5:9 /profiles/chord/line the middle line needs at least two points"},
+      {"\"espessura\": 3,\n\"line\": [[0, 0], [0, 0, 1], [1, 1]]",
+       "5:18 /profiles/chord/line/1 the point equals the one before: successive points must be different"},
+      {"\"espessura\": 3,\n\"line\": [[0, 0, 1.5], [9, 0]]",
+       "5:17 /profiles/chord/line/0/2 must be from -1 to 1: expected a bulge, the tangent of a quarter of the arc's "
+       "angle"},
+      {"\"espessura\": 3,\n\"line\": [[0, 1e999], [9, 0]]",
+       "5:14 /profiles/chord/line/0/1 the number is too great to be held: expected a coordinate in mm"},
+      {"\"espessura\": 3,\n\"line\": [[0, 0], [9]]",
+       "5:18 /profiles/chord/line/1 expected [x, y] in mm or [x, y, bulge], found 1 elements"},
+      {"\"espessura\": 3,\n\"line\": [[0, 0], \"B\"]",
+       "5:18 /profiles/chord/line/1 expected [x, y] in mm or [x, y, bulge], found a text"},
+      {"\"espessura\": 3,\n\"line\": [[0, 0], [9, 0, 0.5]]",
+       "5:9 /profiles/chord/line no edge starts at the last point: it must have no bulge"},
+      // A half circle over 2.9 has a radius of 1.45.
+      {"\"espessura\": 3,\n\"line\": [[0, 0, 1], [2.9, 0]]",
+       "5:9 /profiles/chord/line the bend from point 0 is too tight: its radius must be at least half of "
+       "\"espessura\""},
+      {"\"espessura\": 3,\n\"line\": [[0, 0], [9, 0], [9, 9]]",
+       "5:9 /profiles/chord/line the line has a corner at point 1: metal is bent by arcs that are tangent to the "
+       "edges beside them"},
+      {"\"espessura\": 3, \"line\": [[0, 0], [9, 0]],\n\"origin\": [1, 2, 3]",
+       "5:11 /profiles/chord/origin expected [x, y] in mm, found 3 elements"},
+      {"\"espessura\": 0, \"line\": [[0, 0], [9, 0]]",
+       "4:57 /profiles/chord/espessura must be greater than 0: expected thickness of the metal, mm"},
+      {"\"line\": [[0, 0], [9, 0]]", "4:24 /profiles/chord missing \"espessura\": thickness of the metal, mm"},
+  };
+  for (const Case& each : cases) EXPECT_THAT(problemsOf(withLine(each.rest)), ElementsAre(each.problem)) << each.rest;
+}
+
+TEST(JobReader, TakesTheTightestBendThatTheMetalAllows) {
+  EXPECT_THAT(problemsOf(withLine("\"espessura\": 3, \"line\": [[0, 0, -1], [3, 0]]")), IsEmpty());
+}
+
+TEST(JobReader, KnowsNoLineInOtherClasses) {
+  EXPECT_THAT(problemsOf(goodWith("\"DiametroInt\": 104.3", "\"line\": []")),
+              ElementsAre(testing::StartsWith(
+                  "6:12 /profiles/chord/line unknown key \"line\" in a profile of class KrTubo: ")));
+}
+
 }  // namespace

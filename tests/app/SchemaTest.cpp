@@ -73,6 +73,7 @@ TEST(JobSchema, NamesEveryClassOfProfileWithItsParameters) {
     SCOPED_TRACE(std::string(row.name));
     std::set<std::string> keys{"class"};
     for (const kr::ProfileParameter& parameter : row.parameters) keys.insert(std::string(parameter.key));
+    if (row.takesLine) keys.insert({"line", "origin"});
     EXPECT_EQ(keys, keysOf(schema.at("$defs").at(std::string(row.name)).at("properties")));
   }
   // And the profile by designation.

@@ -20,6 +20,7 @@ struct Sample {
   double height;  // of the class, by its table of sizes
   double width;
   double area;  // what the class tells
+  std::shared_ptr<const kr::SectionLine> line{};
 };
 
 constexpr double kPi = 3.14159265358979323846;
@@ -116,11 +117,21 @@ std::vector<Sample> samples() {
        200,
        150 * 10 + 200 * 12.5 + 277.5 * 6},
       {"KrChapa", {{"largura", 150}, {"espessura", 12.5}}, 150, 0, 150 * 12.5},
+      // A leg of 60, a bend of radius 6, a leg of 40.
+      {"KrUser",
+       {{"espessura", 3}},
+       0,
+       0,
+       3 * (54 + 6 * kPi / 2 + 34),
+       std::make_shared<kr::SectionLine>(
+           kr::SectionLine{{{0, 60}, {0, 6, std::tan(kPi / 8)}, {6, 0}, {40, 0}}, {20, 30}})},
   };
 }
 
-kr::GivenParameters keyed(const kr::ProfileClass& row, const Parameters& given) {
+kr::GivenParameters keyed(const kr::ProfileClass& row, const Parameters& given,
+                          const std::shared_ptr<const kr::SectionLine>& line = nullptr) {
   kr::GivenParameters all;
+  all.values.line = line;
   for (const auto& [key, value] : given) {
     const std::size_t at = row.positionOf(key);
     EXPECT_LT(at, kr::kMaxParameters) << key;
@@ -146,7 +157,7 @@ TEST(ProfileClasses, TakeEachParameterByItsKey) {
     const kr::ProfileClass& row = *kr::profileClass(sample.name);
     kr::ParameterValues values{};
     kr::ParameterProblem problem;
-    ASSERT_TRUE(settleParameters(row, keyed(row, sample.given), values, problem)) << problem.message;
+    ASSERT_TRUE(settleParameters(row, keyed(row, sample.given, sample.line), values, problem)) << problem.message;
     const std::unique_ptr<KrObject> member = made(row, values);
     EXPECT_NEAR(member->getAltura(), sample.height, 1e-9);
     EXPECT_NEAR(member->getLargura(), sample.width, 1e-9);
@@ -161,7 +172,7 @@ TEST(ProfileClasses, TellABoxThatHoldsTheirSection) {
     const kr::ProfileClass& row = *kr::profileClass(sample.name);
     kr::ParameterValues values{};
     kr::ParameterProblem problem;
-    ASSERT_TRUE(settleParameters(row, keyed(row, sample.given), values, problem)) << problem.message;
+    ASSERT_TRUE(settleParameters(row, keyed(row, sample.given, sample.line), values, problem)) << problem.message;
     const section::Box drawn = section::boxOf(section::contoursOf(*made(row, values)));
     const kr::SectionBox box = row.box(values);
     constexpr double kToe = 0.05;  // that a channel's first toe stands out
@@ -172,6 +183,23 @@ TEST(ProfileClasses, TellABoxThatHoldsTheirSection) {
     // And is no larger than a drawing of it would stand.
     EXPECT_LE(kr::sectionSize(row, values), 4 * std::max(drawn.maxX - drawn.minX, drawn.maxY - drawn.minY));
   }
+}
+
+// A square bend of radius 6 anticlockwise: the section lies in the angle's box about the origin, bend outwards.
+TEST(ProfileClasses, DrawsTheLineOfOnesOwnAboutItsOrigin) {
+  const std::vector<Sample> all = samples();
+  const Sample& sample = all.back();
+  const kr::ProfileClass& row = *kr::profileClass("KrUser");
+  kr::ParameterValues values{};
+  kr::ParameterProblem problem;
+  ASSERT_TRUE(settleParameters(row, keyed(row, sample.given, sample.line), values, problem)) << problem.message;
+  const auto contours = section::contoursOf(*made(row, values));
+  EXPECT_NEAR(section::areaOf(contours), sample.area, 1e-6);
+  const section::Box drawn = section::boxOf(contours);
+  EXPECT_NEAR(drawn.minX, -21.5, 1e-9);
+  EXPECT_NEAR(drawn.minY, -31.5, 1e-9);
+  EXPECT_NEAR(drawn.maxX, 20, 1e-9);
+  EXPECT_NEAR(drawn.maxY, 30, 1e-9);
 }
 
 TEST(ProfileClasses, ReachAcrossTheBarAsTheSectionIsTurned) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,9 @@ class ProblemSink {
 
   /// The offset of the value being read.
   virtual std::size_t offset() const = 0;
+
+  /// How many problems were told so far.
+  virtual std::size_t reported() const = 0;
 };
 
 /// Names that a job may use without declaring them.
@@ -55,6 +59,9 @@ class JobBuilder {
   void profileClassName(std::string_view text);
   void profileDesignation(std::string_view text);
   void profileParameter(const Scalar& value);
+  void beginProfileLine();
+  void profileLinePoint(JobPoint point);
+  void profileOrigin(const Scalar& value);
   void endProfile();
 
   void addNode(std::string_view name, JobPoint point);
@@ -81,6 +88,9 @@ class JobBuilder {
     std::string className;
     std::string designation;
     std::vector<Parameter> parameters;
+    std::vector<LinePoint> line;
+    std::optional<LinePoint> origin;
+    bool sound = true;  ///< nothing was wrong while it was read
   };
 
   /// Tells what is wrong with a key of a profile, or, with no parameter, with the whole of it.
@@ -105,6 +115,7 @@ class JobBuilder {
   int hints_ = 0;
   JobProfile profile_;
   ProfileText text_;
+  std::size_t reportedBefore_ = 0;       // the profile that is being read
   std::vector<ProfileText> designated_;  // profiles that wait for the catalogue
 
   // By name, kNone where the name is of something else.

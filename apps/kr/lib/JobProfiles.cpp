@@ -11,6 +11,9 @@
 namespace kr {
 namespace {
 
+constexpr std::string_view kLineKey = "line";
+constexpr std::string_view kOriginKey = "origin";
+
 std::string pathOf(std::string_view profile, std::string_view key) {
   std::string path = "/profiles/";
   for (const char c : profile) path += c == '~' ? "~0" : c == '/' ? "~1" : std::string(1, c);
@@ -24,6 +27,7 @@ void JobBuilder::beginProfile(std::string_view name) {
   profile_ = {};
   profile_.name = job.names.intern(name);
   text_ = {};
+  reportedBefore_ = problems.reported();
 }
 
 void JobBuilder::profileClassName(std::string_view text) {
@@ -46,7 +50,24 @@ void JobBuilder::profileParameter(const Scalar& value) {
   text_.parameters.back().value.text = {};
 }
 
+void JobBuilder::beginProfileLine() {
+  text_.parameters.push_back({std::string(kLineKey), problems.offset(), {.kind = Kind::kList}});
+}
+
+void JobBuilder::profileLinePoint(JobPoint point) {
+  if (!text_.line.empty() && text_.line.back().x == point.x && text_.line.back().y == point.y) {
+    problems.report("the point equals the one before: successive points must be different");
+  }
+  text_.line.push_back({point.x, point.y, point.z});
+}
+
+void JobBuilder::profileOrigin(const Scalar& value) {
+  text_.parameters.push_back({std::string(kOriginKey), problems.offset(), {.kind = Kind::kPoint}});
+  text_.origin = {value.point.x, value.point.y, 0};
+}
+
 void JobBuilder::endProfile() {
+  text_.sound = problems.reported() == reportedBefore_;
   // Known by its name even when something is wrong with it, so that its members aren't blamed too.
   std::uint32_t& place = profilePlace(profile_.name);
   text_.profile = static_cast<std::uint32_t>(job.profiles.size());
@@ -77,10 +98,12 @@ bool JobBuilder::takeParameters(const ProfileClass& row, const std::vector<Param
       blame(parameter.key, &parameter, std::move(message));
       sound = false;
     };
+    if (row.takesLine && (parameter.key == kLineKey || parameter.key == kOriginKey)) continue;
     const std::size_t at = row.positionOf(parameter.key);
     if (at == kMaxParameters) {
       std::vector<std::string_view> keys{"class", "designation"};
       for (const ProfileParameter& p : row.parameters) keys.push_back(p.key);
+      if (row.takesLine) keys.insert(keys.end(), {kLineKey, kOriginKey});
       wrong("unknown key " + inQuotes(parameter.key) + " in a profile of class " + std::string(row.name) + ": " +
             suggestion(parameter.key, keys));
       continue;
@@ -109,7 +132,10 @@ void JobBuilder::settleProfile(const ProfileText& text, const GivenParameters& b
                                const Blame& blame) {
   const ProfileClass& row = *profile.profileClass;
   GivenParameters given = base;
-  bool sound = takeParameters(row, text.parameters, given, blame);
+  bool sound = takeParameters(row, text.parameters, given, blame) && text.sound;
+  if (row.takesLine && !text.line.empty()) {
+    given.values.line = std::make_shared<SectionLine>(SectionLine{text.line, text.origin.value_or(text.line[0])});
+  }
   for (std::size_t i = 0; i < row.parameters.size(); ++i) {
     if (given.has(i) || !row.parameters[i].required) continue;
     blame({}, nullptr, "missing " + inQuotes(row.parameters[i].key) + ": " + std::string(row.parameters[i].meaning));

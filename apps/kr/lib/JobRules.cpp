@@ -111,11 +111,20 @@ constexpr ObjectRule kLayer{
     .close = [](JobBuilder& b) { b.job.layers.push_back(b.layer); },
 };
 
+constexpr ValueRule kBulge{Form::kNumber, "a bulge, the tangent of a quarter of the arc's angle", -1, 1};
+constexpr ValueRule kLinePoint{.form = Form::kPoint, .meaning = "[x, y] in mm or [x, y, bulge]", .third = &kBulge};
+
 constexpr KeyRule kProfileKeys[] = {
     {"class", text("the name of a class of profile, such as \"KrTubo\""), false,
      [](JobBuilder& b, const Scalar& v) { b.profileClassName(v.text); }},
     {"designation", text("the designation of a catalogue's section, such as \"IPE 200\""), false,
      [](JobBuilder& b, const Scalar& v) { b.profileDesignation(v.text); }},
+    {"line", collection(Form::kList, kLinePoint, "a list of points, the section's middle line"), false,
+     [](JobBuilder& b, const Scalar& v) { b.profileLinePoint(v.point); }, [](JobBuilder& b) { b.beginProfileLine(); }},
+    {"origin",
+     {.form = Form::kPoint, .meaning = "[x, y] in mm", .flat = true},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.profileOrigin(v); }},
 };
 
 constexpr KeyRule kProfileParameter{

@@ -55,6 +55,8 @@ struct ValueRule {
   std::span<const std::string_view> words{};
   const ObjectRule* object = nullptr;  ///< of kObject
   const ValueRule* element = nullptr;  ///< of the elements of kMap and kList
+  const ValueRule* third = nullptr;    ///< of a kPoint's third number, where it isn't a coordinate
+  bool flat = false;                   ///< a kPoint of two numbers only
 };
 
 /// A key of an object: its value, whether it must be there, and what takes it.
@@ -63,6 +65,7 @@ struct KeyRule {
   ValueRule value;
   bool required = false;
   void (*take)(JobBuilder&, const Scalar&) = nullptr;
+  void (*openList)(JobBuilder&) = nullptr;  ///< called where the list of a kList begins
 };
 
 /// An object: its keys, and what happens when it begins and ends. `name` is the key that it stands under in a map.

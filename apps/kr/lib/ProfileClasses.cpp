@@ -30,7 +30,7 @@ double radians(double degrees) {
 const std::vector<ProfileClass>& table() {
   static const std::vector<ProfileClass> rows = [] {
     std::vector<ProfileClass> all;
-    for (const auto part : {roundClasses(), rolledClasses(), foldedClasses(), plateClasses()}) {
+    for (const auto part : {roundClasses(), rolledClasses(), foldedClasses(), plateClasses(), lineClasses()}) {
       all.insert(all.end(), part.begin(), part.end());
     }
     return all;
@@ -80,6 +80,7 @@ std::string_view rangeProblem(Range range, double value) {
 
 bool settleParameters(const ProfileClass& row, const GivenParameters& given, ParameterValues& values,
                       ParameterProblem& problem) {
+  values.line = given.values.line;
   for (std::size_t i = 0; i < row.parameters.size(); ++i) {
     const ProfileParameter& parameter = row.parameters[i];
     const double value = given.has(i) ? given.values[i] : parameter.otherwise;

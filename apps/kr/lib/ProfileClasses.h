@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class AcGePoint3d;
 class KrObject;
@@ -14,9 +16,25 @@ namespace kr {
 /// The most parameters that a class of profile takes.
 inline constexpr std::size_t kMaxParameters = 12;
 
+/// A point of a section's middle line, mm, and the bulge of the edge that starts there: the tangent of a quarter of its
+/// angle, positive anticlockwise, 0 for a straight edge.
+struct LinePoint {
+  double x = 0;
+  double y = 0;
+  double bulge = 0;
+};
+
+/// The middle line of a section, for the classes that take one.
+struct SectionLine {
+  std::vector<LinePoint> points;
+  LinePoint origin;  ///< where the bar's axis passes; its bulge means nothing
+};
+
 /// The parameters of a profile in the order of its class's row, as its constructor takes them: millimetres, radians,
-/// mm2, kg/m.
-using ParameterValues = std::array<double, kMaxParameters>;
+/// mm2, kg/m. And its middle line, null for a class that takes none.
+struct ParameterValues : std::array<double, kMaxParameters> {
+  std::shared_ptr<const SectionLine> line;
+};
 
 /// Which numbers a parameter may be.
 enum class Range : std::uint8_t {
@@ -84,6 +102,9 @@ struct ProfileClass {
 
   /// Where "AngleSecao" stands among the parameters; kNoTurn when the section can't be turned.
   std::size_t turn = kNoTurn;
+
+  /// Whether the section is given by its middle line, "line", and perhaps by "origin".
+  bool takesLine = false;
 
   /// The position of a parameter, or kMaxParameters.
   std::size_t positionOf(std::string_view key) const;

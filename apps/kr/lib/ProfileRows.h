@@ -12,6 +12,7 @@ std::span<const ProfileClass> roundClasses();
 std::span<const ProfileClass> rolledClasses();
 std::span<const ProfileClass> foldedClasses();
 std::span<const ProfileClass> plateClasses();
+std::span<const ProfileClass> lineClasses();
 
 inline constexpr ProfileParameter kTurnParameter{"AngleSecao", false, "turn of the section about the bar, degrees",
                                                  Range::kTurn};

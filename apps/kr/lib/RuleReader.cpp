@@ -254,12 +254,14 @@ void RuleReader::pointElement(const Scalar& value) {
   ++frame.index;
   static constexpr ValueRule kCoordinate{Form::kNumber, "a coordinate in mm"};
   if (frame.index > kMostCoordinates) return;
+  const bool other = frame.index == kMostCoordinates && frame.value->third != nullptr;
+  const ValueRule& want = other ? *frame.value->third : kCoordinate;
   if (value.kind != Kind::kNumber) {
-    mismatch(kCoordinate, value.kind);
+    mismatch(want, value.kind);
     pointFits_ = false;
     return;
   }
-  pointFits_ = acceptNumber(kCoordinate, value.number) && pointFits_;
+  pointFits_ = acceptNumber(want, value.number) && pointFits_;
   (frame.index == 1 ? point_.x : frame.index == 2 ? point_.y : point_.z) = value.number;
 }
 
@@ -365,6 +367,7 @@ bool RuleReader::start_array(std::size_t) {
   const Expected rule = expected();
   const Form form = rule.value != nullptr ? rule.value->form : Form::kIgnored;
   if (form == Form::kList) {
+    if (rule.key->openList != nullptr) rule.key->openList(*builder_);
     push(Holder::kList, rule);
     return done();
   }
@@ -439,8 +442,10 @@ bool RuleReader::end_object() {
 bool RuleReader::end_array() {
   const Frame frame = pop();
   if (frame.holder != Holder::kPoint) return done();
-  if (frame.index != 2 && frame.index != kMostCoordinates) {
-    report("expected [x, y] or [x, y, z] in mm, found " + std::to_string(frame.index) + " elements");
+  const bool special = frame.value->flat || frame.value->third != nullptr;
+  if (frame.index != 2 && (frame.index != kMostCoordinates || frame.value->flat)) {
+    report("expected " + std::string(special ? frame.value->meaning : "[x, y] or [x, y, z] in mm") + ", found " +
+           std::to_string(frame.index) + " elements");
   } else if (pointFits_) {
     Scalar value{.kind = Kind::kPoint, .point = point_};
     acceptScalar({frame.value, frame.key}, value);

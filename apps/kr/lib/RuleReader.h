@@ -74,6 +74,7 @@ class RuleReader final : public ProblemSink {
   void report(std::string message) override;
   void reportKey(std::string_view key, std::size_t offset, std::string message) override;
   std::size_t offset() const override { return offset_; }
+  std::size_t reported() const override { return problems_.size(); }
 
  private:
   enum class Holder : std::uint8_t { kObject, kMap, kList, kPoint, kSkipped };
