@@ -1,6 +1,6 @@
 // The elevation generator against the visibility oracle: every shape of the catalogue in four views at quarter turns
 // without a difference, and at any angle and for random outlines with next to none. What may differ there are two edges
-// a hair more than the drawing tolerance apart, which one side counts as one line and the other as two.
+// a hair more than the drawing tolerance apart: two lines to both sides, and one to the comparison's blur.
 
 #include <gtest/gtest.h>
 
