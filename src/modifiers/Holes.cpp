@@ -77,15 +77,15 @@ void KrObject::removeFuros() {
 void KrObject::KrVector_InFur(int i) {
   assertWriteEnabled();
   if (isSecao() == Acad::eOk)
-    KrVector_InFurTrace(i);
+    KrVector_InFurTrace(&secao_, &furos_, i);
   else
     Gera_KrVector();
 }
 
-void KrObject::KrVector_InFurTrace(int i) {
-  AcGeVector3d ini = furos_.getIni(i);
-  AcGeVector3d fim = furos_.getFim(i);
-  AcGeVector3d origin = secao_.GetRefOrigin();
+void KrObject::KrVector_InFurTrace(KrGeratriz* g, KrFuro* furos, int i) {
+  AcGeVector3d ini = furos->getIni(i);
+  AcGeVector3d fim = furos->getFim(i);
+  AcGeVector3d origin = g->GetRefOrigin();
   ini.z = fim.z = 0;
   double angle = angleSecao_;
   if (vista_ == SecaoVerso) {
@@ -106,7 +106,7 @@ void KrObject::KrVector_InFurTrace(int i) {
   vertexList(VistaCorrente).append(centreLine);
   KrVector band(place(ini), place(fim), KR_VT_FURO_LINHA);
   // No absolute value here, unlike an elevation: a negative sine narrows the band.
-  band.setRaio((std::sin(furos_.getAngle(i)) * furos_.getStretch(i) + furos_.getDiametro(i)) / 2);
+  band.setRaio((std::sin(furos->getAngle(i)) * furos->getStretch(i) + furos->getDiametro(i)) / 2);
   band.setTypeEx(KR_VTX_FURO);
   band.setIndexFur(i);
   vertexList(VistaCorrente).append(band);

@@ -68,13 +68,13 @@ class KrObject : public AcDbEntity {
 
   /// The argument block of the notch clipper.
   struct RecKrVectorArrayArgs {
-    KrObjectArray<KrVector>* vectors = nullptr;
-    AcArray<AcGePoint2d>* pontos = nullptr;
-    AcArray<double>* bulges = nullptr;
-    void* reservado = nullptr;
-    AcGePoint2d pontoInterno;
-    std::int32_t manterFora = 0;
-    std::int32_t opcoes = 0;
+    KrObjectArray<KrVector>* vectors = nullptr;    ///< the list to clip, edited in place; null: nothing to do
+    const AcArray<AcGePoint2d>* pontos = nullptr;  ///< the polygon; null: nothing to do
+    const AcArray<double>* bulges = nullptr;       ///< its bulges; null: all straight
+    void* reservado = nullptr;                     ///< never read
+    AcGePoint2d pontoInterno;                      ///< the side point: pieces on its side of the polygon go
+    std::int32_t manterFora = 0;  ///< nonzero: with `RemoveOutLines`, a piece that lies on the polygon stays
+    RecorteOutLinesOpts opcoes = RemoveOutLines;
   };
   /// Zeroes the whole block.
   static void Reset_RecKrVectorArrayArgs(RecKrVectorArrayArgs& args) { args = RecKrVectorArrayArgs(); }
@@ -168,6 +168,23 @@ class KrObject : public AcDbEntity {
   /// True when the object is in a database.
   bool hasValidId() const { return objectId() != AcDbObjectId::kNull; }
 
+  // --- Links: ids of the members that show the same bar, of its dimensions, of its marks
+  // -----------------------------
+
+  /// Copies of the lists.
+  Acad::ErrorStatus RelativeObj(AcDbObjectIdArray& ids) const;
+  Acad::ErrorStatus RelativeDim(AcDbObjectIdArray& ids) const;
+  Acad::ErrorStatus RelativePos(AcDbObjectIdArray& ids) const;
+  /// Replaces a list by a copy.
+  Acad::ErrorStatus setRelativeObj(const AcDbObjectIdArray* ids);
+  Acad::ErrorStatus setRelativeDim(const AcDbObjectIdArray* ids);
+  Acad::ErrorStatus setRelativePos(const AcDbObjectIdArray* ids);
+  bool isLinkedTo(const AcDbObjectId& id) const;
+  /// Takes `id` out of the list of every linked member, then empties this one's list.
+  Acad::ErrorStatus UnLink(AcDbObjectId id);
+  /// Leaves the group: the others forget this member, and it forgets them.
+  Acad::ErrorStatus UnLinkMeObj();
+
   // --- Length --------------------------------------------------------------------------------------------------------
 
   /// Length at 1:1.
@@ -188,6 +205,12 @@ class KrObject : public AcDbEntity {
   /// Ignored unless above the start; at or above 1 it is stored as 1. Regenerates at close.
   Acad::ErrorStatus setVisualRepEnd(double fim);
   Acad::ErrorStatus setVisualRepScale(double escala);
+  /// The same from a point of the drawing; with `moveEixo` nonzero the axis line's end goes there too.
+  Acad::ErrorStatus setVisualRepStart(const AcGePoint3d& p, int moveEixo);
+  Acad::ErrorStatus setVisualRepEnd(const AcGePoint3d& p, int moveEixo);
+  /// A limit's place on the reference line. `eNotApplicable` outside an elevation.
+  Acad::ErrorStatus visualRepStartPoint(AcGePoint3d& p) const;
+  Acad::ErrorStatus visualRepEndPoint(AcGePoint3d& p) const;
 
   // --- Vertex lists --------------------------------------------------------------------------------------------------
 
@@ -276,13 +299,56 @@ class KrObject : public AcDbEntity {
 
   // --- Views and frames ----------------------------------------------------------------------------------------------
 
+  /// The matrix from the section's frame, real size, to the drawing at 1:1. `eNotImplementedYet` without a view,
+  /// `eNotApplicable` for an elevation without reference line; `m` then stays.
   Acad::ErrorStatus secaoToVistaXForm(AcGeMatrix3d& m) const;
+  Acad::ErrorStatus secaoToVistaXForm(AcGePoint3d& p) const;
+  Acad::ErrorStatus secaoToVistaXForm(AcGeVector3d& v) const;
+  /// Its inverse.
+  Acad::ErrorStatus vistaToSecaoXForm(AcGeMatrix3d& m) const;
+  Acad::ErrorStatus vistaToSecaoXForm(AcGePoint3d& p) const;
+  Acad::ErrorStatus vistaToSecaoXForm(AcGeVector3d& v) const;
+  /// Turns an elevation into another elevation of the same bar; the reference line keeps its place in the drawing.
+  /// Nothing happens in a section, at a section angle of no whole quarter, or when `vista` is shown already.
+  void switchToVista(KrVistas vista);
   /// The view shown, or with `real` nonzero the view that the turned section shows: -1 when it is turned by no whole
   /// quarter, -2 without a frame.
   KrVistas Vista(int real) const;
   Acad::ErrorStatus Vista(KrVistas& vista, int real) const;
   KrVistas GetVistaReal() const;
   KrVistas GetVistaReal(int& invertida) const;
+  /// 1 for the views in which the bar runs against the section's Z (2 and 3), 0 for 1 and 4; 0 and `eInvalidInput` for
+  /// any other.
+  static int isInverted(KrVistas vista, Acad::ErrorStatus& status);
+  static int isInverted(KrVistas vista);
+  int isInverted(Acad::ErrorStatus& status) const { return isInverted(vista_, status); }
+  int isInverted() const { return isInverted(vista_); }
+  /// Whether two views differ in `isInverted`. A status other than `eOk` of either is passed on, the second's last.
+  static bool verifyInversion(KrVistas a, KrVistas b, Acad::ErrorStatus& status);
+  static bool verifyInversion(KrVistas a, KrVistas b);
+  bool verifyInversion(KrVistas v, Acad::ErrorStatus& status) const { return verifyInversion(vista_, v, status); }
+  bool verifyInversion(KrVistas v) const { return verifyInversion(vista_, v); }
+  /// Whether the section stands at a whole quarter, and which. Only what stands above the integer part counts: a value
+  /// just short of a quarter fails.
+  bool isRetRotated() const;
+  bool isRetRotated(int& quartos) const;
+  /// Turns the section by a quarter, counter-clockwise for `sentido` 0, without regenerating.
+  Acad::ErrorStatus orthoRotateSec(int sentido);
+  /// Brings a point or vector of the drawing from real size to the drawing scale, or back with `inverso` nonzero, about
+  /// the end of the reference line where the section's Z starts. The forms in space work only in an elevation
+  /// (`eNotApplicable`).
+  Acad::ErrorStatus scaleRef(AcGePoint2d& p, int inverso) const;
+  Acad::ErrorStatus scaleRef(AcGePoint3d& p, int inverso) const;
+  Acad::ErrorStatus scaleRef(AcGeVector3d& v, int inverso) const;
+  Acad::ErrorStatus unscaleRef(AcGePoint2d& p) const { return scaleRef(p, 1); }
+  Acad::ErrorStatus unscaleRef(AcGePoint3d& p) const { return scaleRef(p, 1); }
+  Acad::ErrorStatus unscaleRef(AcGeVector3d& v) const { return scaleRef(v, 1); }
+  /// The placement of the bar as a value, based on the axis line, or with `eixoBase` 0 on the reference line.
+  /// `eNotApplicable` when a line is missing.
+  Acad::ErrorStatus position(Position& posicao, int eixoBase) const;
+  /// Puts the bar at a placement and regenerates.
+  Acad::ErrorStatus setPosition(const Position& posicao, int eixoBase);
+  Acad::ErrorStatus setPositionNoRegen(const Position& posicao, int eixoBase);
   /// Reference line, from end to end.
   AcGeVector3d direction() const;
   /// From `startPoint` to `endPoint`.
@@ -292,16 +358,65 @@ class KrObject : public AcDbEntity {
   void GetExtremePoints(AcGePoint3d& p0, AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d& p3, int comEixo,
                         int semOcultos) const;
   void GetExtremePoints(AcGePoint3d* pontos, int comEixo, int semOcultos) const;
+  /// The box of the section outline about its reference origin: b the minimum, c the maximum. `eNotApplicable` without
+  /// an outline.
+  Acad::ErrorStatus GetExtremePointsSecao(AcGePoint3d& a, AcGePoint3d& b, AcGePoint3d& c, AcGePoint3d& d) const;
+  Acad::ErrorStatus GetExtremePointsSecao(AcGePoint3d* pontos) const;
+  /// The extreme points of the view as drawn.
+  void GetCorners(AcGePoint3d& a, AcGePoint3d& b, AcGePoint3d& c, AcGePoint3d& d) const;
+  /// Ends of the two outer faces, in each pair the end with the smaller X first: left face top and bottom, right face
+  /// top and bottom of the turned view.
+  void GetCornersOf(AcGePoint3d& a, AcGePoint3d& b, AcGePoint3d& c, AcGePoint3d& d) const;
+  void GetLimitPointsOfFaces(AcGePoint3d& a, AcGePoint3d& b, AcGePoint3d& c, AcGePoint3d& d) const;
+  void GetRectangle(AcGePoint3d& a, AcGePoint3d& b, AcGePoint3d& c, AcGePoint3d& d) const;
+  void GetRectangleLimit(AcGePoint3d& p, AcGePoint3d& q, KrVistas vista) const;
+  /// The points of a list with the least and the largest X, Z 0.
+  void GetLimitsPoints(AcGePoint3d& a, AcGePoint3d& b, KrVistas v) const;
+  /// Extents of the oriented box, along the bar and across it.
+  void size(double& w, double& h) const;
+  void size(AcGeVector2d& tamanho) const;
+  AcGeVector2d size() const;
+  double width() const;
+  double height() const;
 
   double GetMaxX(KrVistas v) const;
   double GetMaxY(KrVistas v) const;
   double GetMinX(KrVistas v) const;
   double GetMinY(KrVistas v) const;
 
-  // --- Scale ---------------------------------------------------------------------------------------------------------
+  // --- Transform and scale -------------------------------------------------------------------------------------------
 
   /// Sets the drawing scale per axis of the view, about `startPoint`. Scales within 0.01 of the present count as equal.
   Acad::ErrorStatus ObjectScale(double x, double y, double z);
+  /// Scales along the bar only; `base` stays where it is along it.
+  Acad::ErrorStatus ObjectScaleAxl(AcGePoint3d base, double x);
+  /// Transforms the drawn holes alone, outside "Secao".
+  Acad::ErrorStatus transformByFuros(const AcGeMatrix3d& m);
+
+  // --- Bar axis: `barra` 0 names the axis line, any other the reference line; `extremo` nonzero the start
+  // -------------
+
+  /// Refits the axis line of the four elevations to their limits.
+  void UpdateEixo();
+  /// 1 if an end of the axis line lies on a cross element of the view.
+  int testEixo(int naOrigem) const;
+  /// Signed distance between an end of the member and that of the reference line, in bar order. The value forms give 0
+  /// on failure.
+  Acad::ErrorStatus ecsZEixoOffset(double& d, int extremo) const;
+  double ecsZEixoOffset(int extremo) const;
+  /// The same along the drawn direction, with the opposite sign.
+  Acad::ErrorStatus wcsDirEixoOffset(double& d, int extremo) const;
+  double wcsDirEixoOffset(int extremo) const;
+  /// Puts the bar where its reference line is to be, and regenerates.
+  Acad::ErrorStatus SetPointsOfEixoBarra(const AcGePoint3d& a, const AcGePoint3d& b);
+  int isEixoVisible() const;
+  Acad::ErrorStatus showEixo(int mostra);
+  Acad::ErrorStatus hideEixo() { return showEixo(0); }
+  /// Transforms the view's elements but the axis line.
+  Acad::ErrorStatus transformByNoEixo(const AcGeMatrix3d& m);
+  Acad::ErrorStatus moveEixo(const AcGeVector3d& v);
+  /// Where a line meets the bar's two end edges.
+  Acad::ErrorStatus pontosBarra(AcGePoint3d& a, AcGePoint3d& b, int barra) const;
 
   // --- Drawing -------------------------------------------------------------------------------------------------------
 
@@ -320,15 +435,122 @@ class KrObject : public AcDbEntity {
 
   // --- Holes ---------------------------------------------------------------------------------------------------------
 
+  /// Turns a list of holes from the section to the orientation of a view. `eNotApplicable` for no view.
   Acad::ErrorStatus ajustaFuros(KrVistas vista, KrFuro& furos, const AcGePoint3d& ref) const;
+  Acad::ErrorStatus ajustaFuros(KrFuro& furos, const AcGePoint3d& ref) const { return ajustaFuros(vista_, furos, ref); }
+  /// Drills from a point and a direction in terms of the section. `paredes`: -1 all walls, 0 those that the segment
+  /// passes, n the first n. `eOk` if a hole was made, else `eNotApplicable`.
+  Acad::ErrorStatus FurarSecao(const AcGePoint3d& p, const AcGeVector2d& dir, double diametro, double stretch,
+                               double angulo, int paredes, int corrigeEixo, int deFora);
+  /// Drills from a point of an elevation, away from the viewer. `eNotApplicable` in any other view.
+  Acad::ErrorStatus FurarVista(AcGePoint3d p, double profundidade, double diametro, double stretch, double angulo,
+                               int paredes, int angRelativo);
+  /// The walls that a line passes, as pairs: position, then the vector through the wall.
+  void FurosInters(AcGeVector3d origem, AcGeVector3d dir, AcArray<AcGeVector3d>& saida, int paredes, int deFora) const;
   /// Replaces the list here only; nothing is drawn.
   Acad::ErrorStatus setFurosSemLink(const KrFuro& furos);
+  /// Replaces the list here and in the linked members.
+  Acad::ErrorStatus setFuros(const KrFuro* furos);
+  /// Replaces the holes (null: keeps them), audits and redraws here and in the linked members.
+  void AtualizaFuracao(const KrFuro* novos);
   /// Drops the holes that no longer lie in the member.
   void AuditFuros();
+  Acad::ErrorStatus AddFuro(const KrVector& elemento, KrVistas vista);
+  Acad::ErrorStatus getFurosBarra(KrObjectArray<KrVector>& lista) const;
+  /// First element of hole i in the current view, face on or edge on; 1, or 0.
+  int getFuroVertex(KrVector*& elemento, int i);
+  int getFuroVertex(KrVector*& elemento, int i, int& lugar);
+  void RemoveFuro(int i);
+  void RemoveFuros() { RemoveMods(ModFuro, -1); }
+  /// World coordinates of a hole that runs towards the viewer, or (`Trace`) across the view.
+  Acad::ErrorStatus wcsCoordFuro(int i, AcGePoint3d& p, double& diametro, double& stretch, double& angulo,
+                                 int testaParede) const;
+  Acad::ErrorStatus wcsCoordFuroTrace(int i, AcGePoint3d& p1, AcGePoint3d& p2, double& diametro, double& stretch,
+                                      double& angulo, int testaParede) const;
+  Acad::ErrorStatus wcsCoordFuroCommon(int i, AcGePoint3d& p1, AcGePoint3d& p2, double& diametro, double& stretch,
+                                       double& angulo, int testaParede, unsigned long classes, int* classe) const;
+  Acad::ErrorStatus moveFurosVista(const AcGeVector3d& v, const AcArray<int>& indices);
+  Acad::ErrorStatus highlightFuro(int i);
+  void highlightFuros();
   /// Draws hole i in the current view.
   void KrVector_InFur(int i);
+  /// Adds the trace of hole i to a section view.
+  void KrVector_InFurTrace(KrGeratriz* g, KrFuro* furos, int i);
   /// Removes from the current view's list all elements of holes; the record stays.
   void removeFuros();
+
+  // --- Cuts ----------------------------------------------------------------------------------------------------------
+
+  Acad::ErrorStatus Corte(const AcGeLinearEnt3d& linha, AcGePoint3d& lado, int reservado, int cortaEixo);
+  void RegistraCorte(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d& lado);
+  void AplicaCorte(int i, int reservado, int cortaEixo) { AplicaCorte(i, reservado, cortaEixo, 0); }
+  void AplicaCorte(int i, int reservado, int cortaEixo, int semGiro);
+  void AplicaCortes(int semGiro);
+  void AplicaCortes() { AplicaCortes(0); }
+  /// The trace of cut i in the current view, with the point on its thrown-away side; 1, or 0.
+  int GetLinhaCorte(AcGeLine3d& linha, AcGePoint3d& lado, int i) const { return GetLinhaCorte(linha, lado, i, 0); }
+  int GetLinhaCorte(AcGeLine3d& linha, AcGePoint3d& lado, int i, int semGiro) const;
+  Acad::ErrorStatus getCortes(KrPlanoCorte& saida, int naVista) const;
+  Acad::ErrorStatus addCortes(const KrPlanoCorte& lista, int daVista);
+  /// How many cuts stand at an end of the bar as drawn, and which; -1 without a frame.
+  int getCortesExtremidade(int extremo, AcArray<int>* saida) const;
+  int getCortesExtremidade(int extremo, AcArray<int>& saida) const { return getCortesExtremidade(extremo, &saida); }
+  void RemoveCortes() { RemoveMods(ModCorte, -1); }
+  void RemoveCortes(int extremo, int regenera);
+  Acad::ErrorStatus moveCortesVista(const AcGeVector3d& v, const AcArray<int>& indices);
+  /// Drops the cuts that left no edge in the current view.
+  void deleteModifiersNotVisible();
+
+  // --- Notches: the clipper and what stands on it
+  // --------------------------------------------------------------------
+
+  /// The real notch, from the view's coordinates: tested, and stored. `eNotApplicable` when refused, nothing changed.
+  Acad::ErrorStatus Recorte(const AcArray<AcGePoint2d>& pontos, const AcArray<double>& bulges, AcGePoint2d& lado);
+  /// The picture of a notch only: clips the current list and stores nothing. `saida` gets pointers to the new edges.
+  Acad::ErrorStatus RecorteVisual(const AcArray<AcGePoint2d>& pontos, const AcArray<double>& bulges, AcGePoint2d& lado,
+                                  int atualizaEixo, AcArray<void*>* saida);
+  Acad::ErrorStatus RecorteVisual(const AcArray<AcGePoint2d>& pontos, const AcArray<double>& bulges, AcGePoint2d& lado,
+                                  int atualizaEixo, RecorteOutLinesOpts opcoes, AcArray<void*>* saida);
+  Acad::ErrorStatus RecHideVisual(const AcArray<AcGePoint2d>& pontos, const AcArray<double>& bulges, AcGePoint2d& lado);
+  /// The one clipper: splits every element where it meets the polygon and judges each piece by its mid point.
+  static void RecorteKrVectorArray(RecKrVectorArrayArgs& args);
+  static void RecorteKrVectorArray(KrObjectArray<KrVector>& elementos, const AcArray<AcGePoint2d>& pontos,
+                                   const AcArray<double>& bulges, const AcGePoint2d& lado, int manterFora,
+                                   RecorteOutLinesOpts modo);
+  static void RecorteKrVectorArray(KrObjectArray<KrVector>& vectors, const AcArray<AcGePoint2d>& pontos,
+                                   const AcArray<double>& bulges, const AcGePoint2d& pontoInterno, int manterFora);
+  static void RecHideKrVectorArray(KrObjectArray<KrVector>& vectors, const AcArray<AcGePoint2d>& pontos,
+                                   const AcArray<double>& bulges, const AcGePoint2d& pontoInterno);
+  Acad::ErrorStatus AplicaRecorte(int i);
+  Acad::ErrorStatus AplicaRecorte(int i, const AcGeMatrix2d& m, int arranjo, int espelho);
+  Acad::ErrorStatus AplicaRecortes();
+  void RemoveRecortes() { RemoveMods(ModRecorte, -1); }
+  void RemoveRecortes(int extremo, int regenera);
+  /// The matrix from bar coordinates (x along the bar, y across it, from the section's start) to the current view at
+  /// 1:1, the array that shows in it, and whether it mirrors. Status 1 outside an elevation.
+  Acad::ErrorStatus recorteXForm(AcGeMatrix2d& m, int& arranjo, int& espelho) const;
+  Acad::ErrorStatus addRecortesWCS(const KrObjectRecorteArray& lista);
+  Acad::ErrorStatus getRecortesWCS(KrObjectRecorteArray& saida) const;
+  /// `saida` points to two lists, one for each array.
+  void getRecortesExtremidade(int extremo, AcArray<int>* saida) const;
+  /// Closed contours of the current view or of a list; each entry is a new KrObjectArray<KrVector> owned by the caller.
+  int Contornos(AcArray<void*>& saida) const;
+  static int Contornos(const KrObjectArray<KrVector>& lista, AcArray<void*>& saida);
+  static void pontosDeCortePorContorno(const KrObjectArray<KrVector>& contorno, AcArray<AcGePoint2d>& pontos,
+                                       AcArray<double>& bulges);
+  /// A point inside or outside a polygon; always 1, and `p` stays when none was found.
+  static int pointInsideBorders(const AcArray<AcGePoint2d>& pontos, const AcArray<double>& bulges, AcGePoint2d& p);
+  static int pointOutsideBorders(const AcArray<AcGePoint2d>& pontos, const AcArray<double>& bulges, AcGePoint2d& p);
+  Acad::ErrorStatus moveRecortesVista(const AcGeVector3d& v, const AcArray<int>* indices);
+
+  // --- Splits --------------------------------------------------------------------------------------------------------
+
+  /// Appends a split and regenerates, with `adia` nonzero at close. The last index.
+  int addSplit(const KrObjectSplit& split, int adia);
+  /// Sets `zPos` from a point of the view.
+  Acad::ErrorStatus adjustSplit(KrObjectSplit& split, const AcGePoint3d& p) const;
+  /// Place of split i in the view; 1 or 0.
+  int splitPoint(int i, AcGePoint3d& p) const;
 
   // --- Removing modifiers --------------------------------------------------------------------------------------------
 
@@ -358,6 +580,18 @@ class KrObject : public AcDbEntity {
   // --- What a concrete class tells of itself (slot order kept)
   // --------------------------------------------------------
 
+  /// Cuts by a polygon made of drawn elements: a notch. Always `eOk`.
+  virtual Acad::ErrorStatus Corte(KrObjectArray<KrVector>& elementos, AcGePoint3d& lado);
+  /// The interactive cut: by the line p1 p2, throwing away the side of `lado`. `eNotApplicable` when refused.
+  virtual Acad::ErrorStatus Corte(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d& lado, int reservado, int cortaEixo);
+  /// Trims the list of `vista`; with `indice` 0 or more the new edges are tagged with it.
+  virtual Acad::ErrorStatus CorteVista(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d& lado, KrVistas vista,
+                                       int reservado, int cortaEixo, int indice);
+  virtual Acad::ErrorStatus CorteVista(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d& lado, KrVistas vista,
+                                       int reservado, int cortaEixo);
+  /// Cuts along an edge: no plane is stored.
+  virtual Acad::ErrorStatus CorteArestaVista(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d& lado, KrVistas vista,
+                                             int reservado, int cortaEixo);
   virtual void getPerfilUsr(ACHAR* buffer) const;
   virtual void getPerfil(ACHAR* buffer) const;
   virtual void getDimensoes(ACHAR* buffer) const;
@@ -396,6 +630,23 @@ class KrObject : public AcDbEntity {
   void subList() const override;
   Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus subGetTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copia) const override;
+  Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
+
+  /// Makes the reference line in an elevation that has none. `eNotApplicable` in a section and without an outline.
+  Acad::ErrorStatus generateEixoBarra();
+  /// Makes the reference line meet the bar's ends again.
+  Acad::ErrorStatus updateEixoBarra(int propaga);
+  /// Moves one end of the reference line along it by d, drawn; what is stored along the bar keeps its place on the
+  /// steel. `eNotApplicable` in a section, without a direction, or when the line would turn over.
+  Acad::ErrorStatus offsetEixoBarraEnd(double d, int propaga);
+  Acad::ErrorStatus offsetEixoBarraStart(double d, int propaga);
+  /// Pointer to the axis line (`barra` 0) or the reference line of a view; `eNotApplicable` without.
+  Acad::ErrorStatus getVectorEixo(KrVistas vista, KrVector*& e, int barra);
+  Acad::ErrorStatus getVectorEixo(KrVistas vista, const KrVector*& e, int barra) const;
+
+  // The places of the modifiers in the regeneration, in their order: splits, AplicaCortes, AplicaRecortes, limits.
+  void AplicaSplits();
+  void AplicaRepLimits();
 
   /// The section outline, for the classes that write it.
   KrGeratriz& outline() { return secao_; }
@@ -419,9 +670,10 @@ class KrObject : public AcDbEntity {
   void addEdgeOnHole(KrVistas vista, const AcGeVector3d& n1, const AcGeVector3d& n2, const AcGeVector3d& base,
                      double rot);
   void addAxis(KrVistas vista, double bulge, double rot);
-  void KrVector_InFurTrace(int i);
   void ExecutaVertexScale(double a, double b, double c);
   void ExecutaVertexScale(double a, double b, double c, const AcGePoint3d& base);
+  void ExecutaDimScale(double a, double b, double c);
+  void ExecutaPosScale(double a, double b, double c);
   void drawOblong(AcGiWorldDraw* draw, const KrVector& v, bool dragging) const;
   /// The layer of an element: by its hidden flag, its type, its role, in this order.
   static AcDbObjectId layerOf(const KrVector& v, AcDbObjectId entityLayer);
@@ -432,14 +684,23 @@ class KrObject : public AcDbEntity {
   void readHoles(AcDbDwgFiler* filer);
   void deleteExtensions();
   void RemoveMods(int mods, int indice, int regenerar);
-  bool removeModsHere(int mods, int indice);
+  /// Removes here alone; the kinds (ObjMods, combined) of which something went.
+  int removeModsHere(int mods, int indice);
   KrObjectExtension* accessKrObjectExtension(unsigned id) const;
 
-  // The places of the modifiers in the regeneration, in their order.
-  void AplicaSplits();
-  void AplicaCortes();
-  void AplicaRecortes();
-  void AplicaRepLimits();
+  /// Opens linked member `indice`. `opcoes` bit 0: opening for write marks this member as changed too; bit 1: a member
+  /// that doesn't open is dropped from the list. `eNotApplicable` without a valid id, `eInvalidIndex` outside the list.
+  Acad::ErrorStatus krOpenSon(KrObject*& filho, int indice, AcDb::OpenMode modo, int abrirApagado,
+                              unsigned long opcoes);
+  /// Runs `change` on each linked member in order, open for write, its layer unlocked meanwhile. One that doesn't open
+  /// is skipped. Nothing without a valid id.
+  template <class Change>
+  void forEachLinked(Change change);
+  /// Copies what modifies the bar to a linked member: holes, cuts, notches, length.
+  void opDataCopyTo(KrObject& destino) const;
+  /// Brings modifiers, and on request length and outline, to every linked member.
+  Acad::ErrorStatus copyDataToLinked(unsigned long mascara, int regenerar, int comprimento, int secao);
+
   void SetToProjeto(int projeto, double fator);
   void AplicaCropping();
 

@@ -40,6 +40,13 @@ enum KrObjectType : int { Objeto = 10, Vista = 11 };
 /// The kinds of modifier, as bit flags.
 enum ObjMods : int { ModFuro = 1, ModCorte = 2, ModRecorte = 4, ModSplit = 8 };
 
+/// What the clipper does with a piece that is to go.
+enum RecorteOutLinesOpts : int {
+  RemoveOutLines = 0,  ///< removes it
+  HideOutLines = 1,    ///< hides it
+  OcultaOutLines = 2   ///< turns it into a hidden line
+};
+
 /// Format version of a member as filed; the newest is kKrObjectVersion.
 enum Version : int {};
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "editing/Links.h"
 #include "object/KrObject.h"
 
 // The two arrays of notches are told apart by the real view: those of "Superior" and "Inferior" stand in the second.
@@ -100,16 +101,16 @@ void KrObject::deleteExtensions() {
 // --- Removing
 // ----------------------------------------------------------------------------------------------------------
 
-bool KrObject::removeModsHere(int mods, int indice) {
-  bool removed = false;
+int KrObject::removeModsHere(int mods, int indice) {
+  int removed = 0;
   const auto from = [&](int kind, int count, auto clear, auto removeAt) {
     if ((mods & kind) == 0 || count == 0) return;
     if (indice == -1) {
       clear();
-      removed = true;
+      removed |= kind;
     } else if (indice >= 0 && indice < count) {
       removeAt();
-      removed = true;
+      removed |= kind;
     }
   };
   from(
@@ -131,13 +132,11 @@ bool KrObject::removeModsHere(int mods, int indice) {
 
 void KrObject::RemoveMods(int mods, int indice, int regenerar) {
   assertWriteEnabled();
-  if (!removeModsHere(mods, indice) || !hasValidId() || regenerar == 0) return;
+  const int removed = removeModsHere(mods, indice);
+  if (removed == 0 || !hasValidId() || regenerar == 0) return;
   Gera_KrVector();
-  for (int i = 0; i < relativeObj_.length(); ++i) {
-    KrObject* linked = nullptr;
-    if (acdbOpenObject(linked, relativeObj_[i], AcDb::kForWrite) != Acad::eOk) continue;
-    linked->removeModsHere(mods, -1);
-    linked->Gera_KrVector();
-    linked->close();
-  }
+  forEachLinked([removed](KrObject& linked) {
+    linked.removeModsHere(removed, -1);
+    linked.Gera_KrVector();
+  });
 }

@@ -114,6 +114,29 @@ KrVistas KrObject::GetVistaReal(int& invertida) const {
   }
 }
 
+int KrObject::isInverted(KrVistas vista, Acad::ErrorStatus& status) {
+  status = isSecao(vista) == Acad::eNotApplicable ? Acad::eOk : Acad::eInvalidInput;
+  return vista == Inferior || vista == Esquerda ? 1 : 0;
+}
+
+int KrObject::isInverted(KrVistas vista) {
+  Acad::ErrorStatus ignored = Acad::eOk;
+  return isInverted(vista, ignored);
+}
+
+bool KrObject::verifyInversion(KrVistas a, KrVistas b, Acad::ErrorStatus& status) {
+  Acad::ErrorStatus second = Acad::eOk;
+  const int first = isInverted(a, status);
+  const bool differ = first != isInverted(b, second);
+  if (second != Acad::eOk) status = second;
+  return differ;
+}
+
+bool KrObject::verifyInversion(KrVistas a, KrVistas b) {
+  Acad::ErrorStatus ignored = Acad::eOk;
+  return verifyInversion(a, b, ignored);
+}
+
 AcGeVector3d KrObject::direction() const {
   AcGePoint3d a, b;
   if (GetPointsOfEixo(a, b, 1) != Acad::eOk) return {0, 0, 0};
