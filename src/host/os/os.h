@@ -1,6 +1,7 @@
 #pragma once
 
 /// The few operating-system names that members and the host use.
+#include "host/os/CodePage.h"
 #include "host/os/DynamicLibrary.h"
 #include "host/os/Environment.h"
 #include "host/os/FileSystem.h"
