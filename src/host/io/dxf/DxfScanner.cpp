@@ -1,0 +1,58 @@
+#include "host/io/dxf/DxfScanner.h"
+
+#include <algorithm>
+
+namespace krio::dxf {
+
+Scanner::Scanner(std::span<const std::byte> bytes)
+    : begin_(reinterpret_cast<const char*>(bytes.data())),
+      end_(begin_ + bytes.size()),
+      cursor_(begin_),
+      start_(begin_) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (std::string_view(begin_, bytes.size()).starts_with(kByteOrderMark)) cursor_ += kByteOrderMark.size();
+}
+
+bool Scanner::oddCode() {
+  const char* p = cursor_;
+  while (p != end_ && (*p == ' ' || *p == '\t' || *p == '\r' || *p == '\n' || *p == '\x1a')) ++p;
+  if (p == end_) {
+    // Blank lines and the old mark of an end behind the last group.
+    cursor_ = end_;
+    return false;
+  }
+  const char* q = cursor_;
+  while (q != end_ && (*q == ' ' || *q == '\t')) ++q;
+  const bool negative = q != end_ && *q == '-';
+  if (negative || (q != end_ && *q == '+')) ++q;
+  int code = 0;
+  const char* const digits = q;
+  for (; q != end_ && *q >= '0' && *q <= '9' && code <= kMaxCode; ++q) code = code * 10 + (*q - '0');
+  if (q == digits || code > kMaxCode) {
+    fault_ = true;
+    return false;
+  }
+  return oddCode(q, negative ? -code : code);
+}
+
+bool Scanner::oddCode(const char* p, int code) {
+  while (p != end_ && (*p == ' ' || *p == '\t' || *p == '\r')) ++p;
+  if (p != end_ && *p != '\n') {
+    fault_ = true;
+    return false;
+  }
+  cursor_ = p != end_ ? p + 1 : end_;
+  group_.code = code;
+  return true;
+}
+
+void Scanner::skipLine() {
+  line();
+  fault_ = false;
+}
+
+std::int64_t Scanner::lineNumberAt(std::size_t place) const {
+  return 1 + std::count(begin_, begin_ + std::min(place, size()), '\n');
+}
+
+}  // namespace krio::dxf
