@@ -1,7 +1,9 @@
 // A member's frames and views: the passage from the section to the drawing, and what a turned section really shows.
 
 #include <cmath>
+#include <utility>
 
+#include "host/companion/companion.h"
 #include "object/KrObject.h"
 
 namespace {
@@ -28,6 +30,15 @@ int rounded(double quarters) {
   const double whole = std::trunc(quarters);
   return static_cast<int>(whole) + (quarters - whole >= 0.5 ? 1 : 0);
 }
+
+/// Where the section's side that each elevation shows points to, in the section.
+AcGeVector3d shownSideOf(KrVistas vista) {
+  static const AcGeVector3d sides[] = {{0, 1, 0}, {0, -1, 0}, {-1, 0, 0}, {1, 0, 0}};
+  return sides[static_cast<int>(vista) - 1];
+}
+
+/// How far a section may stand from a whole quarter, in quarters, upward only.
+constexpr double kQuarterTolerance = 0.0002;
 
 }  // namespace
 
@@ -135,6 +146,62 @@ bool KrObject::verifyInversion(KrVistas a, KrVistas b, Acad::ErrorStatus& status
 bool KrObject::verifyInversion(KrVistas a, KrVistas b) {
   Acad::ErrorStatus ignored = Acad::eOk;
   return verifyInversion(a, b, ignored);
+}
+
+bool KrObject::isRetRotated() const {
+  int quarters = 0;
+  return isRetRotated(quarters);
+}
+
+// Only what stands above the integer part counts: a hair short of a whole quarter is no quarter.
+bool KrObject::isRetRotated(int& quartos) const {
+  assertReadEnabled();
+  const double quarters = angleSecao_ / (kPi / 2);
+  quartos = rounded(quarters);
+  return std::fabs(quarters - std::trunc(quarters)) < kQuarterTolerance;
+}
+
+Acad::ErrorStatus KrObject::orthoRotateSec(int sentido) {
+  assertWriteEnabled();
+  angleSecao_ = GetAngle(angleSecao_ + (sentido == 0 ? kPi / 2 : -kPi / 2));
+  return Acad::eOk;
+}
+
+void KrObject::switchToVista(KrVistas vista) {
+  assertWriteEnabled();
+  if (vista == vista_ || isSecao() != Acad::eNotApplicable || isSecao(vista) != Acad::eNotApplicable) return;
+  if (!isRetRotated()) return;
+  AcGeVector3d towards = AcGeVector3d::kZAxis;
+  if (vistaToSecaoXForm(towards) != Acad::eOk) return;
+  KrVector* axis = nullptr;
+  KrVector* reference = nullptr;
+  if (getVectorEixo(vista_, axis, 0) != Acad::eOk || getVectorEixo(vista_, reference, 1) != Acad::eOk) return;
+
+  // The section turns so that the side which faced the viewer is the side that the new view shows; by whole quarters,
+  // or the next switch would refuse what rounding left.
+  const AcGeVector3d side = shownSideOf(vista);
+  const double turn = std::atan2(side.y, side.x) - std::atan2(towards.y, towards.x);
+  const double quarters = std::round(GetAngle(turn) / (kPi / 2));
+  KrVector newAxis = *axis;
+  KrVector newReference = *reference;
+  if (verifyInversion(vista)) {
+    newAxis.set(axis->endPoint(), axis->startPoint());
+    newAxis.setHidden(axis->hidden());
+    newReference.set(reference->endPoint(), reference->startPoint());
+    std::swap(startPoint_, endPoint_);
+    angleVista_ = GetAngle(angleVista_ + kPi);
+    std::swap(zCoordIni_, zCoordEnd_);
+    visualRepStart_ = 1 - std::exchange(visualRepEnd_, 1 - visualRepStart_);
+  }
+  angleSecao_ = quarters >= 4 ? 0.0 : quarters * (kPi / 2);
+  vertexList(vista_).Clear();
+  vista_ = vista;
+  // The new view starts from the two lines alone: what its list held stands where the bar stood when it was made.
+  KrObjectArray<KrVector>& lista = vertexList(vista_);
+  lista.Clear();
+  lista.append(newReference);
+  lista.append(newAxis);
+  Gera_KrVector();
 }
 
 AcGeVector3d KrObject::direction() const {
