@@ -1,10 +1,8 @@
 #include "host/companion/PolygonFence.h"
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
 
-PolygonFence::PolygonFence(const AcGeLinearEnt2d& line, AcArray<AcGePoint2d>& out)
+PolygonFence::PolygonFence(const AcGeLinearEnt2d& line, AcArray<AcGePoint2d>* out)
     : m_out(out),
       m_base(line.pointOnLine()),
       m_along(line.direction()),
@@ -33,21 +31,9 @@ void PolygonFence::Run::extend(const Run& other) {
   extend(other.first, other.high);
 }
 
-int PolygonFence::sideOf(double height) const {
-  if (std::fabs(height) <= m_tol) return 0;
-  return height > 0.0 ? 1 : -1;
-}
-
-void PolygonFence::begin(const AcGePoint2d& p) {
-  step(p, heightOf(p));
-}
-
-bool PolygonFence::step(const AcGePoint2d& p, double height) {
-  m_here = p;
-  m_height = height;
-  const int side = sideOf(height);
+bool PolygonFence::change(int side) {
   if (side == 0) {
-    (m_firstSide == 0 ? m_head : m_run).extend(p, placeOf(p));
+    (m_firstSide == 0 ? m_head : m_run).extend(m_here, placeOf(m_here));
     return false;
   }
   const int before = m_side;
@@ -60,35 +46,28 @@ bool PolygonFence::step(const AcGePoint2d& p, double height) {
   return !run.any;
 }
 
-void PolygonFence::straightTo(const AcGePoint2d& p) {
-  const AcGePoint2d from = m_here;
-  const double h0 = m_height;
-  const double h1 = heightOf(p);
-  if (step(p, h1)) cross(from + (p - from) * (h0 / (h0 - h1)));
-}
-
-void PolygonFence::arcTo(const AcGeCircArc2d& arc) {
-  const double sense = arc.isClockWise() ? -1.0 : 1.0;
+void PolygonFence::arcTo(const PolygonArc& arc) {
+  const AcGePoint2d centre = arc.curve.center();
+  const AcGePoint2d end = centre + arc.toEnd;
+  const double height = heightOf(centre);
+  const double radius = arc.curve.radius();
   const AcGeVector2d across = m_along.perpVector();
-  const double centre = heightOf(arc.center());
-  const double half = std::sqrt(std::max(0.0, (arc.radius() - centre) * (arc.radius() + centre)));
-  double from = 0.0;
-  const auto walkTo = [&](double to, const AcGePoint2d& p, double height) {
-    // A piece between two places parallel to the line stays on one side of the centre.
-    if (step(p, height)) {
-      const AcGeVector2d middle = AcGeVector2d(arc.refVec()).rotateBy(sense * (from + to) / 2.0);
-      cross(arc.center() + across * -centre + m_along * (middle.dotProduct(m_along) >= 0.0 ? half : -half));
-    }
-    from = to;
+  const auto walkTo = [&](const AcGePoint2d& p, double to) {
+    const bool rises = to > m_height;
+    if (!step(p, to)) return;
+    // Between two places parallel to the line an arc rises on one side of its centre and falls on the other.
+    const double half = std::sqrt(std::max(0.0, (radius - height) * (radius + height)));
+    cross(centre + across * -height + m_along * (rises == (arc.sense > 0.0) ? half : -half));
   };
-  // The two places where the arc's circle runs parallel to the line, a half turn apart, in the order of the walk.
-  const double top = AcGeVector2d(arc.refVec().dotProduct(across), sense * arc.refVec().crossProduct(across)).angle();
-  const double first = top < kAcGePi ? top : top - kAcGePi;
-  const double side = top < kAcGePi ? arc.radius() : -arc.radius();
-  const double sweep = arc.endAng();
-  if (first < sweep) walkTo(first, arc.center() + across * side, centre + side);
-  if (first + kAcGePi < sweep) walkTo(first + kAcGePi, arc.center() - across * side, centre - side);
-  walkTo(sweep, arc.endPoint(), heightOf(arc.endPoint()));
+  if (std::fabs(height) <= radius + m_tol) {
+    // The two places where the arc's circle runs parallel to the line, a half turn apart, in the order of the walk.
+    const double ahead = arc.sense * arc.toStart.crossProduct(across);
+    const bool up = ahead > 0.0 || (ahead == 0.0 && arc.toStart.dotProduct(across) > 0.0);
+    const double first = up ? radius : -radius;
+    if (arc.passes(up ? across : -across, true)) walkTo(centre + across * first, height + first);
+    if (arc.passes(up ? -across : across, false)) walkTo(centre - across * first, height - first);
+  }
+  walkTo(end, heightOf(end));
 }
 
 void PolygonFence::close() {
@@ -104,12 +83,12 @@ void PolygonFence::close() {
 
 void PolygonFence::cross(const AcGePoint2d& p) {
   const double at = placeOf(p);
-  if (at > m_low && at < m_high) m_out.append(p);
+  if (at > m_low && at < m_high) add(p);
 }
 
 void PolygonFence::cross(const Run& run) {
   if (m_low >= m_high || run.high <= m_low || run.low >= m_high) return;
   const double at = placeOf(run.first);
   const double within = std::clamp(at, m_low, m_high);
-  m_out.append(within == at ? run.first : m_base + m_along * within);
+  add(within == at ? run.first : m_base + m_along * within);
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+
+#include "host/companion/PolygonArc.h"
 #include "host/ge/ge.h"
 #include "host/rx/AcArray.h"
 
@@ -13,16 +17,24 @@
 /// changes are even in number whatever the rounding, so that the parity holds.
 class PolygonFence {
  public:
-  /// Crossings go to out. The line must have a direction.
-  PolygonFence(const AcGeLinearEnt2d& line, AcArray<AcGePoint2d>& out);
+  /// Crossings go to out, or with null are counted alone. The line must have a direction.
+  PolygonFence(const AcGeLinearEnt2d& line, AcArray<AcGePoint2d>* out);
 
   /// Starts the walk.
-  void begin(const AcGePoint2d& p);
-  void straightTo(const AcGePoint2d& p);
+  void begin(const AcGePoint2d& p) { step(p, heightOf(p)); }
+  void straightTo(const AcGePoint2d& p) {
+    const AcGePoint2d from = m_here;
+    const double h0 = m_height;
+    const double h1 = heightOf(p);
+    if (step(p, h1)) cross(from + (p - from) * (h0 / (h0 - h1)));
+  }
   /// Walks the arc, which starts where the walk stands.
-  void arcTo(const AcGeCircArc2d& arc);
+  void arcTo(const PolygonArc& arc);
   /// Ends the walk where it began: decides on the run there.
   void close();
+
+  /// The crossings met so far.
+  int count() const { return m_count; }
 
  private:
   /// A stretch of the walk on the line.
@@ -39,18 +51,33 @@ class PolygonFence {
   double heightOf(const AcGePoint2d& p) const { return m_along.crossProduct(p - m_base); }
   double placeOf(const AcGePoint2d& p) const { return m_along.dotProduct(p - m_base); }
   /// 1 on the left of the line, -1 on the right, 0 within the tolerance of it.
-  int sideOf(double height) const;
+  int sideOf(double height) const {
+    if (std::fabs(height) <= m_tol) return 0;
+    return height > 0.0 ? 1 : -1;
+  }
   /// Takes in the next end of a piece. True when the piece itself crosses, between this end and the one before.
-  bool step(const AcGePoint2d& p, double height);
+  bool step(const AcGePoint2d& p, double height) {
+    m_here = p;
+    m_height = height;
+    const int side = sideOf(height);
+    return side == m_side && side != 0 && !m_run.any ? false : change(side);
+  }
+  /// The walk has come to another side than the last one, or to the line, or from it.
+  bool change(int side);
   void cross(const AcGePoint2d& p);
   void cross(const Run& run);
+  void add(const AcGePoint2d& p) {
+    ++m_count;
+    if (m_out != nullptr) m_out->append(p);
+  }
 
-  AcArray<AcGePoint2d>& m_out;
+  AcArray<AcGePoint2d>* m_out;
   AcGePoint2d m_base;
   AcGeVector2d m_along;
   double m_low;  ///< The open range of places that count.
   double m_high;
   double m_tol;
+  int m_count = 0;
 
   AcGePoint2d m_here;
   double m_height = 0.0;

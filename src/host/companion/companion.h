@@ -6,3 +6,4 @@
 #include "host/companion/KrConfigSection.h"
 #include "host/companion/KrGeLib.h"
 #include "host/companion/KrString.h"
+#include "host/companion/PolygonEdges.h"
