@@ -696,6 +696,12 @@ class KrObject : public AcDbEntity {
   /// is skipped. Nothing without a valid id.
   template <class Change>
   void forEachLinked(Change change);
+  /// Moves all that is stored along the bar by d, real size, towards the bar's end.
+  void shiftModifiers(double d);
+  /// Moves the ends of the reference line along it, drawn; false, and nothing moved, when it can't be.
+  bool offsetReference(double atStart, double atEnd);
+  /// Carries the move of an end of the reference line, real size, to the linked members.
+  void carryOffset(double real, bool atStart);
   /// Copies what modifies the bar to a linked member: holes, cuts, notches, length.
   void opDataCopyTo(KrObject& destino) const;
   /// Brings modifiers, and on request length and outline, to every linked member.
