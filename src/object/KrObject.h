@@ -22,6 +22,7 @@
 #include "records/KrVector.h"
 
 class KrConfigSection;
+class StrictDxfReader;
 
 /// Hole pattern handed over by the truss tools. Kept and filed whole; only the third word is read here.
 struct DclFuracao {
@@ -619,6 +620,10 @@ class KrObject : public AcDbEntity {
 
   Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
   Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+  /// DXF has less than DWG: no outline, holes, notches, scales, role, levels, links, extensions. A member with elements
+  /// doesn't read back, since an element writes a newer record than it reads.
+  Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;
+  Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const override;
   Acad::ErrorStatus audit(AcDbAuditInfo* info) override;
   Acad::ErrorStatus subClose() override;
   void saveAs(AcGiWorldDraw* draw, AcDb::SaveType type) override;
@@ -681,6 +686,9 @@ class KrObject : public AcDbEntity {
   Acad::ErrorStatus readModel(AcDbDwgFiler* filer);
   Acad::ErrorStatus readLinksAndOutline(AcDbDwgFiler* filer);
   bool readExtensions(AcDbDwgFiler* filer);
+  bool readIdentity(StrictDxfReader& in);
+  bool readPlacement(StrictDxfReader& in);
+  bool readCuts(StrictDxfReader& in);
   void readHoles(AcDbDwgFiler* filer);
   void deleteExtensions();
   void RemoveMods(int mods, int indice, int regenerar);

@@ -1,5 +1,8 @@
 #include "records/StrictDxfReader.h"
 
+#include <algorithm>
+#include <cstring>
+
 bool StrictDxfReader::take(int code) {
   if (ended_) return false;
   taken_ = filer_->readItem(&item_) == Acad::eOk;
@@ -34,6 +37,23 @@ bool StrictDxfReader::int32(std::int32_t& value, int code) {
 bool StrictDxfReader::point(AcGePoint3d& value, int code) {
   if (!take(code)) return false;
   value.set(item_.resval.rpoint[0], item_.resval.rpoint[1], item_.resval.rpoint[2]);
+  return true;
+}
+
+bool StrictDxfReader::text(const ACHAR*& value) {
+  constexpr int kText = 1;
+  if (!take(kText)) return false;
+  value = item_.resval.rstring;
+  return true;
+}
+
+bool StrictDxfReader::bytes(void* value, std::size_t size) {
+  constexpr int kChunk = 310;
+  if (!take(kChunk)) return false;
+  const ads_binary& chunk = item_.resval.rbinary;
+  const std::size_t given = chunk.clen > 0 ? std::min(size, static_cast<std::size_t>(chunk.clen)) : 0;
+  std::memset(value, 0, size);
+  if (given > 0) std::memcpy(value, chunk.buf, given);
   return true;
 }
 

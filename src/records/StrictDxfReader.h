@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "host/db/db.h"
@@ -20,6 +21,11 @@ class StrictDxfReader {
   bool int32(std::int32_t& value, int code = 90);
   /// Group 10, or another code with a point.
   bool point(AcGePoint3d& value, int code = 10);
+
+  /// Group 1: the filer's own text, which lasts until the next step.
+  bool text(const ACHAR*& value);
+  /// Group 310: as many bytes as the group has of the `size` wanted, zeros behind them.
+  bool bytes(void* value, std::size_t size);
 
   /// Ends the reading if what was read isn't acceptable.
   bool require(bool acceptable);

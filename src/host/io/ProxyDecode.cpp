@@ -9,6 +9,7 @@
 #include "host/io/ProxyChunks.h"
 #include "host/io/ProxyGraphics.h"
 #include "host/io/ProxyText.h"
+#include "host/io/dwg/BitReader.h"
 
 namespace krio {
 namespace {
@@ -63,7 +64,7 @@ class Cursor {
     const std::size_t zero = all.find('\0');
     if (zero == std::string_view::npos) return fail(), std::wstring();
     skipPadded(zero + 1);
-    return proxy::fromText(all.substr(0, zero));
+    return proxy::textPage().decode(all.substr(0, zero));
   }
 
   /// The same in units of 16 bits.
@@ -91,7 +92,7 @@ class Cursor {
     if (!front.empty()) std::memcpy(value, front.data(), size);
   }
   void skipPadded(std::size_t size) {
-    constexpr std::size_t kAlignment = 4;
+    constexpr std::size_t kAlignment = proxy::kTextAlignment;
     rest_ = rest_.subspan(std::min(rest_.size(), (size + kAlignment - 1) / kAlignment * kAlignment));
   }
 
@@ -109,6 +110,57 @@ std::vector<AcDbObjectId> recordsInFile(AcDbObjectId tableId, AcDbObjectId passe
     if (!id.isErased() && id != passedOver && id != passedOverToo) records.push_back(id);
   return records;
 }
+
+/// What of a lightweight polyline's data is drawn.
+struct LightPolyline {
+  AcGeVector3d normal = AcGeVector3d::kZAxis;
+  double elevation = 0.0;
+  bool closed = false;
+  std::vector<AcGePoint2d> points;
+  std::vector<double> bulges;
+
+  bool read(std::span<const std::uint8_t> bytes) {
+    enum : unsigned {
+      kNormal = 1,
+      kThickness = 2,
+      kWidth = 4,
+      kElevation = 8,
+      kBulges = 16,
+      kWidths = 32,
+      kClosed = 512
+    };
+    dwg::BitReader in(bytes);
+    const unsigned flags = in.bs();
+    if ((flags & kWidth) != 0) in.bd();
+    if ((flags & kElevation) != 0) elevation = in.bd();
+    if ((flags & kThickness) != 0) in.bd();
+    if ((flags & kNormal) != 0) {
+      const double x = in.bd();
+      const double y = in.bd();
+      normal.set(x, y, in.bd());
+    }
+    closed = (flags & kClosed) != 0;
+    const std::uint32_t count = in.bl();
+    const std::uint32_t bulged = (flags & kBulges) != 0 ? in.bl() : 0;
+    if ((flags & kWidths) != 0) in.bl();
+    // A point that repeats the one before takes 4 bits, a bulge at least 2.
+    if (count < 2 || !in.fits(count, 4) || !in.fits(bulged, 2)) return false;
+    points.reserve(count);
+    AcGePoint2d last(in.rd(), 0.0);
+    last.y = in.rd();
+    points.push_back(last);
+    while (points.size() < count) {
+      last.x = in.dd(last.x);
+      last.y = in.dd(last.y);
+      points.push_back(last);
+    }
+    for (std::uint32_t i = 0; i < bulged; ++i) bulges.push_back(in.bd());
+    return !in.failed() && isFinite(normal) && !normal.isZeroLength() && std::isfinite(elevation) &&
+           std::all_of(points.begin(), points.end(),
+                       [](auto& p) { return std::isfinite(p.x) && std::isfinite(p.y); }) &&
+           std::all_of(bulges.begin(), bulges.end(), [](double b) { return std::isfinite(b); });
+  }
+};
 
 class Player {
  public:
@@ -153,6 +205,8 @@ class Player {
         return in.points(in.number(), points_) && polyline();
       case Chunk::kPolygon:
         return in.points(in.number(), points_) && polygon();
+      case Chunk::kLightPolyline:
+        return lightPolyline(in);
       case Chunk::kMesh:
         return mesh(in);
       case Chunk::kShell:
@@ -207,6 +261,27 @@ class Player {
     if (!in.ok() || !isFinite(center) || !isFinite(normal) || !isFinite(start)) return false;
     if (!std::isfinite(radius) || !std::isfinite(sweep)) return false;
     return geometry_.circularArc(center, radius, normal, start, sweep, type) != 0;
+  }
+
+  /// The data of a lightweight polyline as a drawing holds it: straight and bulged edges in the plane of its normal.
+  bool lightPolyline(Cursor& in) {
+    const std::span<const std::byte> data = in.bytes(std::min(std::size_t(in.number()), in.left()));
+    LightPolyline line;
+    if (!line.read({reinterpret_cast<const std::uint8_t*>(data.data()), data.size()})) return false;
+    const AcGeMatrix3d toWorld = AcGeMatrix3d::planeToWorld(line.normal);
+    const auto at = [&](const AcGePoint2d& p) { return toWorld * AcGePoint3d(p.x, p.y, line.elevation); };
+    const std::size_t edges = line.points.size() - (line.closed ? 0 : 1);
+    for (std::size_t i = 0; i < edges; ++i) {
+      const AcGePoint2d from = line.points[i];
+      const AcGePoint2d to = line.points[(i + 1) % line.points.size()];
+      const AcGePoint3d ends[] = {at(from), at(to)};
+      const double bulge = i < line.bulges.size() ? line.bulges[i] : 0.0;
+      // The middle of the arc stands on the right of its chord for a bulge above zero.
+      const AcGeVector2d across((to - from).y, -(to - from).x);
+      const AcGePoint2d middle = from + (to - from) / 2.0 + across * (bulge / 2.0);
+      if (bulge == 0.0 ? geometry_.polyline(2, ends) : geometry_.circularArc(ends[0], at(middle), ends[1])) return true;
+    }
+    return false;
   }
 
   /// Rows and columns of points: the lines along both.

@@ -9,6 +9,7 @@
 
 #include "host/db/db.h"
 #include "host/gi/Recorder.h"
+#include "host/io/dwg/BitWriter.h"
 
 namespace {
 
@@ -47,10 +48,9 @@ class Stream {
   Stream& number(std::uint32_t value) { return put(value); }
   Stream& real(double value) { return put(value); }
   Stream& point(double x, double y, double z = 0) { return put(x).put(y).put(z); }
-  Stream& text(const char* text) {
-    const std::size_t length = std::strlen(text);
-    for (std::size_t i = 0; i < (length / 4 + 1) * 4; ++i)
-      bytes_.push_back(std::byte(i < length ? static_cast<unsigned char>(text[i]) : 0));
+  Stream& text(std::string text) {
+    text.resize((text.size() / 4 + 1) * 4);
+    for (const char c : text) bytes_.push_back(std::byte(c));
     return *this;
   }
   Bytes bytes() {
@@ -401,6 +401,30 @@ TEST_F(ProxyGraphics, ReadsAnEllipseByItsChords) {
   }
 }
 
+TEST_F(ProxyGraphics, ReadsALightweightPolylineEdgeByEdge) {
+  krio::dwg::BitWriter bits;
+  constexpr unsigned short kElevated = 8, kBulged = 16, kClosed = 512;
+  bits.bs(kElevated | kBulged | kClosed);
+  bits.bd(7);
+  bits.bl(3);
+  bits.bl(3);
+  bits.rd(0);
+  bits.rd(0);
+  bits.dd(4, 0);
+  bits.dd(0, 0);
+  bits.dd(4, 4);
+  bits.dd(2, 0);
+  for (const double bulge : {0.0, 1.0, 0.0}) bits.bd(bulge);
+  const auto data = bits.bytes();
+  Stream stream;
+  stream.chunk(33).number(std::uint32_t(data.size())).text(std::string(data.begin(), data.end()));
+  // A bulge of 1 is half a turn, counter-clockwise: from (4, 0) over (5, 1) to (4, 2).
+  EXPECT_EQ(toText(played(stream.bytes())),
+            "polyline (0 0 7) (4 0 7)\n"
+            "arc (4 0 7) (5 1 7) (4 2 7) r 1 n (0 0 1)\n"
+            "polyline (4 2 7) (0 0 7)\n");
+}
+
 TEST_F(ProxyGraphics, PassesOverChunksOfUnknownTypes) {
   Stream stream;
   stream.chunk(99).number(1).number(2).chunk(51).number(0x01000000).chunk(12).point(0, 0).point(1, 1);
@@ -458,7 +482,8 @@ TEST_F(ProxyGraphics, EveryBeginningOfAStreamIsSafe) {
 TEST_F(ProxyGraphics, AnyBytesAreSafe) {
   std::mt19937 random(7);
   Stream stream;
-  for (const std::uint32_t type : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U, 11U, 16U, 18U, 29U, 31U, 36U, 38U, 44U}) {
+  for (const std::uint32_t type :
+       {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U, 11U, 16U, 18U, 29U, 31U, 33U, 36U, 38U, 44U}) {
     stream.chunk(type);
     for (int i = 0; i < 40; ++i) stream.number(std::uint32_t(random() % 4 == 0 ? random() : random() % 5));
   }
