@@ -14,3 +14,14 @@ void KrObject::forEachLinked(Change change) {
     linked->close();
   }
 }
+
+template <class Change>
+void KrObject::forEachUnlockedLinked(Change change) {
+  if (!hasValidId()) return;
+  for (int i = 0; i < relativeObj_.length(); ++i) {
+    KrObject* linked = nullptr;
+    if (krOpenSon(linked, i, AcDb::kForWrite, 0, 1) != Acad::eOk) continue;
+    change(*linked);
+    linked->close();
+  }
+}

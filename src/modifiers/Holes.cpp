@@ -1,7 +1,8 @@
-// Holes: how the record in the section's frame reaches a view.
+// Holes: the record in the section's frame, how it is kept up, and how it reaches a view.
 
 #include <cmath>
 
+#include "editing/Links.h"
 #include "object/KrObject.h"
 #include "object/Rotation.h"
 
@@ -14,6 +15,15 @@ constexpr double kTraceReach = 2.0;
 
 AcGePoint3d asPoint(const AcGeVector3d& v) {
   return {v.x, v.y, v.z};
+}
+
+bool isFinite(const AcGeVector3d& v) {
+  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
+
+bool isFinite(const NoFuro& hole) {
+  return isFinite(hole.Ini) && isFinite(hole.Fim) && std::isfinite(hole.Diametro) && std::isfinite(hole.Stretch) &&
+         std::isfinite(hole.Angle);
 }
 
 }  // namespace
@@ -44,8 +54,49 @@ Acad::ErrorStatus KrObject::ajustaFuros(KrVistas vista, KrFuro& furos, const AcG
 
 Acad::ErrorStatus KrObject::setFurosSemLink(const KrFuro& furos) {
   assertWriteEnabled();
+  for (const NoFuro* hole = furos.getNode(0); hole != nullptr; hole = hole->next)
+    if (!isFinite(*hole)) return Acad::eInvalidInput;
   furos_ = furos;
   return Acad::eOk;
+}
+
+Acad::ErrorStatus KrObject::setFuros(const KrFuro* furos) {
+  if (furos == nullptr) return Acad::eInvalidInput;
+  if (const Acad::ErrorStatus es = setFurosSemLink(*furos); es != Acad::eOk) return es;
+  forEachUnlockedLinked([this](KrObject& linked) { linked.setFurosSemLink(furos_); });
+  return Acad::eOk;
+}
+
+void KrObject::AtualizaFuracao(const KrFuro* novos) {
+  assertWriteEnabled();
+  if (novos != nullptr && setFuros(novos) != Acad::eOk) return;
+  const auto redraw = [](KrObject& member) {
+    member.AuditFuros();
+    member.removeFuros();
+    if (member.isSecao() == Acad::eOk)
+      member.desenhaFurosSecao();
+    else
+      member.Gera_KrVector();
+  };
+  redraw(*this);
+  forEachUnlockedLinked(redraw);
+}
+
+Acad::ErrorStatus KrObject::AddFuro(const KrVector& elemento, KrVistas vista) {
+  return AddVertex(elemento, vista);
+}
+
+Acad::ErrorStatus KrObject::getFurosBarra(KrObjectArray<KrVector>& lista) const {
+  GetFuros(lista);
+  return Acad::eOk;
+}
+
+void KrObject::RemoveFuro(int i) {
+  assertWriteEnabled();
+  if (i < 0 || i >= furos_.Qtd()) return;
+  furos_.removeAt(i);
+  Gera_KrVector();
+  copyDataToLinked(ModFuro, 1, 0, 0);
 }
 
 void KrObject::AuditFuros() {
@@ -82,11 +133,18 @@ void KrObject::KrVector_InFur(int i) {
     Gera_KrVector();
 }
 
+// Real size within a regeneration, the drawing's scale at rest.
+AcGePoint3d KrObject::sectionAtScale(const AcGePoint3d& p) const {
+  AcGeVector3d along = Rotation(-angleVista_)(p - startPoint_);
+  along.set(along.x * xScale_, along.y * yScale_, along.z * zScale_);
+  return startPoint_ + Rotation(angleVista_)(along);
+}
+
 void KrObject::KrVector_InFurTrace(KrGeratriz* g, KrFuro* furos, int i) {
   AcGeVector3d ini = furos->getIni(i);
   AcGeVector3d fim = furos->getFim(i);
   AcGeVector3d origin = g->GetRefOrigin();
-  ini.z = fim.z = 0;
+  ini.z = fim.z = origin.z = 0;
   double angle = angleSecao_;
   if (vista_ == SecaoVerso) {
     ini.x = -ini.x;
@@ -95,18 +153,19 @@ void KrObject::KrVector_InFurTrace(KrGeratriz* g, KrFuro* furos, int i) {
     angle = -angle;
   }
   const Rotation turn(angle + angleVista_);
-  ini = origin + turn(ini - origin);
-  fim = origin + turn(fim - origin);
-  const AcGeVector3d move = startPoint_.asVector() - origin;
-  const auto place = [&](const AcGeVector3d& p) { return asPoint(p + move); };
+  const AcGePoint3d from = startPoint_ + turn(ini - origin);
+  const AcGePoint3d to = startPoint_ + turn(fim - origin);
 
-  KrVector centreLine(place(ini + (ini - fim) * kTraceReach), place(fim + (fim - ini) * kTraceReach), KR_VT_FURO_EIXO);
+  // The centre line keeps its length at any scale, as the marks of all holes do.
+  const AcGePoint3d middle = sectionAtScale(from + (to - from) / 2);
+  const AcGeVector3d reach = (to - from) * (0.5 + kTraceReach);
+  KrVector centreLine(middle - reach, middle + reach, KR_VT_FURO_EIXO);
   centreLine.setTypeEx(KR_VTX_FURO);
   centreLine.setIndexFur(i);
   vertexList(VistaCorrente).append(centreLine);
-  KrVector band(place(ini), place(fim), KR_VT_FURO_LINHA);
+  KrVector band(sectionAtScale(from), sectionAtScale(to), KR_VT_FURO_LINHA);
   // No absolute value here, unlike an elevation: a negative sine narrows the band.
-  band.setRaio((std::sin(furos->getAngle(i)) * furos->getStretch(i) + furos->getDiametro(i)) / 2);
+  band.setRaio((std::sin(furos->getAngle(i)) * furos->getStretch(i) + furos->getDiametro(i)) / 2 * yScale_);
   band.setTypeEx(KR_VTX_FURO);
   band.setIndexFur(i);
   vertexList(VistaCorrente).append(band);

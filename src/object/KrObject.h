@@ -439,38 +439,59 @@ class KrObject : public AcDbEntity {
   /// Turns a list of holes from the section to the orientation of a view. `eNotApplicable` for no view.
   Acad::ErrorStatus ajustaFuros(KrVistas vista, KrFuro& furos, const AcGePoint3d& ref) const;
   Acad::ErrorStatus ajustaFuros(KrFuro& furos, const AcGePoint3d& ref) const { return ajustaFuros(vista_, furos, ref); }
-  /// Drills from a point and a direction in terms of the section. `paredes`: -1 all walls, 0 those that the segment
-  /// passes, n the first n. `eOk` if a hole was made, else `eNotApplicable`.
+  /// Drills from a point in terms of the section: x and y in its plane about `startPoint`, z along the bar, real size,
+  /// and a direction in its plane. `paredes`: -1 all walls of the line, 0 those that the segment p to p + dir passes, n
+  /// the first n along `dir`, from outside, or with `deFora` nonzero from the first that the segment reaches.
+  /// `angulo` of an oblong hole counts as `NoFuro::Angle` for a direction towards -X, from the other side otherwise.
+  /// With `corrigeEixo` nonzero p.z counts from the axis line of the elevation. Draws here, and does the same in the
+  /// linked members. `eOk` if a hole was made; else `eNotApplicable`, also in the Projeto state and for numbers that
+  /// aren't finite.
   Acad::ErrorStatus FurarSecao(const AcGePoint3d& p, const AcGeVector2d& dir, double diametro, double stretch,
                                double angulo, int paredes, int corrigeEixo, int deFora);
-  /// Drills from a point of an elevation, away from the viewer. `eNotApplicable` in any other view.
+  /// Drills from a point of an elevation, away from the viewer, from the outermost face inwards by `profundidade`.
+  /// `paredes` as above; with `angRelativo` 1 `angulo` is the direction of an oblong hole in the drawing.
+  /// `eNotApplicable` in any other view, else `eOk`, whether or not a hole was made.
   Acad::ErrorStatus FurarVista(AcGePoint3d p, double profundidade, double diametro, double stretch, double angulo,
                                int paredes, int angRelativo);
-  /// The walls that a line passes, as pairs: position, then the vector through the wall.
+  /// The walls that a line of the section's plane passes, appended as pairs: position, then the vector through the
+  /// wall.
   void FurosInters(AcGeVector3d origem, AcGeVector3d dir, AcArray<AcGeVector3d>& saida, int paredes, int deFora) const;
-  /// Replaces the list here only; nothing is drawn.
+  /// Replaces the list here only; nothing is drawn. `eInvalidInput`, and nothing changed, for a number that isn't
+  /// finite.
   Acad::ErrorStatus setFurosSemLink(const KrFuro& furos);
-  /// Replaces the list here and in the linked members.
+  /// Replaces the list here and in the linked members that open.
   Acad::ErrorStatus setFuros(const KrFuro* furos);
   /// Replaces the holes (null: keeps them), audits and redraws here and in the linked members.
   void AtualizaFuracao(const KrFuro* novos);
   /// Drops the holes that no longer lie in the member.
   void AuditFuros();
+  /// Appends a drawn element to the list of a view.
   Acad::ErrorStatus AddFuro(const KrVector& elemento, KrVistas vista);
+  /// Appends every face-on hole of the current view.
   Acad::ErrorStatus getFurosBarra(KrObjectArray<KrVector>& lista) const;
   /// First element of hole i in the current view, face on or edge on; 1, or 0.
   int getFuroVertex(KrVector*& elemento, int i);
   int getFuroVertex(KrVector*& elemento, int i, int& lugar);
+  /// Removes hole i here and in the linked members, and regenerates. Nothing happens outside the list.
   void RemoveFuro(int i);
   void RemoveFuros() { RemoveMods(ModFuro, -1); }
-  /// World coordinates of a hole that runs towards the viewer, or (`Trace`) across the view.
+  /// Where a hole stands in the drawing, as the current view draws it: one that runs towards the viewer, or (`Trace`)
+  /// both ends of one across the view; diameter and stretch as recorded. With `testaParede` nonzero only a hole of an
+  /// outermost wall counts. `eInvalidIndex` outside the list; `eNotApplicable` for a hole without length or of another
+  /// class; then nothing is written.
   Acad::ErrorStatus wcsCoordFuro(int i, AcGePoint3d& p, double& diametro, double& stretch, double& angulo,
                                  int testaParede) const;
   Acad::ErrorStatus wcsCoordFuroTrace(int i, AcGePoint3d& p1, AcGePoint3d& p2, double& diametro, double& stretch,
                                       double& angulo, int testaParede) const;
+  /// The common body. `classes` is a sum of 1 (towards the viewer in an elevation, along the bar in a section), 2 (at
+  /// right angles to that) and 4 (askew); the class found goes to `classe`, which may be null.
   Acad::ErrorStatus wcsCoordFuroCommon(int i, AcGePoint3d& p1, AcGePoint3d& p2, double& diametro, double& stretch,
                                        double& angulo, int testaParede, unsigned long classes, int* classe) const;
+  /// Moves drawn holes by a displacement in the drawing, here and in the linked members, without regenerating. A hole
+  /// that isn't drawn stays, and one seen edge on moves only along the bar. `eNotApplicable` outside an elevation and
+  /// when none is left.
   Acad::ErrorStatus moveFurosVista(const AcGeVector3d& v, const AcArray<int>& indices);
+  /// Highlights the element of hole i; `eNotApplicable` when it has none.
   Acad::ErrorStatus highlightFuro(int i);
   void highlightFuros();
   /// Draws hole i in the current view.
@@ -636,6 +657,13 @@ class KrObject : public AcDbEntity {
   Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus subGetTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copia) const override;
   Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
+  Acad::ErrorStatus subGetSubentPathsAtGsMarker(AcDb::SubentType type, Adesk::GsMarker marker,
+                                                const AcGePoint3d& pickPoint, const AcGeMatrix3d& viewXform,
+                                                int& numPaths, AcDbFullSubentPath*& paths, int numInserts,
+                                                AcDbObjectId* entAndInsertStack) const override;
+  Acad::ErrorStatus subGetGsMarkersAtSubentPath(const AcDbFullSubentPath& path,
+                                                AcArray<Adesk::GsMarker>& markers) const override;
+  AcDbEntity* subSubentPtr(const AcDbFullSubentPath& path) const override;
 
   /// Makes the reference line in an elevation that has none. `eNotApplicable` in a section and without an outline.
   Acad::ErrorStatus generateEixoBarra();
@@ -668,13 +696,15 @@ class KrObject : public AcDbEntity {
   /// The elevation of an outline as it stands in space: `gera_Vista` on a working copy in which edges of no length,
   /// joints and arcs that turn back read as what they look like.
   void geraVistaPreparada(const KrGeratriz& secao, KrGeratriz& contorno, KrGeratriz& linhas, const KrFuro& furos) const;
-  void addHoleMarks(const KrGeratriz& secao, KrGeratriz& linhas, const KrFuro& furos) const;
+  static void addHoleMarks(const KrGeratriz& secao, KrGeratriz& linhas, const KrFuro& furos);
   void addEdges(KrVistas vista, const KrGeratriz& contorno, const AcGeVector3d& base);
   void addMarks(KrVistas vista, const KrGeratriz& linhas, const AcGeVector3d& base, double rot);
   void addFaceOnHole(KrVistas vista, const AcGeVector3d& no, const AcGeVector3d& base, double rot);
   void addEdgeOnHole(KrVistas vista, const AcGeVector3d& n1, const AcGeVector3d& n2, const AcGeVector3d& base,
                      double rot);
   void addAxis(KrVistas vista, double bulge, double rot);
+  /// Where a point of a section view at real size stands at the drawing scale.
+  AcGePoint3d sectionAtScale(const AcGePoint3d& p) const;
   void ExecutaVertexScale(double a, double b, double c);
   void ExecutaVertexScale(double a, double b, double c, const AcGePoint3d& base);
   void ExecutaDimScale(double a, double b, double c);
@@ -704,6 +734,9 @@ class KrObject : public AcDbEntity {
   /// is skipped. Nothing without a valid id.
   template <class Change>
   void forEachLinked(Change change);
+  /// The same, but layers stay as they are: a member on a locked layer is skipped too.
+  template <class Change>
+  void forEachUnlockedLinked(Change change);
   /// Moves all that is stored along the bar by d, real size, towards the bar's end.
   void shiftModifiers(double d);
   /// Moves the ends of the reference line along it, drawn; false, and nothing moved, when it can't be.

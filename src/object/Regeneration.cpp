@@ -83,14 +83,12 @@ void KrObject::regenerate(KrVistas vista) {
   work->outline = secao_;
   AuditFuros();
   ajustaGeratriz(vista, work->outline);
-  if (furos_.Qtd() != 0) {
+  // The shortened state shows no holes.
+  work->holes.Clear();
+  if (projeto_ == 0 && furos_.Qtd() != 0) {
     work->holes = furos_;
-    if (projeto_ == 0) {
-      const AcGeVector3d& origin = work->outline.GetRefOrigin();
-      ajustaFuros(vista, work->holes, AcGePoint3d(origin.x, origin.y, origin.z));
-    }
-  } else {
-    work->holes.Clear();
+    const AcGeVector3d& origin = work->outline.GetRefOrigin();
+    ajustaFuros(vista, work->holes, AcGePoint3d(origin.x, origin.y, origin.z));
   }
 
   if (elevation) {
