@@ -61,8 +61,8 @@ Acad::ErrorStatus KrObject::wcsCoordFuroCommon(int i, AcGePoint3d& p1, AcGePoint
     AcArray<AcGePoint2d> points;
     for (int k = 0; k < crossings.length(); ++k) points.append(inSection(crossings[k]));
     QuickSort(points, inSection(fim) - inSection(ini));
-    const bool outermost = !points.isEmpty() && (inSection(ini).isEqualTo(points.first()) ||
-                                                 inSection(fim).isEqualTo(points.last()));
+    const bool outermost =
+        !points.isEmpty() && (inSection(ini).isEqualTo(points.first()) || inSection(fim).isEqualTo(points.last()));
     if (!outermost) return Acad::eNotApplicable;
   }
 

@@ -4,6 +4,7 @@
 
 #include "editing/Links.h"
 #include "object/KrObject.h"
+#include "object/OutlineCrossings.h"
 #include "object/Rotation.h"
 
 namespace {
@@ -12,10 +13,6 @@ constexpr double kPi = 3.141592653589793;
 
 /// The centre line of a hole's trace reaches past each end by this many times the hole's depth.
 constexpr double kTraceReach = 2.0;
-
-AcGePoint3d asPoint(const AcGeVector3d& v) {
-  return {v.x, v.y, v.z};
-}
 
 bool isFinite(const AcGeVector3d& v) {
   return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
@@ -102,19 +99,16 @@ void KrObject::RemoveFuro(int i) {
 void KrObject::AuditFuros() {
   assertWriteEnabled();
   if (furos_.Qtd() == 0) return;
-  const double length = getComprimentoReal();
-  const auto outside = [length](double z) { return z < 0 || z > length; };
-  AcArray<AcGeVector3d> crossings;
+  // What a scale and its inverse leave of a length doesn't put a hole off the bar.
+  const double slack = AcGeContext::gTol.equalPoint();
+  const double length = getComprimentoReal() + slack;
+  const auto onBar = [=](double z) { return z >= -slack && z <= length; };
+  OutlineCrossings section(secao_);
   for (int i = furos_.Qtd() - 1; i >= 0; --i) {
-    const AcGeVector3d ini = furos_.getIni(i);
-    const AcGeVector3d fim = furos_.getFim(i);
-    bool gone = outside(ini.z) || outside(fim.z);
-    if (!gone) {
-      crossings.setLogicalLength(0);
-      InterceptaLinhas(AcGeLine2d(AcGePoint2d(ini.x, ini.y), AcGePoint2d(fim.x, fim.y)), crossings, nullptr);
-      gone = crossings.length() == 0;
-    }
-    if (gone) furos_.removeAt(i);
+    const NoFuro& hole = *furos_.getNode(i);
+    const bool stays = onBar(hole.Ini.z) && onBar(hole.Fim.z) &&
+                       section.any(AcGePoint2d(hole.Ini.x, hole.Ini.y), AcGePoint2d(hole.Fim.x, hole.Fim.y));
+    if (!stays) furos_.removeAt(i);
   }
 }
 

@@ -11,10 +11,10 @@
 #include <cmath>
 #include <vector>
 
-#include "host/companion/companion.h"
 #include "object/ArcGeometry.h"
 #include "object/ElevationOutline.h"
 #include "object/KrObject.h"
+#include "object/OutlineCrossings.h"
 
 namespace {
 
@@ -282,28 +282,24 @@ void KrObject::geraVistaPreparada(const KrGeratriz& secao, KrGeratriz& contorno,
   addHoleMarks(secao, linhas, furos);
 }
 
-void KrObject::addHoleMarks(const KrGeratriz& secao, KrGeratriz& linhas, const KrFuro& furos) const {
-  AcArray<AcGeVector3d> crossings;
-  for (int h = 0; h < furos.Qtd(); ++h) {
-    const AcGeVector3d& n0 = furos.getIni(h);
-    const AcGeVector3d& n1 = furos.getFim(h);
-    const double index = h;
+void KrObject::addHoleMarks(const KrGeratriz& secao, KrGeratriz& linhas, const KrFuro& furos) {
+  OutlineCrossings crossings(secao);
+  int h = 0;
+  for (const NoFuro* hole = furos.getNode(0); hole != nullptr; hole = hole->next, ++h) {
+    const AcGeVector3d& n0 = hole->Ini;
+    const AcGeVector3d& n1 = hole->Fim;
     if (std::fabs(n0.x - n1.x) >= kDrawingTolerance) {
       if (std::fabs(n0.y - n1.y) >= kDrawingTolerance) continue;
-      linhas.Add(AcGeVector3d(n0.x, n0.z, index), kEdgeOnHoleMark);
-      linhas.Add(AcGeVector3d(n1.x, n1.z, index), kEdgeOnHoleMark);
+      linhas.Add(AcGeVector3d(n0.x, n0.z, h), kEdgeOnHoleMark);
+      linhas.Add(AcGeVector3d(n1.x, n1.z, h), kEdgeOnHoleMark);
       continue;
     }
-    if (n0.x == n1.x && n0.y == n1.y) continue;
-    crossings.setLogicalLength(0);
-    InterceptaLinhas(AcGeLine2d(AcGePoint2d(n0.x, n0.y), AcGePoint2d(n1.x, n1.y)), crossings, &secao);
-    if (crossings.length() == 0) continue;
-    double top = crossings[0].y;
-    for (int i = 1; i < crossings.length(); ++i) top = std::max(top, crossings[i].y);
+    double top = 0;
+    if (!crossings.top(AcGePoint2d(n0.x, n0.y), AcGePoint2d(n1.x, n1.y), top)) continue;
     if (std::fabs(n0.y - top) < kDrawingTolerance)
-      linhas.Add(AcGeVector3d(n0.x, n0.z, index), kFaceOnHoleMark);
+      linhas.Add(AcGeVector3d(n0.x, n0.z, h), kFaceOnHoleMark);
     else if (std::fabs(n1.y - top) < kDrawingTolerance)
-      linhas.Add(AcGeVector3d(n1.x, n1.z, index), kFaceOnHoleMark);
+      linhas.Add(AcGeVector3d(n1.x, n1.z, h), kFaceOnHoleMark);
   }
 }
 
@@ -354,27 +350,9 @@ int KrObject::VertexBulge(const KrGeratriz& geratriz, int i, int modo) {
 
 void KrObject::InterceptaLinhas(const AcGeLinearEnt2d& linha, AcArray<AcGeVector3d>& pontos,
                                 const KrGeratriz* geratriz) const {
-  const KrGeratriz& outline = geratriz != nullptr ? *geratriz : secao_;
-  AcArray<AcGePoint2d> points;
-  AcArray<double> bulges;
   AcArray<AcGePoint2d> found;
-  const int n = outline.Qtd();
-  for (int i = 0; i < n; ++i) {
-    const AcGeVector3d& v = outline.GetVertex(i);
-    const double bulge = outline.GetBulge(i);
-    points.append(AcGePoint2d(v.x, v.y));
-    // The last node of a contour belongs to it whatever its marker: without it the edge that closes a thickened line is
-    // lost.
-    if (!KrGeratriz::isContourEnd(bulge) && i != n - 1) {
-      bulges.append(bulge / ArcGeometry::kBulgeUnit);
-      continue;
-    }
-    bulges.append(0.0);
-    intersectWith2dFence(linha, points, bulges, found);
-    points.setLogicalLength(0);
-    bulges.setLogicalLength(0);
-  }
-  for (int i = 0; i < found.length(); ++i) pontos.append(AcGeVector3d(found[i].x, found[i].y, 0));
+  crossOutline(linha, geratriz != nullptr ? *geratriz : secao_, found);
+  for (const AcGePoint2d& p : found) pontos.append(AcGeVector3d(p.x, p.y, 0));
 }
 
 void KrObject::AlinhaVertexes(AcGePoint3dArray& pontos) const {
