@@ -2,6 +2,8 @@
 // back draws at once. What version 9 leaves out (splits, visual limits, cropping objects, the other lists) doesn't come
 // back.
 
+#include <cwchar>
+
 #include "object/KrObject.h"
 #include "support/Database.h"
 
@@ -14,6 +16,14 @@ constexpr int kFirstWithRole = 5;
 constexpr int kFirstWithNotches = 6;
 constexpr int kFirstWithOneList = 7;
 constexpr int kFirstWithExtensions = 9;
+
+/// What an audit answers for a member in which something was found: all of it mended, or not.
+constexpr auto kAuditMended = static_cast<Acad::ErrorStatus>(120);
+constexpr auto kAuditFound = static_cast<Acad::ErrorStatus>(122);
+constexpr std::size_t kAuditText = 64;
+
+/// More than this the counters of cuts, holes and outline nodes can't hold.
+constexpr Adesk::Int32 kMostCounted = 65535;
 
 /// How many lists a file held before only that of the view shown was filed: those of views 0 to 4.
 constexpr int kOldLists = 5;
@@ -154,6 +164,7 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
   AcGePoint3d p[4];
   GetExtremePoints(p, 0, 0);
   if ((p[2] - p[0]).isZeroLength()) Gera_KrVector(vista_);
+  generateEixoBarra();
   return filer->filerStatus();
 }
 
@@ -194,6 +205,7 @@ Acad::ErrorStatus KrObject::readModel(AcDbDwgFiler* filer) {
   cortes_.Clear();
   Adesk::Int32 cuts = 0;
   filer->readInt32(&cuts);
+  if (cuts > kMostCounted) return Acad::eInvalidInput;
   for (int i = 0; i < cuts && filer->filerStatus() == Acad::eOk; ++i) {
     double k[4] = {};
     for (double& coefficient : k) filer->readDouble(&coefficient);
@@ -211,6 +223,7 @@ Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
   secao_.Clear();
   Adesk::Int32 nodes = 0;
   filer->readInt32(&nodes);
+  if (nodes > kMostCounted) return Acad::eInvalidInput;
   for (int i = 0; nodes > 0 && i <= nodes && filer->filerStatus() == Acad::eOk; ++i) {
     AcGeVector3d vertex;
     double bulge = 0;
@@ -218,7 +231,7 @@ Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
     filer->readDouble(&bulge);
     secao_.Add(vertex, bulge);
   }
-  readHoles(filer);
+  if (const Acad::ErrorStatus es = readHoles(filer); es != Acad::eOk) return es;
   filer->readDouble(&xScale_);
   filer->readDouble(&yScale_);
   filer->readDouble(&zScale_);
@@ -228,10 +241,11 @@ Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
   return Acad::eOk;
 }
 
-void KrObject::readHoles(AcDbDwgFiler* filer) {
+Acad::ErrorStatus KrObject::readHoles(AcDbDwgFiler* filer) {
   furos_.Clear();
   Adesk::Int32 holes = 0;
   filer->readInt32(&holes);
+  if (holes > kMostCounted) return Acad::eInvalidInput;
   for (int i = 0; i < holes && filer->filerStatus() == Acad::eOk; ++i) {
     AcGeVector3d ini, fim;
     double diametro = 0, stretch = 0, angle = 0;
@@ -242,6 +256,7 @@ void KrObject::readHoles(AcDbDwgFiler* filer) {
     if (version_ >= kFirstWithHoleAngle) filer->readDouble(&angle);
     furos_.Add(ini, fim, diametro, stretch, angle);
   }
+  return Acad::eOk;
 }
 
 // False when an extension's class isn't there: the rest of the object is then left as it was.
@@ -271,18 +286,42 @@ bool KrObject::readExtensions(AcDbDwgFiler* filer) {
   return true;
 }
 
+// The host's own audit comes last, and only for a member in which nothing was found.
 Acad::ErrorStatus KrObject::audit(AcDbAuditInfo* info) {
   assertReadEnabled();
-  if (tipoBarra_ < 0 || tipoBarra_ >= kNumTiposBarra) {
-    ACHAR text[64];
-    std::swprintf(text, 64, L"Tipo de Barra - %d", static_cast<int>(tipoBarra_));
+  Acad::ErrorStatus result = auditRole(info);
+  if (const Acad::ErrorStatus es = auditReactors(info); es != Acad::eOk) result = es;
+  return result != Acad::eOk ? result : AcDbEntity::audit(info);
+}
+
+Acad::ErrorStatus KrObject::auditRole(AcDbAuditInfo* info) {
+  if (tipoBarra_ >= 0 && tipoBarra_ < kNumTiposBarra) return Acad::eOk;
+  ACHAR text[kAuditText];
+  std::swprintf(text, kAuditText, L"Tipo de Barra - %d", static_cast<int>(tipoBarra_));
+  info->errorsFound(1);
+  info->printError(this, L"Invalido", text, L"Setado para \"Barra\"");
+  if (!info->fixErrors()) return kAuditFound;
+  assertWriteEnabled();
+  tipoBarra_ = Barra;
+  info->errorsFixed(1);
+  return kAuditMended;
+}
+
+// A member that crops this one hears of it by no reactor of its own: it is this member that listens to the other.
+Acad::ErrorStatus KrObject::auditReactors(AcDbAuditInfo* info) {
+  Acad::ErrorStatus result = Acad::eOk;
+  for (int i = 0; reactors() != nullptr && i < reactors()->length(); ++i) {
+    const AcDbObjectId id = acdbPersistentReactorObjectId((*reactors())[i]);
+    if (id.isNull() || !croppingIds_.contains(id)) continue;
+    ACHAR text[kAuditText];
+    std::swprintf(text, kAuditText, L"id - 0x%08x", static_cast<unsigned>(id.asOldId()));
     info->errorsFound(1);
-    info->printError(this, L"Invalido", text, L"Setado para \"Barra\"");
-    if (!info->fixErrors()) return static_cast<Acad::ErrorStatus>(122);
-    assertWriteEnabled();
-    tipoBarra_ = Barra;
+    info->printError(this, L"Invalid Persistent Reactor (Cropping Object)", text, L"Persistent Reactor Removed");
+    result = info->fixErrors() ? kAuditMended : kAuditFound;
+    if (!info->fixErrors()) continue;
+    removePersistentReactor(id);
+    --i;
     info->errorsFixed(1);
-    return static_cast<Acad::ErrorStatus>(120);
   }
-  return AcDbEntity::audit(info);
+  return result;
 }

@@ -78,6 +78,7 @@ Acad::ErrorStatus KrObject::dxfInFields(AcDbDxfFiler* filer) {
     if (const Acad::ErrorStatus es = vertexList(VistaCorrente).dxfInFields(filer); es != Acad::eOk) return es;
     if (!readPlacement(in) || !readCuts(in)) return in.giveUp();
   }
+  generateEixoBarra();
   return filer->filerStatus();
 }
 

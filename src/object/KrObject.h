@@ -719,7 +719,9 @@ class KrObject : public AcDbEntity {
   bool readIdentity(StrictDxfReader& in);
   bool readPlacement(StrictDxfReader& in);
   bool readCuts(StrictDxfReader& in);
-  void readHoles(AcDbDwgFiler* filer);
+  Acad::ErrorStatus readHoles(AcDbDwgFiler* filer);
+  Acad::ErrorStatus auditRole(AcDbAuditInfo* info);
+  Acad::ErrorStatus auditReactors(AcDbAuditInfo* info);
   void deleteExtensions();
   void RemoveMods(int mods, int indice, int regenerar);
   /// Removes here alone; the kinds (ObjMods, combined) of which something went.
