@@ -342,6 +342,7 @@ Acad::ErrorStatus KrObject::setVisualRepEnd(double fim) {
 
 Acad::ErrorStatus KrObject::setVisualRepScale(double escala) {
   assertWriteEnabled();
+  if (!std::isfinite(escala)) return Acad::eInvalidInput;
   visualRepScale_ = escala;
   setToRegenAtClose();
   return Acad::eOk;

@@ -723,6 +723,12 @@ class KrObject : public AcDbEntity {
   Acad::ErrorStatus auditRole(AcDbAuditInfo* info);
   Acad::ErrorStatus auditReactors(AcDbAuditInfo* info);
   void deleteExtensions();
+  /// A limit from a point, and the place of a fraction of the reference line.
+  Acad::ErrorStatus setVisualRepPoint(const AcGePoint3d& p, int moveEixo, bool atEnd);
+  Acad::ErrorStatus visualRepPoint(double fraction, AcGePoint3d& p) const;
+  /// The array of notches that show in the current view; null outside an elevation.
+  const KrObjectRecorteArray* shownNotches() const;
+  KrObjectRecorteArray* shownNotches();
   void RemoveMods(int mods, int indice, int regenerar);
   /// Removes here alone; the kinds (ObjMods, combined) of which something went.
   int removeModsHere(int mods, int indice);

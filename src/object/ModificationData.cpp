@@ -1,13 +1,21 @@
 // What other modules hang on a member: data of single modifiers, and extensions of the whole.
 
 #include <algorithm>
+#include <utility>
 
 #include "editing/Links.h"
 #include "object/KrObject.h"
 
-// The two arrays of notches are told apart by the real view: those of "Superior" and "Inferior" stand in the second.
-static std::size_t notchArrayOf(KrVistas real) {
-  return real == Superior || real == Inferior ? 1U : 0U;
+const KrObjectRecorteArray* KrObject::shownNotches() const {
+  AcGeMatrix2d frame;
+  int array = 0;
+  int mirrored = 0;
+  if (recorteXForm(frame, array, mirrored) != Acad::eOk) return nullptr;
+  return &recortes_[static_cast<std::size_t>(array)];
+}
+
+KrObjectRecorteArray* KrObject::shownNotches() {
+  return const_cast<KrObjectRecorteArray*>(std::as_const(*this).shownNotches());
 }
 
 KrObjectModCData* KrObject::accessCDataToMod(ObjMods mod, int indice) const {
@@ -18,8 +26,9 @@ KrObjectModCData* KrObject::accessCDataToMod(ObjMods mod, int indice) const {
     case ModCorte:
       return cortes_.accessCData(indice);
     case ModRecorte: {
-      const KrObjectRecorteArray& lista = recortes_[notchArrayOf(GetVistaReal())];
-      return indice >= 0 && indice < lista.length() ? lista[indice].accessCData() : nullptr;
+      const KrObjectRecorteArray* lista = shownNotches();
+      if (lista == nullptr || indice < 0 || indice >= lista->length()) return nullptr;
+      return (*lista)[indice].accessCData();
     }
     case ModSplit:
       return indice >= 0 && indice < splits_.length() ? splits_[indice].accessCData() : nullptr;
@@ -35,9 +44,9 @@ Acad::ErrorStatus KrObject::assocCDataToMod(ObjMods mod, int indice, KrObjectMod
     case ModCorte:
       return cortes_.setCData(indice, dados) != 0 ? Acad::eOk : Acad::eInvalidIndex;
     case ModRecorte: {
-      KrObjectRecorteArray& lista = recortes_[notchArrayOf(GetVistaReal())];
-      if (indice < 0 || indice >= lista.length()) return Acad::eInvalidIndex;
-      lista[indice].setCData(dados);
+      KrObjectRecorteArray* lista = shownNotches();
+      if (lista == nullptr || indice < 0 || indice >= lista->length()) return Acad::eInvalidIndex;
+      (*lista)[indice].setCData(dados);
       return Acad::eOk;
     }
     case ModSplit:
@@ -117,14 +126,15 @@ int KrObject::removeModsHere(int mods, int indice) {
       ModFuro, furos_.Qtd(), [&] { furos_.Clear(); }, [&] { furos_.removeAt(indice); });
   from(
       ModCorte, cortes_.Qtd(), [&] { cortes_.Clear(); }, [&] { cortes_.removeAt(indice); });
-  KrObjectRecorteArray& notches = recortes_[notchArrayOf(GetVistaReal())];
-  const int allNotches = recortes_[0].length() + recortes_[1].length();
+  // A section shows no notches: there is none to pick.
+  KrObjectRecorteArray* notches = indice == -1 ? nullptr : shownNotches();
+  const int shown = notches != nullptr ? notches->length() : 0;
   from(
-      ModRecorte, indice == -1 ? allNotches : notches.length(),
+      ModRecorte, indice == -1 ? recortes_[0].length() + recortes_[1].length() : shown,
       [&] {
         for (KrObjectRecorteArray& lista : recortes_) lista.Clear();
       },
-      [&] { notches.removeAt(indice); });
+      [&] { notches->removeAt(indice); });
   from(
       ModSplit, splits_.length(), [&] { splits_.Clear(); }, [&] { splits_.removeAt(indice); });
   return removed;
