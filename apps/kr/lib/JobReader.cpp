@@ -4,7 +4,6 @@
 #include <nlohmann/json.hpp>
 #include <unordered_map>
 
-#include "BarModel.h"
 #include "RuleReader.h"
 
 namespace kr {
@@ -112,14 +111,6 @@ bool readJob(std::string_view text, const KnownNames& known, Job& job, std::vect
   }
   if (!problems.empty()) placeProblems(text, problems);
   return problems.empty();
-}
-
-bool modelJob(std::string_view text, Job& job, std::vector<Problem>& problems) {
-  problems.clear();
-  if (makeModels(job, problems)) return true;
-  locate(text, problems);
-  placeProblems(text, problems);
-  return false;
 }
 
 }  // namespace kr
