@@ -224,6 +224,59 @@ TEST(Mirror, OfAnElevationMadeAnewIsTheMirroredList) {
   }
 }
 
+TEST(Mirror, TurnsSplitsByTheRealLength) {
+  for (const double scale : {1.0, 0.1}) {
+    TestMember member;
+    member.make(kAngle, Superior, 1000, 0.7, {500, 80, 0});
+    KrObjectSplit split;
+    split.setZPos(250);
+    split.setLength(40);
+    member.addSplit(split, 1);
+    member.ObjectScale(scale, scale, scale);
+    member.Gera_KrVector();
+    lists::Elements want = lists::of(member, Superior);
+    member.transformBy(mirror(0.4));
+    EXPECT_NEAR(member.splitList()[0].zPos(), 750, 1e-9);
+    lists::transform(want, mirror(0.4));
+    member.Gera_KrVector();
+    EXPECT_THAT(lists::of(member, Superior), lists::ShowTheSameAs(want));
+  }
+}
+
+TEST(Mirror, TurnsNotchesWithTheirArcs) {
+  for (const KrVistas view : kElevations) {
+    for (const double scale : {1.0, 0.1}) {
+      SCOPED_TRACE(testing::Message() << "view " << view << " at " << scale);
+      TestMember member;
+      member.make(kAngle, view, 1000, 0.7, {500, 80, 0});
+      member.ObjectScale(scale, scale, scale);
+      AcGePoint3d p0, p1, p2, p3;
+      member.GetExtremePoints(p0, p1, p2, p3, 0, 0);
+      // A cope at the upper corner of the drawn start: 60 long, 25 high, its inner corner rounded.
+      const AcGeVector3d along = (p2 - p0).normal() * scale;
+      const AcGeVector3d down = (p1 - p0).normal() * scale;
+      const auto flat = [](const AcGePoint3d& p) { return AcGePoint2d(p.x, p.y); };
+      AcArray<AcGePoint2d> points;
+      AcArray<double> bulges;
+      for (const auto& [a, d, bulge] : {std::array{60.0, -10.0, 0.0}, std::array{60.0, 15.0, -0.41421356237309503},
+                                        std::array{50.0, 25.0, 0.0}, std::array{-10.0, 25.0, 0.0}}) {
+        points.append(flat(p0 + along * a + down * d));
+        bulges.append(bulge);
+      }
+      AcGePoint2d side = flat(p0 + along * 5 + down * 5);
+      const std::size_t whole = lists::of(member, view).size();
+      ASSERT_EQ(member.Recorte(points, bulges, side), Acad::eOk);
+      member.Gera_KrVector();
+      lists::Elements want = lists::of(member, view);
+      ASSERT_GT(want.size(), whole) << "the notch shows";
+      member.transformBy(mirror(2.2));
+      lists::transform(want, mirror(2.2));
+      member.Gera_KrVector();
+      EXPECT_THAT(lists::of(member, view), lists::ShowTheSameAs(want));
+    }
+  }
+}
+
 TEST(Mirror, TurnsASlantedOblongHole) {
   for (const auto& [view, quarter] : {std::pair(Inferior, 0), std::pair(Superior, 2), std::pair(Direita, 3)}) {
     SCOPED_TRACE(testing::Message() << "view " << view);
