@@ -13,6 +13,9 @@
 
 namespace {
 
+/// How far across the bar the lines reach that carry its limits to the axis.
+constexpr double kAcross = 100000.0;
+
 /// An axis end lies on an element when the ways to both of its ends exceed its length by less than this.
 constexpr double kOnElement = 0.001;
 
@@ -226,6 +229,33 @@ Acad::ErrorStatus KrObject::showEixo(int mostra) {
   if (secao_.numNodes() > reference)
     secao_.Troca(AcGeVector3d(secao_.GetRefOrigin()), KrGeratriz::kReferenceBulge, reference);
   return Acad::eOk;
+}
+
+void KrObject::UpdateEixo() {
+  assertWriteEnabled();
+  const double square = angleVista_ + kRightAngle;
+  const AcGeVector3d across(std::cos(square) * kAcross, std::sin(square) * kAcross, 0);
+  for (const KrVistas view : {Superior, Inferior, Esquerda, Direita}) {
+    KrVector* axis = findFirst(view, KR_VT_EIXO);
+    if (axis == nullptr) continue;
+    AcGePoint3d low, high;
+    GetLimitsPoints(low, high, view);
+    AcGePoint3d start = axis->startPoint();
+    AcGePoint3d end = axis->endPoint();
+    AcGePoint3d atLow, atHigh;
+    const bool lowMeets = crossLines(low, low + across, start, end, atLow);
+    const bool highMeets = crossLines(high, high + across, start, end, atHigh);
+    // A bar drawn towards smaller X has its end at the lower limit.
+    const bool against = end.x < start.x;
+    if (lowMeets) (against ? end : start) = atLow;
+    if (highMeets) (against ? start : end) = atHigh;
+    if (start.isEqualTo(end)) continue;
+    axis->setStartPoint(start);
+    axis->setEndPoint(end);
+    if (view != vista_) continue;
+    startPoint_ = start;
+    endPoint_ = end;
+  }
 }
 
 int KrObject::testEixo(int naOrigem) const {

@@ -126,11 +126,9 @@ Acad::ErrorStatus KrObject::dwgOutFields(AcDbDwgFiler* filer) const {
 
   // The layers go with the member: filed as hard pointers, they can't be purged.
   loadLayersIds();
-  for (const AcDbHardPointerId* layer : {&kr_laHiddenId, &kr_laHideFace, &kr_laEixoId}) {
-    // They were looked up in the working drawing. None of its layers goes into the file of another.
-    const bool elsewhere = database() != nullptr && layer->database() != database();
-    filer->writeHardPointerId(elsewhere ? AcDbHardPointerId() : *layer);
-  }
+  filer->writeHardPointerId(kr_laHiddenId);
+  filer->writeHardPointerId(kr_laHideFace);
+  filer->writeHardPointerId(kr_laEixoId);
   filer->writeInt32(static_cast<Adesk::Int32>(extensions_.size()));
   for (const KrObjectExtension* e : extensions_) {
     filer->writeString(e != nullptr ? e->isA()->name() : L"");

@@ -745,6 +745,10 @@ class KrObject : public AcDbEntity {
   /// The same, but layers stay as they are: a member on a locked layer is skipped too.
   template <class Change>
   void forEachUnlockedLinked(Change change);
+  /// Trims the current view along the trace of cut i.
+  void cutAlong(const AcGeLine3d& linha, AcGePoint3d& lado, int i, int reservado, int cortaEixo);
+  /// Drops the holes that left the member, and their elements; the elements of the others keep naming their hole.
+  void auditDrawnHoles(KrVistas vista);
   /// Moves all that is stored along the bar by d, real size, towards the bar's end.
   void shiftModifiers(double d);
   /// Moves the ends of the reference line along it, drawn; false, and nothing moved, when it can't be.

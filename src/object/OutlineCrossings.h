@@ -10,7 +10,7 @@
 /// nodes take part.
 void crossOutline(const AcGeLinearEnt2d& line, const KrGeratriz& outline, AcArray<AcGePoint2d>& out);
 
-/// What the lines of holes ask of one outline, with the answers of `crossOutline` to the last bit.
+/// What the lines of holes ask of one outline, with the answers of `crossOutline` but for rounding.
 ///
 /// Most nodes lie well off a line and most arcs can't reach it: on which sides of it the nodes lie answers, and only a
 /// line that runs through a node or near an arc is put to `crossOutline`. Holes stand in rows, so the answers to the

@@ -148,6 +148,15 @@ Acad::ErrorStatus KrChapa::setType(CHAPA_SPECIFICATION tipo) {
   return Acad::eOk;
 }
 
+Acad::ErrorStatus KrChapa::Corte(KrObjectArray<KrVector>& elementos, AcGePoint3d& lado) {
+  assertWriteEnabled();
+  return KrObject::Corte(elementos, lado);
+}
+
+Acad::ErrorStatus KrChapa::Corte(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d& lado, int, int cortaEixo) {
+  return KrObject::Corte(p1, p2, lado, cortaEixo, 0);
+}
+
 void KrChapa::getPerfil(ACHAR* buffer) const {
   assertReadEnabled();
   ProfileHelpers::writePerfil(*this, L"#", buffer);

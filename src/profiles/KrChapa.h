@@ -49,6 +49,12 @@ class KrChapa : public KrObject {
   CHAPA_SPECIFICATION getType() const;
   Acad::ErrorStatus setType(CHAPA_SPECIFICATION tipo);
 
+  using KrObject::Corte;
+  Acad::ErrorStatus Corte(KrObjectArray<KrVector>& elementos, AcGePoint3d& lado) override;
+  /// The base's cut with the two numbers shifted by one place, so that the axis line of a plate is never trimmed. That
+  /// is meant.
+  Acad::ErrorStatus Corte(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d& lado, int reservado, int cortaEixo) override;
+
   void getPerfil(ACHAR* buffer) const override;
   /// Thickness and width.
   void getDimensoes(ACHAR* buffer) const override;
