@@ -16,19 +16,25 @@ constexpr double kTwoPi = 6.283185307179586;
 
 /// What an element of the list became: itself, or a part of it between two places on the polygon.
 struct Piece {
-  int source;  ///< index of the element in the list
-  bool whole;
-  bool goes;
   AcGePoint2d from;
   AcGePoint2d mid;
   AcGePoint2d to;
+  int source;  ///< index of the element in the list
+  bool whole;
+  bool goes;
+  // What a part takes over.
+  KrVectorType type;
+  KrVectorFlag flag;
+  int hidden;
+  double radius;
 };
 
 /// What a clip works with, kept for the next.
 struct Workspace {
   PolygonEdges edges;
   std::vector<Piece> pieces;
-  std::vector<KrVector> kept;
+  std::vector<KrVector*> places;
+  std::vector<KrVector*> unused;
   AcArray<AcGePoint2d> met;
 };
 
@@ -37,12 +43,12 @@ Workspace& workspace() {
   return one;
 }
 
-bool isSplitStraight(const KrVector& v) {
-  return v.type() == KR_VT_LINHA_OCULTA || v.type() == KR_VT_LINHA || v.type() == KR_VT_FURO_LINHA;
+bool isSplitStraight(KrVectorType type) {
+  return type == KR_VT_LINHA_OCULTA || type == KR_VT_LINHA || type == KR_VT_FURO_LINHA;
 }
 
-bool isJudged(const KrVector& v) {
-  return isSplitStraight(v) || v.type() == KR_VT_ARCO || v.type() == KR_VT_FURO || v.type() == KR_VT_FURO_EIXO;
+bool isJudged(KrVectorType type) {
+  return isSplitStraight(type) || type == KR_VT_ARCO || type == KR_VT_FURO || type == KR_VT_FURO_EIXO;
 }
 
 class Clip {
@@ -52,7 +58,6 @@ class Clip {
     static const AcArray<double> kStraight;
     work_.edges.set(*args.pontos, args.bulges != nullptr ? *args.bulges : kStraight);
     work_.pieces.clear();
-    work_.kept.clear();
     goesOnPolygon_ = options_ == HideOutLines || options_ == OcultaOutLines || args.manterFora == 0;
     keepsLines_ = args.manterFora != 0;
     lookAtSide();
@@ -63,7 +68,7 @@ class Clip {
     int firstChanged = static_cast<int>(work_.pieces.size());
     for (int k = firstChanged - 1; k >= 0; --k) {
       Piece& piece = work_.pieces[static_cast<std::size_t>(k)];
-      piece.goes = isJudged(list_[piece.source]) && goes(piece.mid);
+      piece.goes = isJudged(piece.type) && goes(piece.mid);
       if (piece.goes || !piece.whole) firstChanged = k;
     }
     // An element may have left no piece at all.
@@ -86,7 +91,8 @@ class Clip {
     const KrVector& v = list_[i];
     work_.met.setLogicalLength(0);
     const std::size_t before = work_.pieces.size();
-    if (isSplitStraight(v)) {
+    if (firstArc_ == kNone && (v.type() == KR_VT_ARCO || v.type() == KR_VT_ARCO_OCULTO)) firstArc_ = before;
+    if (isSplitStraight(v.type())) {
       splitStraight(i, v);
     } else if (v.type() == KR_VT_ARCO) {
       splitArc(i, v);
@@ -97,7 +103,12 @@ class Clip {
   }
 
   void addWhole(int i, const KrVector& v) {
-    work_.pieces.push_back({i, true, false, flat(v.startPoint()), flat(v.midPoint()), flat(v.endPoint())});
+    work_.pieces.push_back({flat(v.startPoint()), flat(v.midPoint()), flat(v.endPoint()), i, true, false, v.type(),
+                            v.tipo(), v.hidden(), v.radius()});
+  }
+
+  void addPart(int i, const KrVector& v, const AcGePoint2d& from, const AcGePoint2d& mid, const AcGePoint2d& to) {
+    work_.pieces.push_back({from, mid, to, i, false, false, v.type(), v.tipo(), v.hidden(), v.radius()});
   }
 
   void splitStraight(int i, const KrVector& v) {
@@ -107,7 +118,7 @@ class Clip {
     if (met.length() > 1) QuickSort(met, segment.direction());
     forEachPair(segment.startPoint(), segment.endPoint(), [&](const AcGePoint2d& from, const AcGePoint2d& to) {
       if (from.distanceSqrdTo(to) <= kShortestPiece * kShortestPiece) return;
-      work_.pieces.push_back({i, false, false, from, from + (to - from) / 2.0, to});
+      addPart(i, v, from, from + (to - from) / 2.0, to);
     });
   }
 
@@ -125,7 +136,7 @@ class Clip {
       if (from == to) return;
       const AcGeVector2d across = (to - from).normal().perpVector() * arc.radius();
       const AcGePoint2d mid = arc.isClockWise() ? centre + across : centre - across;
-      if (!isDrawnAlready(i, from, mid, to)) work_.pieces.push_back({i, false, false, from, mid, to});
+      if (!isDrawnAlready(i, from, mid, to)) addPart(i, v, from, mid, to);
     });
   }
 
@@ -140,13 +151,17 @@ class Clip {
 
   /// Whether a piece of an earlier split, or an element still to come, is this very arc.
   bool isDrawnAlready(int i, const AcGePoint2d& from, const AcGePoint2d& mid, const AcGePoint2d& to) const {
+    const double tolerance = AcGeContext::gTol.equalPoint();
     const auto same = [&](const AcGePoint2d& a, const AcGePoint2d& m, const AcGePoint2d& b) {
-      return ((a == from && b == to) || (a == to && b == from)) && m == mid;
+      return m == mid && ((a == from && b == to) || (a == to && b == from));
     };
-    for (const Piece& piece : work_.pieces)
-      if (same(piece.from, piece.mid, piece.to)) return true;
+    for (std::size_t k = firstArc_; k < work_.pieces.size(); ++k) {
+      const Piece& piece = work_.pieces[k];
+      if (std::fabs(piece.mid.x - mid.x) <= tolerance && same(piece.from, piece.mid, piece.to)) return true;
+    }
     for (const Node<KrVector>* node = list_.getNode(i)->next; node != nullptr; node = node->next) {
       const KrVector& v = *node->value;
+      if (std::fabs(v.midPoint().x - mid.x) > tolerance) continue;
       if (same(flat(v.startPoint()), flat(v.midPoint()), flat(v.endPoint()))) return true;
     }
     return false;
@@ -164,20 +179,17 @@ class Clip {
 
   // --- Writing the list ---
 
-  KrVector elementOf(const Piece& piece) const {
-    const KrVector& v = list_[piece.source];
-    if (piece.whole) return v;
-    KrVector made;
-    if (v.type() == KR_VT_ARCO) {
-      made.set(raised(piece.from), raised(piece.mid), raised(piece.to), KR_VT_ARCO);
-    } else {
-      made.set(raised(piece.from), raised(piece.to), v.type());
-      made.setHidden(v.hidden());
-      // A band is as wide as its radius says.
-      if (v.type() == KR_VT_FURO_LINHA) made.setRaio(v.radius());
+  static void makePart(const Piece& piece, KrVector& v) {
+    v.setTypeEx(KR_VTX_NENHUM);
+    v.setTipo(piece.flag);
+    if (piece.type == KR_VT_ARCO) {
+      v.set(raised(piece.from), raised(piece.mid), raised(piece.to), KR_VT_ARCO);
+      return;
     }
-    made.setTipo(v.tipo());
-    return made;
+    v.set(raised(piece.from), raised(piece.to), piece.type);
+    v.setHidden(piece.hidden);
+    // A band is as wide as its radius says.
+    if (piece.type == KR_VT_FURO_LINHA) v.setRaio(piece.radius);
   }
 
   void takeAway(KrVector& v) const {
@@ -189,20 +201,50 @@ class Clip {
     }
   }
 
-  /// Up to `first` every piece is the element at its own place, and stays.
+  bool stays(const Piece& piece) const { return !piece.goes || options_ != RemoveOutLines; }
+
+  /// Up to `first` every piece is the element at its own place, and stays. Behind, elements that stay are handed from
+  /// node to node and not copied; parts are made where elements went.
   void rebuildFrom(int first) {
-    for (std::size_t k = static_cast<std::size_t>(first); k < work_.pieces.size(); ++k) {
-      const Piece& piece = work_.pieces[k];
-      if (piece.goes && options_ == RemoveOutLines) continue;
-      work_.kept.push_back(elementOf(piece));
-      if (piece.goes) takeAway(work_.kept.back());
+    const auto begin = work_.pieces.begin() + first;
+    const auto end = work_.pieces.end();
+    const auto left = std::count_if(begin, end, [this](const Piece& piece) { return stays(piece); });
+    const int length = first + static_cast<int>(left);
+    while (list_.length() < length) list_.append(KrVector());
+
+    std::vector<KrVector*>& places = work_.places;
+    std::vector<KrVector*>& unused = work_.unused;
+    places.clear();
+    unused.clear();
+    for (const Node<KrVector>* node = list_.getNode(first); node != nullptr; node = node->next)
+      places.push_back(node->value);
+    std::size_t next = 0;
+    for (auto piece = begin; piece != end; ++piece) {
+      if (!piece->whole || !stays(*piece)) continue;
+      for (const auto at = static_cast<std::size_t>(piece->source - first); next < at; ++next)
+        unused.push_back(places[next]);
+      ++next;
     }
-    if (first == 0) {
-      list_.Clear();
-    } else {
-      for (int i = list_.length() - 1; i >= first; --i) list_.removeAt(i);
+    for (; next < places.size(); ++next) unused.push_back(places[next]);
+
+    Node<KrVector>* node = list_.getNode(first);
+    for (auto piece = begin; piece != end; ++piece) {
+      if (!stays(*piece)) continue;
+      if (piece->whole) {
+        node->value = places[static_cast<std::size_t>(piece->source - first)];
+      } else {
+        node->value = unused.back();
+        unused.pop_back();
+        makePart(*piece, *node->value);
+      }
+      if (piece->goes) takeAway(*node->value);
+      node = node->next;
     }
-    for (const KrVector& v : work_.kept) list_.append(v);
+    for (; node != nullptr; node = node->next) {
+      node->value = unused.back();
+      unused.pop_back();
+    }
+    for (int i = list_.length() - 1; i >= length; --i) list_.removeAt(i);
   }
 
   Workspace& work_;
@@ -213,7 +255,9 @@ class Clip {
   bool keepsLines_ = false;  ///< An arc that turns into a hidden line becomes one of the type of lines.
   bool sideIsKnown_ = false;
   bool sideIsInside_ = false;
-  int lost_ = 1 << 30;  ///< The first place at which an element left no piece.
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+  std::size_t firstArc_ = kNone;  ///< The first piece that is or may be of an arc.
+  int lost_ = 1 << 30;            ///< The first place at which an element left no piece.
 };
 
 }  // namespace

@@ -84,29 +84,39 @@ int meetEdge(const AcGeCircArc2d& a, const Edge& edge, AcGePoint2d found[2]) {
   return count;
 }
 
-/// Whether a straight edge lies on one side of a curve, further off than the margin.
-class Sides {
+/// How a straight edge lies to a curve, told cheaply where it matters little.
+class Lie {
  public:
-  Sides(const AcGeLinearEnt2d& line, double margin)
+  Lie(const AcGeLinearEnt2d& line, double margin)
       : m_base(line.pointOnLine()), m_along(line.direction()), m_margin(margin) {}
-  bool apart(const AcGeLineSeg2d& edge) const {
+
+  /// Looks at an edge. False when it lies on one side, further off than the margin.
+  bool reaches(const AcGeLineSeg2d& edge) {
     const double h0 = m_along.crossProduct(edge.startPoint() - m_base);
     const double h1 = m_along.crossProduct(edge.endPoint() - m_base);
-    return (h0 > m_margin && h1 > m_margin) || (h0 < -m_margin && h1 < -m_margin);
+    m_rise = std::fabs(h1 - h0);
+    return !((h0 > m_margin && h1 > m_margin) || (h0 < -m_margin && h1 < -m_margin));
+  }
+  /// Whether the edge looked at last may be parallel.
+  bool mayRunAlong(const AcGeLineSeg2d& edge) const {
+    const AcGeVector2d step = edge.endPoint() - edge.startPoint();
+    return m_rise <= 2 * AcGeContext::gTol.equalVector() * (std::fabs(step.x) + std::fabs(step.y));
   }
 
  private:
   AcGePoint2d m_base;
   AcGeVector2d m_along;
   double m_margin;
+  double m_rise = 0.0;
 };
-struct NoSides {
-  static bool apart(const AcGeLineSeg2d&) { return false; }
+struct LieToArc {
+  static bool reaches(const AcGeLineSeg2d&) { return true; }
+  static bool mayRunAlong(const AcGeLineSeg2d&) { return false; }
 };
-Sides sidesOf(const AcGeLinearEnt2d& line, double margin) {
+Lie lieTo(const AcGeLinearEnt2d& line, double margin) {
   return {line, margin};
 }
-NoSides sidesOf(const AcGeCircArc2d&, double) {
+LieToArc lieTo(const AcGeCircArc2d&, double) {
   return {};
 }
 
@@ -156,23 +166,24 @@ bool PolygonEdges::holds(const AcGePoint2d& p) const {
 template <class Curve>
 int PolygonEdges::meetEdges(const Curve& curve, const PolygonBox& reach, AcArray<AcGePoint2d>& out) const {
   DistinctPoints distinct(out);
-  const auto meetOne = [&](const auto& shape, const AcGeLineSeg2d& ends) {
-    if (runAlong(curve, shape)) {
-      if (curve.isOn(ends.startPoint())) distinct.add(ends.startPoint());
-      if (curve.isOn(ends.endPoint())) distinct.add(ends.endPoint());
-      return;
-    }
+  const auto addEnds = [&](const AcGeLineSeg2d& ends) {
+    if (curve.isOn(ends.startPoint())) distinct.add(ends.startPoint());
+    if (curve.isOn(ends.endPoint())) distinct.add(ends.endPoint());
+  };
+  const auto addMeetings = [&](const auto& shape) {
     AcGePoint2d found[2];
     const int count = meetEdge(curve, shape, found);
     for (int k = 0; k < count; ++k) distinct.add(found[k]);
   };
-  const auto sides = sidesOf(curve, m_margin);
+  auto lie = lieTo(curve, m_margin);
   for (const Edge& edge : m_edges) {
     if (!edge.box.meets(reach) || edge.isPoint) continue;
     if (edge.arc >= 0) {
-      meetOne(m_arcs[static_cast<std::size_t>(edge.arc)].curve, edge.segment);
-    } else if (!sides.apart(edge.segment)) {
-      meetOne(edge.segment, edge.segment);
+      const AcGeCircArc2d& arc = m_arcs[static_cast<std::size_t>(edge.arc)].curve;
+      runAlong(curve, arc) ? addEnds(edge.segment) : addMeetings(arc);
+    } else if (lie.reaches(edge.segment)) {
+      const bool along = lie.mayRunAlong(edge.segment) && runAlong(curve, edge.segment);
+      along ? addEnds(edge.segment) : addMeetings(edge.segment);
     }
   }
   return distinct.count();
@@ -189,7 +200,7 @@ int PolygonEdges::meet(const AcGeCircArc2d& arc, AcArray<AcGePoint2d>& out) cons
 }
 
 int PolygonEdges::cross(const AcGeLinearEnt2d& line, AcArray<AcGePoint2d>* out) const {
-  if (m_edges.empty() || line.direction().lengthSqrd() == 0.0) return 0;
+  if (m_edges.empty() || line.stepLength() == 0.0) return 0;
   PolygonFence fence(line, out);
   fence.begin(m_start);
   for (const Edge& edge : m_edges) {

@@ -32,6 +32,7 @@ void PolygonFence::Run::extend(const Run& other) {
 }
 
 bool PolygonFence::change(int side) {
+  m_settled = side;
   if (side == 0) {
     (m_firstSide == 0 ? m_head : m_run).extend(m_here, placeOf(m_here));
     return false;
@@ -46,10 +47,14 @@ bool PolygonFence::change(int side) {
   return !run.any;
 }
 
-void PolygonFence::arcTo(const PolygonArc& arc) {
+void PolygonFence::turnTo(const AcGePoint2d& p, double height) {
+  const AcGePoint2d from = m_here;
+  const double h0 = m_height;
+  if (step(p, height)) cross(from + (p - from) * (h0 / (h0 - height)));
+}
+
+void PolygonFence::turnAlong(const PolygonArc& arc, double height, const AcGePoint2d& end) {
   const AcGePoint2d centre = arc.curve.center();
-  const AcGePoint2d end = centre + arc.toEnd;
-  const double height = heightOf(centre);
   const double radius = arc.curve.radius();
   const AcGeVector2d across = m_along.perpVector();
   const auto walkTo = [&](const AcGePoint2d& p, double to) {

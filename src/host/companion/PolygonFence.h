@@ -23,13 +23,17 @@ class PolygonFence {
   /// Starts the walk.
   void begin(const AcGePoint2d& p) { step(p, heightOf(p)); }
   void straightTo(const AcGePoint2d& p) {
-    const AcGePoint2d from = m_here;
-    const double h0 = m_height;
-    const double h1 = heightOf(p);
-    if (step(p, h1)) cross(from + (p - from) * (h0 / (h0 - h1)));
+    const double height = heightOf(p);
+    if (height * m_settled > m_tol) return move(p, height);
+    turnTo(p, height);
   }
   /// Walks the arc, which starts where the walk stands.
-  void arcTo(const PolygonArc& arc);
+  void arcTo(const PolygonArc& arc) {
+    const double centre = heightOf(arc.curve.center());
+    const AcGePoint2d end = arc.curve.center() + arc.toEnd;
+    if (centre * m_settled > arc.curve.radius() + m_tol) return move(end, heightOf(end));
+    turnAlong(arc, centre, end);
+  }
   /// Ends the walk where it began: decides on the run there.
   void close();
 
@@ -55,14 +59,19 @@ class PolygonFence {
     if (std::fabs(height) <= m_tol) return 0;
     return height > 0.0 ? 1 : -1;
   }
-  /// Takes in the next end of a piece. True when the piece itself crosses, between this end and the one before.
-  bool step(const AcGePoint2d& p, double height) {
+  void move(const AcGePoint2d& p, double height) {
     m_here = p;
     m_height = height;
-    const int side = sideOf(height);
-    return side == m_side && side != 0 && !m_run.any ? false : change(side);
   }
-  /// The walk has come to another side than the last one, or to the line, or from it.
+  /// Takes in the next end of a piece. True when the piece itself crosses, between this end and the one before.
+  bool step(const AcGePoint2d& p, double height) {
+    move(p, height);
+    return change(sideOf(height));
+  }
+  /// Walks a piece that may reach another side than the last one.
+  void turnTo(const AcGePoint2d& p, double height);
+  void turnAlong(const PolygonArc& arc, double centreHeight, const AcGePoint2d& end);
+  /// The walk has come to a side, or to the line.
   bool change(int side);
   void cross(const AcGePoint2d& p);
   void cross(const Run& run);
@@ -81,8 +90,9 @@ class PolygonFence {
 
   AcGePoint2d m_here;
   double m_height = 0.0;
-  int m_firstSide = 0;  ///< The first side other than 0; 0 until one was met.
-  int m_side = 0;       ///< The last one.
-  Run m_head;           ///< The run before the first side.
-  Run m_run;            ///< The run since the last side.
+  int m_firstSide = 0;     ///< The first side other than 0; 0 until one was met.
+  int m_side = 0;          ///< The last one.
+  double m_settled = 0.0;  ///< m_side, but 0 while the walk runs on the line.
+  Run m_head;              ///< The run before the first side.
+  Run m_run;               ///< The run since the last side.
 };
