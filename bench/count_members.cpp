@@ -33,6 +33,22 @@ std::function<long()> drawing(const bench::Subject& subject, KrVistas view) {
   };
 }
 
+/// A turn of a bar with holes in whose list stand `elements` elements.
+std::function<long()> transformation(int elements) {
+  const std::shared_ptr<KrObject> member = bench::outlineSubject("rolledI", bench::rolledI()).make(Superior);
+  const KrVector edge(AcGePoint3d(10, 20, 0), AcGePoint3d(500, 20, 0), KR_VT_LINHA);
+  const KrVector hole(AcGePoint3d(300, 20, 0), 9, 0, 0, KR_VT_FURO, KR_VF_FURO_OBLONGO, 0.3, 20);
+  const KrVector centreLine(AcGePoint3d(282, 20, 0), AcGePoint3d(318, 20, 0), KR_VT_FURO_EIXO);
+  while (member->GetNumVertex(Superior) + 3 <= elements)
+    for (const KrVector& v : {hole, centreLine, centreLine}) member->AddVertex(v, Superior);
+  while (member->GetNumVertex(Superior) < elements) member->AddVertex(edge, Superior);
+  return [member] {
+    const AcGeMatrix3d turn = AcGeMatrix3d::rotation(0.1, AcGeVector3d::kZAxis, AcGePoint3d(30, 40, 0));
+    for (int i = 0; i < kCalls; ++i) member->transformBy(turn);
+    return long{kCalls};
+  };
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -45,5 +61,6 @@ int main(int argc, char** argv) {
     all.push_back({"draw_elevation_" + subject.name, [subject] { return drawing(subject, Superior); }});
     all.push_back({"draw_section_" + subject.name, [subject] { return drawing(subject, Secao); }});
   }
+  all.push_back({"transform_40_elements", [] { return transformation(40); }});
   return bench::countMain(argc, argv, all);
 }

@@ -23,6 +23,7 @@ LIMITS = {
     "elevation_KrILaminadoUSA": (22000, "elevation of a rolled I"),
     "elevation_rolledI": (22000, "elevation of the outline *rolledI*"),
     "construct_elevation_KrUDobrado": (60000, "lipped folded channel, from its middle line to its elevation"),
+    "transform_40_elements": (8000, "a member of 40 elements turned"),
     "open_close": (300, "open and close"),
     "read_catalogue": (10_000_000, "all tables of sections read in"),
 }

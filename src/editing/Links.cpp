@@ -112,6 +112,20 @@ void KrObject::opDataCopyTo(KrObject& destino) const {
   destino.endPoint_ = destino.startPoint_ + along * comprimento_;
 }
 
+Acad::ErrorStatus KrObject::copyModifiersFrom(const KrObject& origem) {
+  assertWriteEnabled();
+  furos_ = origem.furos_;
+  cortes_ = origem.cortes_;
+  recortes_ = origem.recortes_;
+  splits_ = origem.splits_;
+  // The limits count along the reference line as it is drawn: in a view from behind that runs the other way.
+  const bool turned = verifyInversion(origem.vista_);
+  visualRepStart_ = turned ? 1 - origem.visualRepEnd_ : origem.visualRepStart_;
+  visualRepEnd_ = turned ? 1 - origem.visualRepStart_ : origem.visualRepEnd_;
+  visualRepScale_ = origem.visualRepScale_;
+  return Acad::eOk;
+}
+
 Acad::ErrorStatus KrObject::copyDataToLinked(unsigned long mascara, int regenerar, int comprimento, int secao) {
   if (mascara == 0 && comprimento == 0) return Acad::eInvalidInput;
   if (!hasValidId()) return kNotInDatabase;

@@ -102,9 +102,12 @@ Acad::ErrorStatus KrObject::dwgOutFields(AcDbDwgFiler* filer) const {
   writeIds(filer, relativeObj_);
   filer->writeInt32(secao_.Qtd());
   if (secao_.Qtd() != 0) {
+    // The reference node goes with the counted ones; an outline that has none gets the one at its frame's origin.
+    const NoGeratriz atOrigin{AcGeVector3d(), KrGeratriz::kReferenceBulge};
     for (int i = 0; i <= secao_.Qtd(); ++i) {
-      filer->writeVector3d(secao_.GetVertex(i));
-      filer->writeDouble(secao_.GetBulge(i));
+      const NoGeratriz& node = i < secao_.numNodes() ? secao_.GetNo(i) : atOrigin;
+      filer->writeVector3d(node.vertex);
+      filer->writeDouble(node.bulge);
     }
   }
   filer->writeInt32(furos_.Qtd());
@@ -126,9 +129,11 @@ Acad::ErrorStatus KrObject::dwgOutFields(AcDbDwgFiler* filer) const {
 
   // The layers go with the member: filed as hard pointers, they can't be purged.
   loadLayersIds();
-  filer->writeHardPointerId(kr_laHiddenId);
-  filer->writeHardPointerId(kr_laHideFace);
-  filer->writeHardPointerId(kr_laEixoId);
+  for (const AcDbHardPointerId* layer : {&kr_laHiddenId, &kr_laHideFace, &kr_laEixoId}) {
+    // They were looked up in the working drawing. None of its layers goes into the file of another.
+    const bool elsewhere = database() != nullptr && layer->database() != database();
+    filer->writeHardPointerId(elsewhere ? AcDbHardPointerId() : *layer);
+  }
   filer->writeInt32(static_cast<Adesk::Int32>(extensions_.size()));
   for (const KrObjectExtension* e : extensions_) {
     filer->writeString(e != nullptr ? e->isA()->name() : L"");
@@ -213,6 +218,7 @@ Acad::ErrorStatus KrObject::readModel(AcDbDwgFiler* filer) {
     filer->readPoint3d(&side);
     AcGePlane plane;
     plane.set(k[0], k[1], k[2], k[3]);
+    cortes_.expect(cuts);
     cortes_.Add(plane, side);
   }
   return Acad::eOk;
@@ -231,6 +237,8 @@ Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
     filer->readDouble(&bulge);
     secao_.Add(vertex, bulge);
   }
+  // An outline is measured from its reference node: without that it is none.
+  if (!secao_.isEmpty() && secao_.numNodes() <= secao_.Qtd()) return Acad::eInvalidInput;
   if (const Acad::ErrorStatus es = readHoles(filer); es != Acad::eOk) return es;
   filer->readDouble(&xScale_);
   filer->readDouble(&yScale_);
@@ -254,6 +262,7 @@ Acad::ErrorStatus KrObject::readHoles(AcDbDwgFiler* filer) {
     filer->readDouble(&diametro);
     filer->readDouble(&stretch);
     if (version_ >= kFirstWithHoleAngle) filer->readDouble(&angle);
+    furos_.expect(holes);
     furos_.Add(ini, fim, diametro, stretch, angle);
   }
   return Acad::eOk;

@@ -586,6 +586,9 @@ class KrObject : public AcDbEntity {
   Acad::ErrorStatus CopiaDados(const KrObject* origem, int completo);
   /// Copies all that the filing carries, and nothing of the entity: layer, colour and id stay.
   Acad::ErrorStatus copyDataFrom(KrObject* origem);
+  /// Takes what is done to another member of the same section and length, in whatever view that is shown: holes, cuts,
+  /// notches, splits and visual limits, without their modification data. Nothing is regenerated.
+  Acad::ErrorStatus copyModifiersFrom(const KrObject& origem);
   Acad::ErrorStatus dwgOutFieldsData(AcDbDwgFiler* filer);
   Acad::ErrorStatus dwgInFieldsData(AcDbDwgFiler* filer);
 

@@ -113,19 +113,21 @@ Adesk::Boolean KrObject::subWorldDraw(AcGiWorldDraw* draw) {
 }
 
 AcDbObjectId KrObject::layerOf(const KrVector& v, AcDbObjectId entityLayer) {
-  if (v.hidden() != 0) return kr_laHideFace;
+  // A drawing without the layer draws such elements on the member's own.
+  const auto orOwn = [&](const AcDbObjectId& layer) { return layer.isNull() ? entityLayer : layer; };
+  if (v.hidden() != 0) return orOwn(kr_laHideFace);
   switch (v.type()) {
     case KR_VT_EIXO:
     case KR_VT_FURO_EIXO:
-      return kr_laEixoId;
+      return orOwn(kr_laEixoId);
     case KR_VT_LINHA_OCULTA:
     case KR_VT_ARCO_OCULTO:
-      return kr_laHiddenId;
+      return orOwn(kr_laHiddenId);
     case KR_VT_FURO:
     case KR_VT_FURO_LINHA:
       return entityLayer;
     default:
-      return v.tipo() == KR_VF_LIMITE ? AcDbObjectId(kr_laEixoId) : entityLayer;
+      return v.tipo() == KR_VF_LIMITE ? orOwn(kr_laEixoId) : entityLayer;
   }
 }
 

@@ -92,6 +92,9 @@ class KrFuro {
   /// Turns the holes end for end on a bar of length `comprimento`: `Ini` and `Angle` are mirrored, `Fim` stays.
   void inverteFuros(double comprimento);
 
+  /// Makes room for holes that a file announces, `count` in all, as far as those already there vouch for them.
+  void expect(int count) { chain_.expect(count); }
+
   /// Files the list, each hole with its data. The filer's status.
   Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const;
   /// Replaces the list by a filed one. `Acad::eMakeMeProxy` for a version that isn't known; with the first of the two

@@ -122,6 +122,8 @@ class KrObjectArray {
     return 1;
   }
 
+  /// Makes room for values that a file announces, `count` in all, as far as those already there vouch for them.
+  void expect(int count) { chain_.expect(count); }
   /// Makes room for `count` values in all, so that they take one piece of memory. No effect if there is none.
   void reserve(int count) { chain_.reserve(count); }
 
@@ -141,6 +143,7 @@ class KrObjectArray {
     for (int i = 0; i < count; ++i) {
       readValue(value, filer);
       if (ListFiling::status(filer) != Acad::eOk) break;
+      chain_.expect(count);
       append(value);
     }
     return Acad::eOk;

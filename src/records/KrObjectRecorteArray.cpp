@@ -84,6 +84,7 @@ Acad::ErrorStatus KrObjectRecorteArray::dwgInFields(AcDbDwgFiler* filer) {
       return es != Acad::eOk ? es : filer->filerStatus();
     }
     // Copying a notch leaves its data behind, so the list's own notch takes it over.
+    expect(count);
     append(notch);
     last().adoptCData(data);
   }

@@ -64,6 +64,9 @@ class KrPlanoCorte {
   /// data.
   void purgeCData(AcRxClass* classe);
 
+  /// Makes room for cuts that a file announces, `count` in all, as far as those already there vouch for them.
+  void expect(int count) { chain_.expect(count); }
+
   /// Transforms every cut. `Acad::eOk`.
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix);
   /// Moves every cut by -d along the bar.

@@ -1,12 +1,16 @@
 #include "records/KrVector.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <initializer_list>
 #include <type_traits>
 #include <utility>
 
 #include "host/db/db.h"
 #include "host/ed/ed.h"
+#include "records/ChordAngle.h"
 #include "records/FiledMarker.h"
 #include "records/StrictDxfReader.h"
 #include "support/Bulges.h"
@@ -33,7 +37,7 @@ AcGePoint3d meanOf(const AcGePoint3d& a, const AcGePoint3d& b) {
 }
 
 double angleBetween(const AcGePoint3d& from, const AcGePoint3d& to) {
-  return acutAngle(asDblArray(from), asDblArray(to));
+  return chordAngle(to.x - from.x, to.y - from.y);
 }
 
 /// Centre of the arc of that radius from start to end that bulges to the side of `through`.
@@ -47,6 +51,30 @@ AcGePoint3d arcCentre(const AcGePoint3d& start, const AcGePoint3d& end, const Ac
   AcGePoint3d centre(candidates[0].x, candidates[0].y, start.z);
   if (count > 1 && toEqualSide(start, end, through, centre)) centre.set(candidates[1].x, candidates[1].y, start.z);
   return centre;
+}
+
+// Kept apart, so that what they load is not loaded for the many elements that need neither.
+[[gnu::noinline]] void transformInSpace(AcGePoint3d& p, const AcGeMatrix3d& m) {
+  p.transformBy(m);
+}
+[[gnu::noinline]] void scaleHole(const AcGeMatrix3d& m, double& radius, double& folga) {
+  const double scale = m.scale();
+  radius *= scale;
+  folga *= scale;
+}
+
+/// Whether all are zero, of either sign, in one comparison.
+bool areZero(std::initializer_list<double> values) {
+  std::uint64_t bits = 0;
+  for (const double value : values) bits |= std::bit_cast<std::uint64_t>(value);
+  return bits << 1 == 0;
+}
+
+/// Drawings are flat, and so is what moves them: of the product with a point of level 0 most is zeros.
+void transformFlat(AcGePoint3d& p, const AcGeMatrix3d& m) {
+  const double x = m.entry[0][0] * p.x + m.entry[0][1] * p.y + m.entry[0][3];
+  p.y = m.entry[1][0] * p.x + m.entry[1][1] * p.y + m.entry[1][3];
+  p.x = x;
 }
 
 template <class Enumeration>
@@ -319,15 +347,14 @@ AcDbEntity* KrVector::getAcDbEntity() const {
 }
 
 Acad::ErrorStatus KrVector::transformBy(const AcGeMatrix3d& matrix) {
-  end_.transformBy(matrix);
-  start_.transformBy(matrix);
-  mid_.transformBy(matrix);
-  measureChord();
-  if (type_ == KR_VT_FURO) {
-    const double scale = matrix.scale();
-    radius_ *= scale;
-    folga_ *= scale;
+  const bool flat = areZero({start_.z, mid_.z, end_.z, matrix.entry[2][0], matrix.entry[2][1], matrix.entry[2][3]});
+  if (flat) {
+    for (AcGePoint3d* p : {&end_, &start_, &mid_}) transformFlat(*p, matrix);
+  } else {
+    for (AcGePoint3d* p : {&end_, &start_, &mid_}) transformInSpace(*p, matrix);
   }
+  measureChord();
+  if (type_ == KR_VT_FURO) scaleHole(matrix, radius_, folga_);
   return Acad::eOk;
 }
 

@@ -79,6 +79,14 @@ class NodeChain {
     size_ = 0;
   }
 
+  /// Makes room for nodes that a file announces, `count` in all: just as many while they are few, and no more than the
+  /// chain would grow by itself, so that a false number costs nothing. Ask again ahead of each append.
+  void expect(int count) {
+    if (spare_ != nullptr || count <= capacity_) return;
+    const int trusted = capacity_ > kFirstChunk ? 2 * capacity_ : capacity_ + kFirstChunk;
+    reserve(count < trusted ? count : trusted);
+  }
+
   /// Makes room for `count` nodes in all; false if memory ran out.
   bool reserve(int count) { return count <= capacity_ || grow(count - capacity_); }
 

@@ -42,9 +42,11 @@ inline bool sameKind(const KrVector& a, const KrVector& b, double tol) {
          a.IndexFur() == b.IndexFur() && near(a.radius(), b.radius(), tol) && near(a.folga(), b.folga(), tol);
 }
 
+/// An element whose ends are one point, such as a round hole, has no direction.
 inline bool sameMeasures(const KrVector& a, const KrVector& b, double tol) {
   return near(a.len(), b.len(), tol) &&
-         (a.len() < tol || near(std::remainder(a.direction() - b.direction(), 6.283185307179586), 0, tol));
+         (near(a.startPoint(), a.endPoint(), tol) ||
+          near(std::remainder(a.direction() - b.direction(), 6.283185307179586), 0, tol));
 }
 
 inline bool same(const KrVector& a, const KrVector& b, double tol) {

@@ -230,6 +230,51 @@ TEST_F(WorldDraw, TakesTheLayersOfTheDrawingAtHand) {
   EXPECT_EQ(draw()[0].traits.layer, here);
 }
 
+TEST_F(WorldDraw, WithoutTheLayerOfItsKindAnElementIsOnTheMembersOwn) {
+  for (const KrVectorType type : {KR_VT_EIXO, KR_VT_LINHA_OCULTA, KR_VT_FURO_EIXO}) add(type);
+  add(KR_VT_LINHA, 1);
+  add(KR_VT_LINHA, 0, KR_VF_LIMITE);
+  const AcDbObjectId own = drawing.layer(L"PERFIL");
+  for (const gi::DrawCall& figure : draw()) EXPECT_NE(figure.traits.layer, own);
+  AcDbDatabase bare;
+  acdbHostApplicationServices()->setWorkingDatabase(&bare);
+  const auto figures = draw();
+  acdbHostApplicationServices()->setWorkingDatabase(drawing.database());
+  ASSERT_EQ(figures.size(), 5U);
+  for (const gi::DrawCall& figure : figures) EXPECT_EQ(figure.traits.layer, own);
+}
+
+TEST_F(WorldDraw, NoLayerOfOneDrawingGoesIntoTheFileOfAnother) {
+  // The layers stand in the working drawing only; the member is of another.
+  AcDbDatabase bare;
+  acdbHostApplicationServices()->setWorkingDatabase(&bare);
+  auto* elsewhere = new TestMember;
+  elsewhere->make({{{-5, -4}, {-5, 4}, {5, 4}, {5, -4}}}, Superior, 100);
+  AcDbBlockTable* table = nullptr;
+  AcDbBlockTableRecord* space = nullptr;
+  bare.getBlockTable(table, AcDb::kForRead);
+  table->getAt(ACDB_MODEL_SPACE, space, AcDb::kForWrite);
+  table->close();
+  AcDbObjectId id;
+  space->appendAcDbEntity(id, elsewhere);
+  space->close();
+
+  const auto filed = [&] {
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+    elsewhere->dwgOutFields(&filer);
+    std::vector<AcDbObjectId> layers;
+    filer.visitReferences([&](AcDbReferenceKind, AcDbObjectId& reference) { layers.push_back(reference); });
+    return layers;
+  };
+  acdbHostApplicationServices()->setWorkingDatabase(drawing.database());
+  for (const auto& reference : {filed(), filed()})
+    for (const AcDbObjectId& at : reference) EXPECT_TRUE(at.isNull() || at.database() == &bare);
+  acdbHostApplicationServices()->setWorkingDatabase(&bare);
+  for (const AcDbObjectId& at : filed()) EXPECT_TRUE(at.isNull() || at.database() == &bare);
+  elsewhere->close();
+  acdbHostApplicationServices()->setWorkingDatabase(drawing.database());
+}
+
 TEST_F(WorldDraw, RestoresTheLayerOfTheTraits) {
   add(KR_VT_EIXO);
   gi::Recorder recorder;

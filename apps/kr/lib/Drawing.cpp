@@ -5,6 +5,7 @@
 #include <cwchar>
 #include <memory>
 
+#include "BarModel.h"
 #include "JobReader.h"
 #include "Projection.h"
 #include "host/db/db.h"
@@ -65,6 +66,13 @@ class MemberLayers {
   std::vector<AcDbObjectId> ids_;
 };
 
+// The scale that a job gives a member in its plane.
+void applyScale(const JobModifiers& modifiers, KrObject& member) {
+  const double across = modifiers.scale > 0 ? modifiers.scale : 1;
+  const double along = modifiers.scaleAlong > 0 ? modifiers.scaleAlong : across;
+  member.ObjectScale(along, across, across);
+}
+
 bool makeLayers(const Job& job, AcDbDatabase& database, std::string& why) {
   for (const JobLayer& layer : job.layers) {
     const std::string name(job.names.text(layer.name));
@@ -114,8 +122,14 @@ bool drawInto(const Job& flat, AcDbDatabase& database, AcDbObjectId block, KrObj
     AcGePoint3d start(axis.start.x, axis.start.y, 0);
     AcGePoint3d end(axis.end.x, axis.end.y, 0);
     if (row.from == row.to) end.x += kSampleLength;
+    // From behind, the section's own Z starts at the end as drawn: the bar's start is that end.
+    if (type == Objeto && KrObject::isInverted(static_cast<KrVistas>(row.view)) != 0) std::swap(start, end);
     const ProfileClass& profileClass = *flat.profiles[row.profile].profileClass;
     std::unique_ptr<KrObject> member(profileClass.make(start, end, row.view, memberValues(flat, row)));
+    if (row.modifiers != kNone) {
+      applyModel(flat.modifiers[row.modifiers], *member);
+      if (type == Objeto) applyScale(flat.modifiers[row.modifiers], *member);
+    }
     member->setUserName(os::toWide(flat.names.text(row.name)).c_str());
     member->settipoBarra(static_cast<TipoBarra>(row.role));
     member->setObjectType(type);
@@ -140,7 +154,8 @@ bool drawMembers(const Job& job, AcDbDatabase& database, std::vector<AcDbObjectI
 
 bool drawJob(std::string_view text, const KnownNames& known, Job& job, AcDbDatabase& database,
              std::vector<AcDbObjectId>& members, std::vector<Problem>& problems, std::string& why) {
-  return readJob(text, known, job, problems) && drawMembers(job, database, members, why);
+  return readJob(text, known, job, problems) && modelJob(text, job, problems) &&
+         drawMembers(job, database, members, why);
 }
 
 std::vector<BomPiece> piecesOf(const std::vector<AcDbObjectId>& members) {

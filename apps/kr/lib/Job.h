@@ -2,11 +2,14 @@
 
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "NamePool.h"
 #include "ProfileClasses.h"
+
+class KrObject;
 
 namespace kr {
 
@@ -56,6 +59,61 @@ struct JobProfile {
   NameId designation = kNoName;  ///< as the catalogue spells it; kNoName when the job gives the parameters
 };
 
+// What is done to a member. A place is given in one of its elevations as that lies on paper with the bar's start to the
+// left: x along the bar from the start, y upwards from its axis, mm; in the section, as seen from the bar's start with
+// the section not turned, X to the right and Y up. `view` holds the numbers of KrVistas.
+
+/// A hole, drilled in an elevation away from the viewer, or in the section along a direction.
+struct JobHole {
+  std::int8_t view = 1;
+  JobPoint at;
+  double along = 0;      ///< of a hole given in the section: mm from the bar's start
+  double direction = 0;  ///< of a hole given in the section: radians from its X
+  double diameter = 0;
+  double slot = 0;   ///< length of the straight part of an oblong hole; 0 for a round one
+  double angle = 0;  ///< of an oblong hole as it is seen, radians
+  int walls = 1;     ///< how many walls it passes; -1 for all
+};
+
+/// A cut along the line through two points, that throws away the side of a third.
+struct JobCut {
+  std::int8_t view = 1;
+  std::vector<LinePoint> line;
+  JobPoint side;
+};
+
+/// A notch: a polygon with arcs, and a point of the side that goes.
+struct JobNotch {
+  std::int8_t view = 1;
+  std::vector<LinePoint> points;
+  JobPoint side;
+  bool open = false;  ///< a line across the bar instead of a closed polygon
+};
+
+/// A gap in the picture of a bar.
+struct JobSplit {
+  double at = 0;   ///< its middle, mm from the bar's start
+  double gap = 0;  ///< its width, mm
+};
+
+/// What is done to one member.
+struct JobModifiers {
+  std::vector<JobHole> holes;
+  std::vector<JobCut> cuts;
+  std::vector<JobNotch> notches;
+  std::vector<JobSplit> splits;
+  bool limited = false;
+  double limitFrom = 0;    ///< only what lies between these is shown, mm from the bar's start; 0 for the start
+  double limitTo = 0;      ///< 0 for the end
+  double limitSymbol = 1;  ///< size of the break lines
+  double scale = 0;        ///< at which the member is drawn in the plane of the job; 0 for 1:1
+  double scaleAlong = 0;   ///< the same along the bar; 0 for `scale`
+
+  /// Made by makeModels(): the bar with all of it done, lying along X from the origin.
+  std::shared_ptr<const KrObject> model;
+  double axisLength = 0;  ///< of its axis
+};
+
 /// A member between two points. Points and profile are indices into the job's lists; the layer is a name, kNoName for
 /// the layer of every member.
 struct JobMember {
@@ -66,10 +124,11 @@ struct JobMember {
   NameId layer = kNoName;
   std::int8_t view = 1;
   std::int8_t role = 0;
-  double rotation = 0;      ///< radians by which the section is turned about the bar
-  double startSetback = 0;  ///< mm, from `from` towards `to`; negative reaches beyond
-  double endSetback = 0;    ///< mm, from `to` towards `from`
-  double clearance = -1;    ///< mm to keep from the faces of the members met; negative: runs to the nodes
+  double rotation = 0;              ///< radians by which the section is turned about the bar
+  double startSetback = 0;          ///< mm, from `from` towards `to`; negative reaches beyond
+  double endSetback = 0;            ///< mm, from `to` towards `from`
+  double clearance = -1;            ///< mm to keep from the faces of the members met; negative: runs to the nodes
+  std::uint32_t modifiers = kNone;  ///< index of what is done to it; kNone for nothing
 };
 
 /// An enlarged piece of the elevation.
@@ -93,6 +152,9 @@ struct JobView {
   double to = kLargestCoordinate;
   std::vector<int> roles{};              ///< of members that are shown; empty: any
   std::vector<std::uint32_t> members{};  ///< indices: shown wherever they lie
+  bool looks = false;                    ///< `look` was given
+  std::uint32_t bar = kNone;             ///< index: the member whose views are laid out, instead of a projection
+  std::vector<int> show{};               ///< those views, as numbers of KrVistas; empty: all
   bool marks = true;
   bool dimensions = true;
 };
@@ -122,6 +184,7 @@ struct Job {
   std::vector<JobPoint> points;
   std::vector<JobProfile> profiles;
   std::vector<JobMember> members;
+  std::vector<JobModifiers> modifiers;
   std::vector<JobSheet> sheets;
 };
 

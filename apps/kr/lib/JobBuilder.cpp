@@ -18,6 +18,15 @@ constexpr double kShortestMember = 1e-3;
 
 constexpr int kMostHints = 100;
 
+constexpr std::size_t kMostNotchPoints = 1000;
+
+// An edge of a notch or the line of a cut is at least so long, mm.
+constexpr double kShortestEdge = 1e-3;
+
+double distance(const LinePoint& a, const LinePoint& b) {
+  return std::hypot(b.x - a.x, b.y - a.y);
+}
+
 // The entry of a by-name index, made on demand.
 std::uint32_t& entry(std::vector<std::uint32_t>& index, NameId name, const NamePool& names) {
   if (index.size() <= name) index.resize(std::max<std::size_t>(names.size(), index.size() * 2), kNone);
@@ -64,11 +73,74 @@ std::uint32_t& JobBuilder::profilePlace(NameId name) {
   return entry(profileOf_, name, job.names);
 }
 
+void JobBuilder::beginMember() {
+  member = {};
+  modifiers = {};
+}
+
+void JobBuilder::endHole() {
+  const bool inSection = hole.view == 0;
+  if (!inSection && (hole.along != 0 || hole.direction != 0)) {
+    problems.report(
+        "\"along\" and \"direction\" are of a hole given in the section: \"at\" says where one lies along the bar");
+  }
+  modifiers.holes.push_back(hole);
+}
+
+void JobBuilder::endCut() {
+  if (cut.line.size() != 2) {
+    problems.report("the line of a cut has two points, found " + std::to_string(cut.line.size()));
+  } else if (distance(cut.line[0], cut.line[1]) < kShortestEdge) {
+    problems.report("the two points of a cut's line are one");
+  } else {
+    modifiers.cuts.push_back(cut);
+  }
+}
+
+void JobBuilder::endNotch() {
+  const std::size_t least = notch.open ? 2 : 3;
+  if (notch.points.size() < least || notch.points.size() > kMostNotchPoints) {
+    problems.report("a notch has from " + std::to_string(least) + " to " + std::to_string(kMostNotchPoints) +
+                    " points, found " + std::to_string(notch.points.size()));
+    return;
+  }
+  for (std::size_t i = 0; i < notch.points.size(); ++i) {
+    if (i + 1 == notch.points.size() && notch.open) break;
+    if (distance(notch.points[i], notch.points[(i + 1) % notch.points.size()]) >= kShortestEdge) continue;
+    problems.report("point " + std::to_string(i) + " of the notch and the next are one");
+    return;
+  }
+  modifiers.notches.push_back(notch);
+}
+
+void JobBuilder::endLimits() {
+  if (modifiers.limitTo != 0 && modifiers.limitTo <= modifiers.limitFrom)
+    problems.report("\"from\" must be less than \"to\"");
+}
+
 void JobBuilder::endMember() {
+  const bool modified = !modifiers.holes.empty() || !modifiers.cuts.empty() || !modifiers.notches.empty() ||
+                        !modifiers.splits.empty() || modifiers.limited || modifiers.scale > 0 ||
+                        modifiers.scaleAlong > 0;
+  if (modified) {
+    member.modifiers = static_cast<std::uint32_t>(job.modifiers.size());
+    job.modifiers.push_back(std::move(modifiers));
+  }
   job.members.push_back(member);
 }
+void JobBuilder::beginView() {
+  view = {};
+  reportedBefore_ = problems.reported();
+}
+
 void JobBuilder::endView() {
   if (view.from > view.to) problems.report("\"from\" must not be greater than \"to\"");
+  // A "look" that isn't one was told already.
+  if (problems.reported() == reportedBefore_) {
+    if (!view.looks && view.bar == kNone) problems.report("missing \"look\" or \"bar\": what the view shows");
+    if (view.looks && view.bar != kNone) problems.report("a view has either a \"look\" or a \"bar\", not both");
+    if (view.bar == kNone && !view.show.empty()) problems.report("\"show\" is of a view of a \"bar\"");
+  }
   sheet.views.push_back(view);
 }
 void JobBuilder::endSheet() {
@@ -168,6 +240,9 @@ void JobBuilder::resolveSheets(std::vector<Problem>& found) {
     JobSheet& row = job.sheets[i];
     const std::string path = "/sheets/" + std::to_string(i);
     for (std::size_t j = 0; j < row.views.size(); ++j) {
+      if (row.views[j].bar != kNone) {
+        resolve(row.views[j].bar, memberOf_, "member", path + "/views/" + std::to_string(j) + "/bar");
+      }
       const std::string names = path + "/views/" + std::to_string(j) + "/members/";
       for (std::size_t k = 0; k < row.views[j].members.size(); ++k) {
         resolve(row.views[j].members[k], memberOf_, "member", names + std::to_string(k));

@@ -50,6 +50,11 @@ class JobBuilder {
   // What is being read, by the rule that is open.
   JobTitle* title = nullptr;
   JobMember member;
+  JobModifiers modifiers;
+  JobHole hole;
+  JobCut cut;
+  JobNotch notch;
+  JobSplit split;
   JobLayer layer;
   JobSheet sheet;
   JobDetail detail;
@@ -67,7 +72,13 @@ class JobBuilder {
   void addNode(std::string_view name, JobPoint point);
   std::uint32_t addPoint(JobPoint point);
   std::uint32_t nodeReference(const Scalar& value);
+  void beginMember();
+  void endHole();
+  void endCut();
+  void endNotch();
+  void endLimits();
   void endMember();
+  void beginView();
   void endView();
   void endSheet();
 
@@ -115,7 +126,7 @@ class JobBuilder {
   int hints_ = 0;
   JobProfile profile_;
   ProfileText text_;
-  std::size_t reportedBefore_ = 0;       // the profile that is being read
+  std::size_t reportedBefore_ = 0;       // the profile or view that is being read
   std::vector<ProfileText> designated_;  // profiles that wait for the catalogue
 
   // By name, kNone where the name is of something else.

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <unordered_map>
 
+#include "BarModel.h"
 #include "RuleReader.h"
 
 namespace kr {
@@ -111,6 +112,14 @@ bool readJob(std::string_view text, const KnownNames& known, Job& job, std::vect
   }
   if (!problems.empty()) placeProblems(text, problems);
   return problems.empty();
+}
+
+bool modelJob(std::string_view text, Job& job, std::vector<Problem>& problems) {
+  problems.clear();
+  if (makeModels(job, problems)) return true;
+  locate(text, problems);
+  placeProblems(text, problems);
+  return false;
 }
 
 }  // namespace kr

@@ -14,4 +14,7 @@ namespace kr {
 /// none. The format stands in docs/job-format.md.
 bool readJob(std::string_view text, const KnownNames& known, Job& job, std::vector<Problem>& problems);
 
+/// Does to the members of a job that was read what it wants done to them (makeModels()). Problems as of readJob().
+bool modelJob(std::string_view text, Job& job, std::vector<Problem>& problems);
+
 }  // namespace kr

@@ -140,6 +140,132 @@ constexpr ObjectRule kProfile{
     .otherKeys = &kProfileParameter,
 };
 
+constexpr std::string_view kElevations[] = {"", "Superior", "Inferior", "Esquerda", "Direita"};
+constexpr std::string_view kDrilled[] = {"Secao", "Superior", "Inferior", "Esquerda", "Direita"};
+constexpr ValueRule kElevation{.form = Form::kWord, .meaning = "elevation", .words = kElevations};
+constexpr ValueRule kPlace{.form = Form::kPoint, .meaning = "[x, y] in mm", .flat = true};
+
+constexpr double radians(double degrees) {
+  return degrees * (std::numbers::pi / kHalfTurn);
+}
+
+constexpr double kMostWalls = 1000;
+
+constexpr KeyRule kHoleKeys[] = {
+    {"view",
+     {.form = Form::kWord, .meaning = "view", .words = kDrilled},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.hole.view = static_cast<std::int8_t>(v.word); }},
+    {"at", kPlace, true, [](JobBuilder& b, const Scalar& v) { b.hole.at = v.point; }},
+    {"along", length("a length in mm from the bar's start"), false,
+     [](JobBuilder& b, const Scalar& v) { b.hole.along = v.number; }},
+    {"direction",
+     {Form::kNumber, "an angle in degrees from the section's X, from -360 to 360", -kFullTurn, kFullTurn},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.hole.direction = radians(v.number); }},
+    {"diameter",
+     {Form::kNumber, "a diameter in mm", 0, kLargestCoordinate, true},
+     true,
+     [](JobBuilder& b, const Scalar& v) { b.hole.diameter = v.number; }},
+    {"slot",
+     {Form::kNumber, "the length in mm of a slot's straight part, 0 or more", 0},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.hole.slot = v.number; }},
+    {"angle",
+     {Form::kNumber, "a slot's angle in degrees, from -360 to 360", -kFullTurn, kFullTurn},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.hole.angle = radians(v.number); }},
+    {"walls",
+     {Form::kInteger, "how many walls it passes, or 0 for all", 0, kMostWalls},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.hole.walls = v.number == 0 ? -1 : static_cast<int>(v.number); }},
+};
+
+constexpr ObjectRule kHole{
+    .what = "hole",
+    .keys = kHoleKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.hole = {}; },
+    .close = [](JobBuilder& b) { b.endHole(); },
+};
+
+constexpr KeyRule kCutKeys[] = {
+    {"view", kElevation, false, [](JobBuilder& b, const Scalar& v) { b.cut.view = static_cast<std::int8_t>(v.word); }},
+    {"line", collection(Form::kList, kPlace, "a list of two points, [x, y] in mm"), true,
+     [](JobBuilder& b, const Scalar& v) {
+       b.cut.line.push_back({v.point.x, v.point.y});
+     }},
+    {"side", kPlace, true, [](JobBuilder& b, const Scalar& v) { b.cut.side = v.point; }},
+};
+
+constexpr ObjectRule kCut{
+    .what = "cut",
+    .keys = kCutKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.cut = {}; },
+    .close = [](JobBuilder& b) { b.endCut(); },
+};
+
+constexpr KeyRule kNotchKeys[] = {
+    {"view", kElevation, false,
+     [](JobBuilder& b, const Scalar& v) { b.notch.view = static_cast<std::int8_t>(v.word); }},
+    {"points", collection(Form::kList, kLinePoint, "a list of points, [x, y] or [x, y, bulge]"), true,
+     [](JobBuilder& b, const Scalar& v) {
+       b.notch.points.push_back({v.point.x, v.point.y, v.point.z});
+     }},
+    {"side", kPlace, true, [](JobBuilder& b, const Scalar& v) { b.notch.side = v.point; }},
+    {"open", flag("true for a line across the bar, false for a polygon"), false,
+     [](JobBuilder& b, const Scalar& v) { b.notch.open = v.flag; }},
+};
+
+constexpr ObjectRule kNotch{
+    .what = "notch",
+    .keys = kNotchKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.notch = {}; },
+    .close = [](JobBuilder& b) { b.endNotch(); },
+};
+
+constexpr KeyRule kSplitKeys[] = {
+    {"at", length("a length in mm from the bar's start"), true,
+     [](JobBuilder& b, const Scalar& v) { b.split.at = v.number; }},
+    {"gap",
+     {Form::kNumber, "the width of the gap in mm", 0, kLargestCoordinate, true},
+     true,
+     [](JobBuilder& b, const Scalar& v) { b.split.gap = v.number; }},
+};
+
+constexpr ObjectRule kSplit{
+    .what = "split",
+    .keys = kSplitKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.split = {}; },
+    .close = [](JobBuilder& b) { b.modifiers.splits.push_back(b.split); },
+};
+
+constexpr KeyRule kLimitKeys[] = {
+    {"from",
+     {Form::kNumber, "a length in mm from the bar's start", 0, kLargestCoordinate, true},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.modifiers.limitFrom = v.number; }},
+    {"to",
+     {Form::kNumber, "a length in mm from the bar's start", 0, kLargestCoordinate, true},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.modifiers.limitTo = v.number; }},
+    {"symbol",
+     {Form::kNumber, "the size of the break lines", 0, kLargestCoordinate, true},
+     false,
+     [](JobBuilder& b, const Scalar& v) { b.modifiers.limitSymbol = v.number; }},
+};
+
+constexpr ObjectRule kLimits{
+    .what = "limits",
+    .keys = kLimitKeys,
+    .open = [](JobBuilder& b, std::string_view) { b.modifiers.limited = true; },
+    .close = [](JobBuilder& b) { b.endLimits(); },
+};
+
+constexpr ValueRule kHoleElement = object(kHole, "an object: a hole");
+constexpr ValueRule kCutElement = object(kCut, "an object: a cut");
+constexpr ValueRule kNotchElement = object(kNotch, "an object: a notch");
+constexpr ValueRule kSplitElement = object(kSplit, "an object: a split");
+
 constexpr KeyRule kMemberKeys[] = {
     {"name", text("the member's name, unique in the job"), true,
      [](JobBuilder& b, const Scalar& v) {
@@ -178,12 +304,21 @@ constexpr KeyRule kMemberKeys[] = {
      {Form::kNumber, "a gap in mm, 0 or more, to the faces of the members met", 0},
      false,
      [](JobBuilder& b, const Scalar& v) { b.member.clearance = v.number; }},
+    {"holes", collection(Form::kList, kHoleElement, "a list of holes")},
+    {"cuts", collection(Form::kList, kCutElement, "a list of cuts")},
+    {"notches", collection(Form::kList, kNotchElement, "a list of notches")},
+    {"splits", collection(Form::kList, kSplitElement, "a list of splits")},
+    {"limits", object(kLimits, "an object: what of the member is shown")},
+    {"scale", text("a scale, such as \"1:10\""), false,
+     [](JobBuilder& b, const Scalar& v) { takeScale(b, v, b.modifiers.scale); }},
+    {"scaleAlong", text("a scale, such as \"1:50\""), false,
+     [](JobBuilder& b, const Scalar& v) { takeScale(b, v, b.modifiers.scaleAlong); }},
 };
 
 constexpr ObjectRule kMember{
     .what = "member",
     .keys = kMemberKeys,
-    .open = [](JobBuilder& b, std::string_view) { b.member = {}; },
+    .open = [](JobBuilder& b, std::string_view) { b.beginMember(); },
     .close = [](JobBuilder& b) { b.endMember(); },
 };
 
@@ -219,13 +354,21 @@ constexpr ValueRule kNote = text("a line of text");
 
 constexpr ValueRule kMemberName = text("the name of a member");
 constexpr ValueRule kRoleName{.form = Form::kWord, .meaning = "role", .words = kRoles};
+constexpr ValueRule kShownView{.form = Form::kWord, .meaning = "view", .words = kViews};
 constexpr ValueRule kProfileName = text("the name of one of \"profiles\"");
 
 constexpr KeyRule kViewKeys[] = {
     {"look",
      {.form = Form::kWord, .meaning = "look", .words = kLooks},
-     true,
-     [](JobBuilder& b, const Scalar& v) { b.view.look = static_cast<Look>(v.word); }},
+     false,
+     [](JobBuilder& b, const Scalar& v) {
+       b.view.look = static_cast<Look>(v.word);
+       b.view.looks = true;
+     }},
+    {"bar", text("the name of a member, whose views are laid out"), false,
+     [](JobBuilder& b, const Scalar& v) { b.view.bar = b.job.names.intern(v.text); }},
+    {"show", collection(Form::kList, kShownView, "a list of views of the bar"), false,
+     [](JobBuilder& b, const Scalar& v) { b.view.show.push_back(v.word); }},
     {"title", text("a text: what stands above the view"), false,
      [](JobBuilder& b, const Scalar& v) { b.view.title = v.text; }},
     {"scale", text("a scale, such as \"1:50\""), false,
@@ -247,7 +390,7 @@ constexpr KeyRule kViewKeys[] = {
 constexpr ObjectRule kView{
     .what = "view",
     .keys = kViewKeys,
-    .open = [](JobBuilder& b, std::string_view) { b.view = {}; },
+    .open = [](JobBuilder& b, std::string_view) { b.beginView(); },
     .close = [](JobBuilder& b) { b.endView(); },
 };
 

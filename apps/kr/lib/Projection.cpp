@@ -112,6 +112,7 @@ Job projected(const Job& job, const JobView& view) {
   flat.names = job.names;
   flat.layers = job.layers;
   flat.profiles = job.profiles;
+  flat.modifiers = job.modifiers;
   flat.points.reserve(job.points.size());
   for (const JobPoint& point : job.points) flat.points.push_back(plane(point));
   for (std::uint32_t i = 0; i < job.members.size(); ++i) {

@@ -13,6 +13,8 @@ namespace {
 constexpr double kMarkRoom = 12;
 constexpr double kBareRoom = 4;
 constexpr double kViewGap = 8;
+constexpr double kLabelRoom = 8;  // above the views of a bar, for their names
+constexpr double kLabelGap = 2;
 constexpr double kSmallestScale = 1e-6;
 
 }  // namespace
@@ -24,7 +26,7 @@ double ViewSet::Shown::after() const {
   return view.dimensions ? kDimensionRoom : before();
 }
 double ViewSet::Shown::above() const {
-  return kViewTitleRoom + before();
+  return kViewTitleRoom + (labels.empty() ? before() : kLabelRoom);
 }
 double ViewSet::Shown::below() const {
   return after();
@@ -34,9 +36,18 @@ bool ViewSet::make(const DrawnJob& drawn, const JobSheet& sheet, const std::vect
                    std::string& why) {
   for (const JobView& view : views) {
     const std::wstring name = L"KR_VIEW_" + std::to_wstring(number) + L"_" + std::to_wstring(views_.size() + 1);
-    Shown shown{view, projected(drawn.job, view), makeBlock(drawn.database, name), {}, {}};
-    shown.view.marks = view.marks && sheet.marks;
-    shown.view.dimensions = view.dimensions && sheet.dimensions;
+    const bool ofBar = view.bar != kNone;
+    std::vector<BarViewLabel> labels;
+    Shown shown{view,
+                ofBar ? barViews(drawn.job, view, labels) : projected(drawn.job, view),
+                makeBlock(drawn.database, name),
+                {},
+                {}};
+    shown.labels = std::move(labels);
+    // The views of a bar have their names above them instead.
+    shown.view.marks = view.marks && sheet.marks && !ofBar;
+    shown.view.dimensions = view.dimensions && sheet.dimensions && !ofBar;
+    if (ofBar && view.title.empty()) shown.view.title = drawn.job.names.text(drawn.job.members[view.bar].name);
     shown.scale = view.scale;
     std::vector<AcDbObjectId> members;
     if (!drawInto(shown.flat, drawn.database, shown.block, Vista, members, why)) return false;
@@ -118,8 +129,12 @@ void ViewSet::drawOne(Painter& painter, const DrawnJob& drawn, const Shown& show
   window.modelToPaper = matrixOf(place);
   window.clip = {corner.x - 1, corner.y - 1, top.x + 1, top.y + 1};
   windows.push_back(std::move(window));
-  drawViewTitle(painter, (corner.x + top.x) / 2, top.y + shown.before() + kViewTitleRoom / 2, viewName(shown.view),
+  drawViewTitle(painter, (corner.x + top.x) / 2, top.y + shown.above() - kViewTitleRoom / 2, viewName(shown.view),
                 shown.scale);
+  for (const BarViewLabel& label : shown.labels) {
+    const JobPoint at = place(label.at);
+    painter.text({at.x, at.y + kLabelGap}, label.text, kSmallText, Align::kCentre);
+  }
   const bool dimensions = shown.view.dimensions && isDimensioned(shown.flat);
   if (shown.view.marks) {
     drawMarks(painter, shown.flat, drawn.bom, place,

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "BarViews.h"
 #include "Job.h"
 #include "Painter.h"
 #include "SheetElevation.h"
@@ -13,8 +14,8 @@ namespace kr {
 
 struct DrawnJob;
 
-/// The views of a sheet: each a projection of the job with its title, marks and dimensions, in rows from the left to
-/// the right and down. Each lies in a block of its own, at real size.
+/// The views of a sheet: each a projection of the job with its title, marks and dimensions, or the views of one bar, in
+/// rows from the left to the right and down. Each lies in a block of its own, at real size.
 class ViewSet {
  public:
   /// Draws what the views show. False with `why` when one shows nothing, or the database refuses.
@@ -44,6 +45,7 @@ class ViewSet {
     JobPoint low;
     JobPoint high;
     double scale = 0;
+    std::vector<BarViewLabel> labels{};
 
     double before() const;  // room on paper to the left of the picture
     double after() const;

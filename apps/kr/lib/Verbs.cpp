@@ -60,6 +60,10 @@ std::unique_ptr<OpenJob> openJob(const std::string& file, const std::string& dat
   }
   open->session = Session::start(folder, report);
   if (open->session == nullptr) return nullptr;
+  if (!modelJob(text, open->job, problems)) {
+    tellProblems(file, problems, report);
+    return nullptr;
+  }
   std::string why;
   if (!drawMembers(open->job, *open->session->database(), open->members, why)) {
     report.error(Exit::kJobFailed, why);
