@@ -4,8 +4,9 @@
 
 #include "host/db/AcDbDatabase.h"
 #include "host/db/AcDbDxfFiler.h"
+#include "host/db/FieldFiling.h"
 #include "host/db/acdbOpen.h"
-#include "host/db/dbtext.h"
+#include "host/db/entities/entities.h"
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockTable, AcDbSymbolTable, 0)
 ACRX_DXF_DEFINE_MEMBERS(AcDbBlockTableRecord, AcDbSymbolTableRecord, 0, 0, 0, BLOCK_RECORD, krhost)
@@ -101,7 +102,62 @@ bool AcDbBlockTableRecord::isPaperSpace() const {
 }
 
 bool AcDbBlockTableRecord::isLayout() const {
-  return isModelSpace() || isPaperSpace();
+  return isModelSpace() || isPaperSpace() || !data_.layout.isNull();
+}
+
+AcDbObjectId AcDbBlockTableRecord::getLayoutId() const {
+  assertReadEnabled();
+  return data_.layout;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::setLayoutId(AcDbObjectId id) {
+  assertWriteEnabled();
+  data_.layout = id;
+  return Acad::eOk;
+}
+
+bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
+  assertReadEnabled();
+  return std::any_of(entities_.begin(), entities_.end(), [](const AcDbStub* entity) {
+    return !entity->has(AcDbStub::kErased) && AcDbAttributeDefinition::cast(entity->object) != nullptr;
+  });
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::openBlockBegin(AcDbBlockBegin*& begin, AcDb::OpenMode mode) {
+  return acdbOpenObject(begin, begin_, mode);
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::openBlockEnd(AcDbBlockEnd*& end, AcDb::OpenMode mode) {
+  return acdbOpenObject(end, end_, mode);
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray& ids) const {
+  assertReadEnabled();
+  for (AcDbStub* const stub : references_) {
+    if (!stub->has(AcDbStub::kErased)) ids.append(stub);
+  }
+  return Acad::eOk;
+}
+
+std::wstring AcDbBlockTableRecord::recordName() const {
+  if (!data_.recordName.empty()) return data_.recordName;
+  const std::wstring& name = nameText();
+  if (name.empty() || name.front() != L'*') return name;
+  const std::size_t last = name.find_last_not_of(L"0123456789");
+  return name.substr(0, last + 1);
+}
+
+void AcDbBlockTableRecord::makeEnds(AcDbHandle begin, AcDbHandle end) {
+  if (database() == nullptr) return;
+  const auto make = [this](AcDbEntity* entity, AcDbObjectId& id, AcDbHandle handle) {
+    if (id.isNull() && database()->addAcDbObject(id, entity, objectId(), handle) == Acad::eOk) {
+      entity->close();
+    } else {
+      delete entity;
+    }
+  };
+  make(new AcDbBlockBegin, begin_, begin);
+  make(new AcDbBlockEnd, end_, end);
 }
 
 bool AcDbBlockTableRecord::isAnonymous() const {
@@ -136,6 +192,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::dwgOutFields(AcDbDwgFiler* filer) const 
   if (const Acad::ErrorStatus es = AcDbSymbolTableRecord::dwgOutFields(filer); es != Acad::eOk) return es;
   filer->writePoint3d(origin_);
   filer->writeString(comments_.c_str());
+  fields::put(*filer, data_);
   // An undo leaves the list alone: its entities come and go by records of their own.
   const AcDb::FilerType type = filer->filerType();
   if (type == AcDb::kUndoFiler || type == AcDb::kCopyFiler) return filer->filerStatus();
@@ -151,6 +208,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::dwgInFields(AcDbDwgFiler* filer) {
   if (const Acad::ErrorStatus es = AcDbSymbolTableRecord::dwgInFields(filer); es != Acad::eOk) return es;
   filer->readPoint3d(&origin_);
   comments_ = dbtext::readText(*filer);
+  fields::read(filer, data_);
   const AcDb::FilerType type = filer->filerType();
   if (type == AcDb::kUndoFiler || type == AcDb::kCopyFiler) return filer->filerStatus();
   // The entities enter the block as they come into the database, in files and in clones; the list only tells of them.

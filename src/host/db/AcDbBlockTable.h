@@ -1,12 +1,15 @@
 #pragma once
 
 #include "host/db/AcDbEntity.h"
+#include "host/db/AcDbField.h"
 #include "host/db/AcDbSymbolTable.h"
 
 /// Names of the two blocks that every drawing has.
 inline constexpr const ACHAR* ACDB_MODEL_SPACE = L"*Model_Space";
 inline constexpr const ACHAR* ACDB_PAPER_SPACE = L"*Paper_Space";
 
+class AcDbBlockBegin;
+class AcDbBlockEnd;
 class AcDbBlockTableRecord;
 
 /// Walks the entities of a block in the order in which they were appended.
@@ -57,6 +60,59 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
   /// A new text that acutDelString frees.
   Acad::ErrorStatus comments(ACHAR*& text) const;
   Acad::ErrorStatus setComments(const ACHAR* text);
+  /// What a DWG file tells of a block besides its name, base point, description and entities.
+  struct Data {
+    bool anonymous = false;
+    bool hasAttributeDefinitions = false;
+    bool external = false;
+    bool overlaid = false;
+    bool loaded = false;
+    std::wstring xrefPath;
+    std::vector<std::byte> preview;
+    AcDbHardPointerId layout;
+    /// The name as the record has it, where that is another than the block's (*D for *D3); empty when it follows the
+    /// rule.
+    std::wstring recordName;
+    /// Group 70 of the BLOCK as read.
+    Adesk::Int16 dxfFlags = 0;
+    KR_DB_TIE(anonymous, hasAttributeDefinitions, external, overlaid, loaded, xrefPath, preview, layout, recordName,
+              dxfFlags)
+  };
+  const Data& data() const { return data_; }
+  Data& dataAsRead() { return data_; }
+  AcDbObjectId getLayoutId() const;
+  Acad::ErrorStatus setLayoutId(AcDbObjectId id);
+  bool hasAttributeDefinitions() const;
+  bool isFromExternalReference() const { return data_.external; }
+  bool isFromOverlayReference() const { return data_.overlaid; }
+  /// The entities BLOCK and ENDBLK; null in a block that isn't in a table yet.
+  AcDbObjectId blockBeginId() const { return begin_; }
+  AcDbObjectId blockEndId() const { return end_; }
+  Acad::ErrorStatus openBlockBegin(AcDbBlockBegin*& begin, AcDb::OpenMode mode = AcDb::kForRead);
+  Acad::ErrorStatus openBlockEnd(AcDbBlockEnd*& end, AcDb::OpenMode mode = AcDb::kForRead);
+  /// The inserts of the block that aren't erased.
+  Acad::ErrorStatus getBlockReferenceIds(AcDbObjectIdArray& ids) const;
+  /// The inserts of the block, erased ones included.
+  const std::vector<AcDbStub*>& blockReferences() const { return references_; }
+
+  // For readers of files, which put the entities into the database themselves.
+  void reserve(std::size_t entities) { entities_.reserve(entities); }
+  void listAsRead(AcDbStub* entity) { entities_.push_back(entity); }
+  void setEntitiesAsRead(std::vector<AcDbStub*> entities) { entities_ = std::move(entities); }
+  void setEndsAsRead(AcDbStub* begin, AcDbStub* end) {
+    begin_ = AcDbObjectId(begin);
+    end_ = AcDbObjectId(end);
+  }
+  void setBlockReferencesAsRead(std::vector<AcDbStub*> inserts) { references_ = std::move(inserts); }
+  void setOriginAsRead(const AcGePoint3d& origin) { origin_ = origin; }
+  void setCommentsAsRead(std::wstring comments) { comments_ = std::move(comments); }
+  const AcGePoint3d& originAsRead() const { return origin_; }
+  const std::wstring& commentsText() const { return comments_; }
+  /// The name that a DWG's block record has: without the number of an anonymous block or a further paper space.
+  std::wstring recordName() const;
+  /// Makes BLOCK and ENDBLK, under the handles given or new ones, when there are none.
+  void makeEnds(AcDbHandle begin = AcDbHandle(), AcDbHandle end = AcDbHandle());
+
   /// The entities of the block, erased ones included, in order.
   const std::vector<AcDbStub*>& entities() const { return entities_; }
 
@@ -69,11 +125,17 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
 
  protected:
   Adesk::Int16 dxfFlags() const override;
+  void added() override { makeEnds(); }
 
  private:
   friend class AcDbBlockTableRecordIterator;
   friend class AcDbDatabase;
+  friend class AcDbBlockReference;
   std::vector<AcDbStub*> entities_;
+  std::vector<AcDbStub*> references_;
+  AcDbObjectId begin_;
+  AcDbObjectId end_;
+  Data data_;
   AcGePoint3d origin_{0, 0, 0};
   std::wstring comments_;
 };

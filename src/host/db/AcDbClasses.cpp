@@ -32,6 +32,17 @@ bool registerClasses() {
   AcDbUCSTableRecord::rxInit();
   AcDbDictionary::rxInit();
   AcDbXrecord::rxInit();
+  AcDbDictionaryWithDefault::rxInit();
+  AcDbDictionaryVar::rxInit();
+  AcDbPlaceHolder::rxInit();
+  AcDbPlotSettings::rxInit();
+  AcDbLayout::rxInit();
+  AcDbGroup::rxInit();
+  AcDbMlineStyle::rxInit();
+  AcDbVXTable::rxInit();
+  AcDbVXTableRecord::rxInit();
+  AcDbProxyEntity::rxInit();
+  AcDbProxyObject::rxInit();
   AcDbDatabase::rxInit();
   AcDbObjectReactor::rxInit();
   AcDbEntityReactor::rxInit();

@@ -7,6 +7,7 @@
 #include "host/db/AcDbHostApplicationServices.h"
 #include "host/db/AcDbNotifier.h"
 #include "host/db/acdbOpen.h"
+#include "host/db/entities/entities.h"
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbDatabase, AcRxObject, 0)
 
@@ -36,14 +37,35 @@ AcDbStub* AcDbDatabase::adopt(AcDbObject* object, AcDbStub* stub, AcDbStub* owne
   if (isEntity) static_cast<AcDbEntity*>(object)->takeDefaults(*this);
   if (owner != nullptr && owner->object != nullptr) {
     if (isEntity) {
-      if (auto* const block = AcDbBlockTableRecord::cast(owner->object)) block->entities_.push_back(stub);
+      listEntity(stub);
     } else if (auto* const record = AcDbSymbolTableRecord::cast(object)) {
       if (auto* const table = AcDbSymbolTable::cast(owner->object)) table->adopted(*record);
     }
   }
   if (undoRecording()) undo_.recordAppend(stub);
   AcDbNotifier::appended(*object);
+  if (object->hasTrait(AcDbObject::kOwnsParts)) {
+    static_cast<AcDbEntity*>(object)->subentities()->ownerAdopted(*static_cast<AcDbEntity*>(object));
+  }
   return stub;
+}
+
+void AcDbDatabase::listEntity(AcDbStub* stub) {
+  AcDbObject* const owner = stub->owner->object;
+  if (owner->hasTrait(AcDbObject::kOwnsParts)) {
+    static_cast<AcDbEntity*>(owner)->subentities()->adopted(stub);
+    return;
+  }
+  auto* const block = AcDbBlockTableRecord::cast(owner);
+  if (block == nullptr) return;
+  // What opens and closes a block isn't one of its entities.
+  if (AcDbBlockBegin::cast(stub->object) != nullptr) {
+    block->begin_ = AcDbObjectId(stub);
+  } else if (AcDbBlockEnd::cast(stub->object) != nullptr) {
+    block->end_ = AcDbObjectId(stub);
+  } else {
+    block->entities_.push_back(stub);
+  }
 }
 
 Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObject* object) {
@@ -91,6 +113,11 @@ Acad::ErrorStatus AcDbDatabase::setHandseed(const AcDbHandle& handle) {
   return Acad::eOk;
 }
 
+void AcDbDatabase::setHandseedAsRead(Adesk::UInt64 seed) {
+  // The stubs count, with or without object: a file may name handles of objects that it doesn't have.
+  if (seed > handseed_) handseed_ = seed;
+}
+
 int AcDbDatabase::numOpenObjects() const {
   const auto& stubs = handles_.stubs();
   return int(std::count_if(stubs.begin(), stubs.end(), [](const AcDbStub& stub) {
@@ -132,66 +159,6 @@ Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(AcDbDictionary*& dicti
   return acdbOpenObject(dictionary, roots_.namedObjects, mode);
 }
 
-namespace {
-
-/// Puts the objects that every drawing has into a new database.
-class DefaultDrawing {
- public:
-  explicit DefaultDrawing(AcDbDatabase& database) : database_(database) {}
-
-  AcDbObjectId add(AcDbObject* object) {
-    AcDbObjectId id;
-    database_.addAcDbObject(id, object);
-    object->close();
-    return id;
-  }
-
-  template <class R>
-  AcDbObjectId addRecord(AcDbObjectId table, const ACHAR* name) {
-    auto* const record = new R;
-    record->setName(name);
-    AcDbObjectId id;
-    database_.addAcDbObject(id, record, table, AcDbHandle());
-    record->close();
-    return id;
-  }
-
- private:
-  AcDbDatabase& database_;
-};
-
-}  // namespace
-
-void AcDbDatabase::buildDefaultDrawing() {
-  DefaultDrawing make(*this);
-  Roots r;
-  r.blockTable = make.add(new AcDbBlockTable);
-  r.layerTable = make.add(new AcDbLayerTable);
-  r.textStyleTable = make.add(new AcDbTextStyleTable);
-  r.linetypeTable = make.add(new AcDbLinetypeTable);
-  r.viewTable = make.add(new AcDbViewTable);
-  r.ucsTable = make.add(new AcDbUCSTable);
-  r.viewportTable = make.add(new AcDbViewportTable);
-  r.regAppTable = make.add(new AcDbRegAppTable);
-  r.dimStyleTable = make.add(new AcDbDimStyleTable);
-  r.namedObjects = make.add(new AcDbDictionary);
-  r.byBlock = make.addRecord<AcDbLinetypeTableRecord>(r.linetypeTable, L"ByBlock");
-  r.byLayer = make.addRecord<AcDbLinetypeTableRecord>(r.linetypeTable, L"ByLayer");
-  r.continuous = make.addRecord<AcDbLinetypeTableRecord>(r.linetypeTable, L"Continuous");
-  roots_ = r;
-  r.layerZero = make.addRecord<AcDbLayerTableRecord>(r.layerTable, L"0");
-  r.standardTextStyle = make.addRecord<AcDbTextStyleTableRecord>(r.textStyleTable, L"Standard");
-  r.standardDimStyle = make.addRecord<AcDbDimStyleTableRecord>(r.dimStyleTable, L"Standard");
-  r.modelSpace = make.addRecord<AcDbBlockTableRecord>(r.blockTable, ACDB_MODEL_SPACE);
-  r.paperSpace = make.addRecord<AcDbBlockTableRecord>(r.blockTable, ACDB_PAPER_SPACE);
-  make.addRecord<AcDbViewportTableRecord>(r.viewportTable, L"*Active");
-  roots_ = r;
-  clayer_ = r.layerZero;
-  celtype_ = r.byLayer;
-  textstyle_ = r.standardTextStyle;
-  dimstyle_ = r.standardDimStyle;
-}
-
 // --- Header
 // -----------------------------------------------------------------------------------------------------------
 
@@ -203,25 +170,25 @@ void AcDbDatabase::changed(const ACHAR* name) {
   AcDbNotifier::tellDatabase(*this, [&](auto* reactor) { reactor->headerSysVarChanged(this, name, true); });
 }
 
-Acad::ErrorStatus AcDbDatabase::setReal(RealIndex index, const ACHAR* name, double value) {
+Acad::ErrorStatus AcDbDatabase::setReal(AcDbHeader::Index index, const ACHAR* name, double value) {
   willChange(name);
-  reals_[index] = value;
+  header_.setReal(index, value);
   changed(name);
   return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDatabase::setInt(IntIndex index, const ACHAR* name, int value) {
+Acad::ErrorStatus AcDbDatabase::setInt(AcDbHeader::Index index, const ACHAR* name, int value) {
   willChange(name);
-  ints_[index] = value;
+  header_.setWhole(index, value);
   changed(name);
   return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDatabase::setHeaderId(AcDbObjectId& variable, const ACHAR* name, AcDbObjectId id,
+Acad::ErrorStatus AcDbDatabase::setHeaderId(AcDbHeader::Index index, const ACHAR* name, AcDbObjectId id,
                                             const AcRxClass* kind) {
   if (id.database() != this || !id.isResident() || !id.stub()->object->isKindOf(kind)) return Acad::eInvalidInput;
   willChange(name);
-  variable = id;
+  header_.setId(index, id);
   changed(name);
   return Acad::eOk;
 }
@@ -231,65 +198,75 @@ Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForRead);
     if (layer.openStatus() == Acad::eOk && layer->isFrozen()) return Acad::eInvalidLayer;
   }
-  return setHeaderId(clayer_, L"CLAYER", id, AcDbLayerTableRecord::desc());
+  return setHeaderId(AcDbHeader::kCLAYER, L"CLAYER", id, AcDbLayerTableRecord::desc());
 }
 Acad::ErrorStatus AcDbDatabase::setCeltype(AcDbObjectId id) {
-  return setHeaderId(celtype_, L"CELTYPE", id, AcDbLinetypeTableRecord::desc());
+  return setHeaderId(AcDbHeader::kCELTYPE, L"CELTYPE", id, AcDbLinetypeTableRecord::desc());
 }
 Acad::ErrorStatus AcDbDatabase::setTextstyle(AcDbObjectId id) {
-  return setHeaderId(textstyle_, L"TEXTSTYLE", id, AcDbTextStyleTableRecord::desc());
+  return setHeaderId(AcDbHeader::kTEXTSTYLE, L"TEXTSTYLE", id, AcDbTextStyleTableRecord::desc());
 }
 Acad::ErrorStatus AcDbDatabase::setDimstyle(AcDbObjectId id) {
-  const Acad::ErrorStatus es = setHeaderId(dimstyle_, L"DIMSTYLE", id, AcDbDimStyleTableRecord::desc());
-  if (es == Acad::eOk) dimscale_ = 0;
+  const Acad::ErrorStatus es = setHeaderId(AcDbHeader::kDIMSTYLE, L"DIMSTYLE", id, AcDbDimStyleTableRecord::desc());
+  if (es == Acad::eOk) dimscaleApart_ = false;
   return es;
 }
 
 Acad::ErrorStatus AcDbDatabase::setCecolor(const AcCmColor& color) {
   willChange(L"CECOLOR");
-  cecolor_ = color;
+  header_.setWhole(AcDbHeader::kCECOLOR, color.colorIndex());
   changed(L"CECOLOR");
   return Acad::eOk;
 }
 
+AcCmColor AcDbDatabase::cecolor() const {
+  AcCmColor color;
+  color.setColorIndex(header_.whole(AcDbHeader::kCECOLOR));
+  return color;
+}
+
 double AcDbDatabase::dimscale() const {
-  if (dimscale_ > 0 || !dimstyle_.isResident()) return dimscale_ > 0 ? dimscale_ : 1.0;
-  const AcDbObjectPointer<AcDbDimStyleTableRecord> style(dimstyle_, AcDb::kForRead);
+  const double own = header_.real(AcDbHeader::kDIMSCALE);
+  if (dimscaleApart_ || !dimstyle().isResident()) return own > 0 ? own : 1.0;
+  const AcDbObjectPointer<AcDbDimStyleTableRecord> style(dimstyle(), AcDb::kForRead);
   return style.openStatus() == Acad::eOk ? style->dimscale() : 1.0;
 }
 
 Acad::ErrorStatus AcDbDatabase::setDimscale(double scale) {
   if (!(scale > 0)) return Acad::eInvalidInput;
   willChange(L"DIMSCALE");
-  dimscale_ = scale;
+  header_.setReal(AcDbHeader::kDIMSCALE, scale);
+  dimscaleApart_ = true;
   changed(L"DIMSCALE");
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDatabase::updateExt() {
-  extents_ = AcDbExtents();
+  AcDbExtents extents;
   const AcDbObjectPointer<AcDbBlockTableRecord> space(roots_.modelSpace, AcDb::kForRead);
   if (space.openStatus() != Acad::eOk) return space.openStatus();
   for (AcDbStub* const stub : space->entities()) {
     AcDbEntity* entity = nullptr;
     if (acdbOpenAcDbEntity(entity, stub, AcDb::kForRead) != Acad::eOk) continue;
     AcDbExtents box;
-    if (entity->getGeomExtents(box) == Acad::eOk) extents_.addExt(box);
+    if (entity->getGeomExtents(box) == Acad::eOk) extents.addExt(box);
     entity->close();
   }
-  return extents_.isEmpty() ? Acad::eNullExtents : Acad::eOk;
+  header_.setPoint(AcDbHeader::kEXTMIN, extents.minPoint());
+  header_.setPoint(AcDbHeader::kEXTMAX, extents.maxPoint());
+  return extents.isEmpty() ? Acad::eNullExtents : Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDatabase::setLimmin(const AcGePoint2d& point) {
   willChange(L"LIMMIN");
-  limmin_ = point;
+  header_.setPoint(AcDbHeader::kLIMMIN, {point.x, point.y, 0.0});
   changed(L"LIMMIN");
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDatabase::setLimmax(const AcGePoint2d& point) {
   willChange(L"LIMMAX");
-  limmax_ = point;
+  header_.setPoint(AcDbHeader::kLIMMAX, {point.x, point.y, 0.0});
   changed(L"LIMMAX");
   return Acad::eOk;
 }
@@ -297,9 +274,9 @@ Acad::ErrorStatus AcDbDatabase::setLimmax(const AcGePoint2d& point) {
 Acad::ErrorStatus AcDbDatabase::setUcs(const AcGePoint3d& origin, const AcGeVector3d& xDir, const AcGeVector3d& yDir) {
   if (xDir.isZeroLength() || yDir.isZeroLength() || xDir.isParallelTo(yDir)) return Acad::eInvalidInput;
   willChange(L"UCSORG");
-  ucsorg_ = origin;
-  ucsxdir_ = xDir.normal();
-  ucsydir_ = yDir.normal();
+  header_.setPoint(AcDbHeader::kUCSORG, origin);
+  header_.setPoint(AcDbHeader::kUCSXDIR, xDir.normal().asPoint());
+  header_.setPoint(AcDbHeader::kUCSYDIR, yDir.normal().asPoint());
   changed(L"UCSORG");
   return Acad::eOk;
 }

@@ -10,16 +10,18 @@
 #include "host/db/AcDbDictionary.h"
 #include "host/db/AcDbDimStyleTable.h"
 #include "host/db/AcDbHandleTable.h"
+#include "host/db/AcDbHeader.h"
 #include "host/db/AcDbIdMapping.h"
 #include "host/db/AcDbLayerTable.h"
 #include "host/db/AcDbLinetypeTable.h"
+#include "host/db/AcDbProxy.h"
 #include "host/db/AcDbRegAppTable.h"
 #include "host/db/AcDbTextStyleTable.h"
 #include "host/db/AcDbUndoLog.h"
 #include "host/db/AcDbViewTables.h"
 #include "host/ge/ge.h"
 
-/// Variables that a drawing keeps in its header: X(accessor, setter, NAME, default).
+/// Variables of the header that have accessors of their own: X(accessor, setter, NAME, default).
 #define KR_DB_HEADER_REALS(X)                   \
   X(ltscale, setLtscale, L"LTSCALE", 1.0)       \
   X(celtscale, setCeltscale, L"CELTSCALE", 1.0) \
@@ -67,12 +69,53 @@ class AcDbDatabase : public AcRxObject {
   Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound, const AcDbHandle& handle,
                                     Adesk::UInt32 xrefId = 0);
   AcDbHandle handseed() const { return AcDbHandle(handseed_); }
+  /// As a file has it, also below the present one: never below what the handles in use need.
+  void setHandseedAsRead(Adesk::UInt64 seed);
   /// eInvalidInput for a seed below the present one.
   Acad::ErrorStatus setHandseed(const AcDbHandle& handle);
   Adesk::Int32 approxNumObjects() const { return Adesk::Int32(handles_.size()); }
   /// Objects that are open just now, in any mode. 0 at rest.
   int numOpenObjects() const;
   const AcDbHandleTable& handleTable() const { return handles_; }
+
+  // --- Reading files -------------------------------------------------------------------------------------------------
+  // A reader makes an object, fills it while it is in no database, and puts it under its handle. Nobody is told, no
+  // undo is recorded, and the object is closed. It lists entities in their blocks and records in their tables itself
+  // (their listAsRead), and at the end calls finishRead.
+
+  /// Makes room for `count` objects with handles below `handseed`.
+  void reserveObjects(std::size_t count, Adesk::UInt64 handseed) { handles_.reserve(count, handseed); }
+  /// The stub of a handle, made when it isn't there: an object may come under it later. Null for 0.
+  AcDbStub* stubOf(Adesk::UInt64 handle) {
+    if (handle == 0) return nullptr;
+    AcDbStub* stub = handles_.find(handle);
+    if (stub != nullptr) return stub;
+    stub = handles_.add(handle);
+    stub->database = this;
+    return stub;
+  }
+  /// eHandleExists when there is an object under the stub already, eAlreadyInDb when the object is in a database.
+  Acad::ErrorStatus putRead(AcDbObject* object, AcDbStub* stub, AcDbStub* owner) {
+    if (stub->object != nullptr) return Acad::eHandleExists;
+    if (object->stub_ != nullptr) return Acad::eAlreadyInDb;
+    stub->object = object;
+    stub->owner = owner;
+    object->stub_ = stub;
+    if (stub->handle >= handseed_) handseed_ = stub->handle + 1;
+    return Acad::eOk;
+  }
+  /// Takes the objects by role (tables, spaces, layer 0, ...) from the header's references, and where these are missing
+  /// by name. Puts right what a drawing can't do without: eOk, or what is missing still (eKeyNotFound).
+  Acad::ErrorStatus finishRead();
+  /// Brings up to date what the header tells of the objects, and makes what a valid file needs and the drawing lacks
+  /// (dictionaries, layouts, BLOCK and ENDBLK, the application ACAD, ...).
+  void prepareForSave();
+
+  AcDbHeader& header() { return header_; }
+  const AcDbHeader& header() const { return header_; }
+  /// The list of classes as read, in order.
+  std::vector<AcDbClassRecord>& classRecords() { return classRecords_; }
+  const std::vector<AcDbClassRecord>& classRecords() const { return classRecords_; }
 
   // --- Tables ------------------------------------------------------------------------------------------------------
 
@@ -102,6 +145,12 @@ class AcDbDatabase : public AcRxObject {
   AcDbObjectId viewTableId() const { return roots_.viewTable; }
   AcDbObjectId viewportTableId() const { return roots_.viewportTable; }
   AcDbObjectId UCSTableId() const { return roots_.ucsTable; }
+  AcDbObjectId viewportHeaderTableId() const { return roots_.viewportHeaderTable; }
+  AcDbObjectId groupDictionaryId() const { return header_.id(AcDbHeader::kDICTIONARY_GROUP); }
+  AcDbObjectId mLStyleDictionaryId() const { return header_.id(AcDbHeader::kDICTIONARY_MLINESTYLE); }
+  AcDbObjectId layoutDictionaryId() const { return header_.id(AcDbHeader::kDICTIONARY_LAYOUT); }
+  AcDbObjectId plotSettingsDictionaryId() const { return header_.id(AcDbHeader::kDICTIONARY_PLOTSETTINGS); }
+  AcDbObjectId plotStyleNameDictionaryId() const { return header_.id(AcDbHeader::kDICTIONARY_PLOTSTYLENAME); }
   AcDbObjectId namedObjectsDictionaryId() const { return roots_.namedObjects; }
   AcDbObjectId modelSpaceId() const { return roots_.modelSpace; }
   AcDbObjectId paperSpaceId() const { return roots_.paperSpace; }
@@ -116,7 +165,7 @@ class AcDbDatabase : public AcRxObject {
   struct Roots {
     AcDbObjectId blockTable, layerTable, linetypeTable, textStyleTable, dimStyleTable, regAppTable, viewTable,
         viewportTable, ucsTable, namedObjects, modelSpace, paperSpace, layerZero, byBlock, byLayer, continuous,
-        standardTextStyle, standardDimStyle;
+        standardTextStyle, standardDimStyle, viewportHeaderTable;
   };
   const Roots& roots() const { return roots_; }
   void setRoots(const Roots& roots) { roots_ = roots; }
@@ -124,48 +173,44 @@ class AcDbDatabase : public AcRxObject {
   // --- Header ------------------------------------------------------------------------------------------------------
   // A setter tells the reactors (headerSysVarWillChange, headerSysVarChanged).
 
-#define KR_DB_HEADER_INDEX(get, set, name, value) get##Index,
-  enum RealIndex { KR_DB_HEADER_REALS(KR_DB_HEADER_INDEX) kNumReals };
-  enum IntIndex { KR_DB_HEADER_INTS(KR_DB_HEADER_INDEX) kNumInts };
-#undef KR_DB_HEADER_INDEX
-#define KR_DB_HEADER_REAL(get, set, name, value) \
-  double get() const {                           \
-    return reals_[get##Index];                   \
-  }                                              \
-  Acad::ErrorStatus set(double v) {              \
-    return setReal(get##Index, name, v);         \
+#define KR_DB_HEADER_REAL(get, set, name, value)     \
+  double get() const {                               \
+    constexpr auto kIndex = AcDbHeader::find(name);  \
+    return header_.real(kIndex);                     \
+  }                                                  \
+  Acad::ErrorStatus set(double v) {                  \
+    return setReal(AcDbHeader::find(name), name, v); \
   }
   KR_DB_HEADER_REALS(KR_DB_HEADER_REAL)
 #undef KR_DB_HEADER_REAL
-#define KR_DB_HEADER_INT(get, set, name, value) \
-  int get() const {                             \
-    return ints_[get##Index];                   \
-  }                                             \
-  Acad::ErrorStatus set(int v) {                \
-    return setInt(get##Index, name, v);         \
+#define KR_DB_HEADER_INT(get, set, name, value)     \
+  int get() const {                                 \
+    constexpr auto kIndex = AcDbHeader::find(name); \
+    return header_.whole(kIndex);                   \
+  }                                                 \
+  Acad::ErrorStatus set(int v) {                    \
+    return setInt(AcDbHeader::find(name), name, v); \
   }
   KR_DB_HEADER_INTS(KR_DB_HEADER_INT)
 #undef KR_DB_HEADER_INT
 
   AcDbObjectId clayer() const {
-    return clayer_;
+    return header_.id(AcDbHeader::kCLAYER);
   }
   /// eInvalidInput for an id that isn't a layer's of this database; eInvalidLayer for a frozen layer.
   Acad::ErrorStatus setClayer(AcDbObjectId id);
   AcDbObjectId celtype() const {
-    return celtype_;
+    return header_.id(AcDbHeader::kCELTYPE);
   }
   Acad::ErrorStatus setCeltype(AcDbObjectId id);
-  AcCmColor cecolor() const {
-    return cecolor_;
-  }
+  AcCmColor cecolor() const;
   Acad::ErrorStatus setCecolor(const AcCmColor& color);
   AcDbObjectId textstyle() const {
-    return textstyle_;
+    return header_.id(AcDbHeader::kTEXTSTYLE);
   }
   Acad::ErrorStatus setTextstyle(AcDbObjectId id);
   AcDbObjectId dimstyle() const {
-    return dimstyle_;
+    return header_.id(AcDbHeader::kDIMSTYLE);
   }
   Acad::ErrorStatus setDimstyle(AcDbObjectId id);
   /// The scale of the current dimensions: the style's, unless it was set apart from it.
@@ -173,28 +218,28 @@ class AcDbDatabase : public AcRxObject {
   Acad::ErrorStatus setDimscale(double scale);
   /// The box of what model space held when last asked to reckon it (updateExt).
   AcGePoint3d extmin() const {
-    return extents_.minPoint();
+    return header_.point(AcDbHeader::kEXTMIN);
   }
   AcGePoint3d extmax() const {
-    return extents_.maxPoint();
+    return header_.point(AcDbHeader::kEXTMAX);
   }
   Acad::ErrorStatus updateExt();
   AcGePoint2d limmin() const {
-    return limmin_;
+    return {header_.point(AcDbHeader::kLIMMIN).x, header_.point(AcDbHeader::kLIMMIN).y};
   }
   AcGePoint2d limmax() const {
-    return limmax_;
+    return {header_.point(AcDbHeader::kLIMMAX).x, header_.point(AcDbHeader::kLIMMAX).y};
   }
   Acad::ErrorStatus setLimmin(const AcGePoint2d& point);
   Acad::ErrorStatus setLimmax(const AcGePoint2d& point);
   AcGePoint3d ucsorg() const {
-    return ucsorg_;
+    return header_.point(AcDbHeader::kUCSORG);
   }
   AcGeVector3d ucsxdir() const {
-    return ucsxdir_;
+    return header_.point(AcDbHeader::kUCSXDIR).asVector();
   }
   AcGeVector3d ucsydir() const {
-    return ucsydir_;
+    return header_.point(AcDbHeader::kUCSYDIR).asVector();
   }
   Acad::ErrorStatus setUcs(const AcGePoint3d& origin, const AcGeVector3d& xDir, const AcGeVector3d& yDir);
 
@@ -264,12 +309,15 @@ class AcDbDatabase : public AcRxObject {
   friend class AcDbSymbolTable;
 
   void buildDefaultDrawing();
-  Acad::ErrorStatus setReal(RealIndex index, const ACHAR* name, double value);
-  Acad::ErrorStatus setInt(IntIndex index, const ACHAR* name, int value);
-  Acad::ErrorStatus setHeaderId(AcDbObjectId& variable, const ACHAR* name, AcDbObjectId id, const AcRxClass* kind);
+  /// The current layer, style, ...: those that every drawing has, where the header names none.
+  void takeCurrentDefaults();
+  Acad::ErrorStatus setReal(AcDbHeader::Index index, const ACHAR* name, double value);
+  Acad::ErrorStatus setInt(AcDbHeader::Index index, const ACHAR* name, int value);
+  Acad::ErrorStatus setHeaderId(AcDbHeader::Index index, const ACHAR* name, AcDbObjectId id, const AcRxClass* kind);
   void willChange(const ACHAR* name);
   void changed(const ACHAR* name);
   AcDbStub* adopt(AcDbObject* object, AcDbStub* stub, AcDbStub* owner);
+  static void listEntity(AcDbStub* stub);
 
   AcDbHandleTable handles_;
   Adesk::UInt64 handseed_ = 1;
@@ -278,16 +326,7 @@ class AcDbDatabase : public AcRxObject {
   bool undoStarted_ = false;
   std::vector<int> undoMarks_;
   std::vector<AcDbDatabaseReactor*> reactors_;
-
-#define KR_DB_HEADER_DEFAULT(get, set, name, value) value,
-  double reals_[kNumReals] = {KR_DB_HEADER_REALS(KR_DB_HEADER_DEFAULT)};
-  int ints_[kNumInts] = {KR_DB_HEADER_INTS(KR_DB_HEADER_DEFAULT)};
-#undef KR_DB_HEADER_DEFAULT
-  AcDbObjectId clayer_, celtype_, textstyle_, dimstyle_;
-  AcCmColor cecolor_;
-  double dimscale_ = 0;  // 0: that of the style
-  AcDbExtents extents_;
-  AcGePoint2d limmin_{0, 0}, limmax_{420, 297};
-  AcGePoint3d ucsorg_{0, 0, 0};
-  AcGeVector3d ucsxdir_{1, 0, 0}, ucsydir_{0, 1, 0};
+  AcDbHeader header_;
+  bool dimscaleApart_ = false;  // DIMSCALE was set apart from that of the current style
+  std::vector<AcDbClassRecord> classRecords_;
 };

@@ -62,10 +62,22 @@ class AcDbDictionary : public AcDbObject {
   Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;
   Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const override;
 
- private:
+  // For readers and writers of files, whatever the open state: entries in the order of the file, ids that may still be
+  // without object, and erased ones.
   using Entry = std::pair<std::wstring, AcDbObjectId>;
+  const std::vector<Entry>& entries() const { return entries_; }
+  void reserve(std::size_t count) { entries_.reserve(count); }
+  void appendAsRead(std::wstring name, AcDbObjectId id) { entries_.emplace_back(std::move(name), id); }
+  void setFlagsAsRead(bool hard, AcDb::DuplicateRecordCloning style) {
+    hard_ = hard;
+    mergeStyle_ = style;
+  }
+  bool hardAsRead() const { return hard_; }
+  AcDb::DuplicateRecordCloning mergeStyleAsRead() const { return mergeStyle_; }
+
+ private:
   std::vector<Entry>::const_iterator find(const ACHAR* name) const;
-  std::vector<Entry> entries_;  // sorted by folded name
+  std::vector<Entry> entries_;  // in the order of the file; new ones go ahead of the first greater by folded name
   bool hard_ = false;
   AcDb::DuplicateRecordCloning mergeStyle_ = AcDb::kDrcIgnore;
 };

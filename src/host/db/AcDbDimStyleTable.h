@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "host/db/AcDbField.h"
 #include "host/db/AcDbSymbolTable.h"
 
 /// The real and the whole-number variables of a dimension style: X(accessor, setter, default, group code).
@@ -22,7 +23,8 @@
   X(dimlfac, setDimlfac, 1.0, 144)        \
   X(dimtvp, setDimtvp, 0.0, 145)          \
   X(dimtfac, setDimtfac, 1.0, 146)        \
-  X(dimgap, setDimgap, 0.625, 147)
+  X(dimgap, setDimgap, 0.625, 147)        \
+  X(dimaltrnd, setDimaltrnd, 0.0, 148)
 #define KR_DB_DIM_INTS(X)          \
   X(dimtol, setDimtol, 0, 71)      \
   X(dimlim, setDimlim, 0, 72)      \
@@ -49,7 +51,20 @@
   X(dimsd1, setDimsd1, 0, 281)     \
   X(dimsd2, setDimsd2, 0, 282)     \
   X(dimdsep, setDimdsep, 46, 278)  \
-  X(dimatfit, setDimatfit, 3, 289)
+  X(dimatfit, setDimatfit, 3, 289) \
+  X(dimazin, setDimazin, 0, 79)    \
+  X(dimtdec, setDimtdec, 2, 272)   \
+  X(dimaltu, setDimaltu, 2, 273)   \
+  X(dimalttd, setDimalttd, 3, 274) \
+  X(dimfrac, setDimfrac, 0, 276)   \
+  X(dimtmove, setDimtmove, 0, 279) \
+  X(dimtolj, setDimtolj, 0, 283)   \
+  X(dimtzin, setDimtzin, 8, 284)   \
+  X(dimaltz, setDimaltz, 0, 285)   \
+  X(dimalttz, setDimalttz, 0, 286) \
+  X(dimupt, setDimupt, 0, 288)     \
+  X(dimlwd, setDimlwd, -2, 371)    \
+  X(dimlwe, setDimlwe, -2, 372)
 
 /// A dimension style. Lengths are in drawing units on paper, to be multiplied by dimscale.
 class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord {
@@ -89,11 +104,52 @@ class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord {
   /// The text put before and behind the measure ("<>" stands for it): new texts that acutDelString frees.
   Acad::ErrorStatus dimpost(ACHAR*& text) const;
   Acad::ErrorStatus setDimpost(const ACHAR* text);
+  Acad::ErrorStatus dimapost(ACHAR*& text) const;
+  Acad::ErrorStatus setDimapost(const ACHAR* text);
+  /// The block of a leader's arrow head, and of the first and the second arrow where they differ.
+  AcDbObjectId dimldrblk() const;
+  Acad::ErrorStatus setDimldrblk(AcDbObjectId id);
+  AcDbObjectId dimblk1() const;
+  Acad::ErrorStatus setDimblk1(AcDbObjectId id);
+  AcDbObjectId dimblk2() const;
+  Acad::ErrorStatus setDimblk2(AcDbObjectId id);
+
+  // For readers and writers of files: by index, without checks.
+  double realAt(RealIndex i) const {
+    return reals_[i];
+  }
+  void setRealAsRead(RealIndex i, double value) {
+    reals_[i] = value;
+  }
+  int wholeAt(IntIndex i) const {
+    return ints_[i];
+  }
+  void setWholeAsRead(IntIndex i, int value) {
+    ints_[i] = Adesk::Int16(value);
+  }
+  /// The texts and references, and a bit of unknown meaning that ends a DWG's record.
+  struct Data {
+    std::wstring dimpost;
+    std::wstring dimapost;
+    AcDbHardPointerId dimtxsty;
+    AcDbHardPointerId dimldrblk;
+    AcDbHardPointerId dimblk;
+    AcDbHardPointerId dimblk1;
+    AcDbHardPointerId dimblk2;
+    bool unknown = false;
+    Adesk::Int16 dxfFlags = 0;  ///< group 70 as read
+    KR_DB_TIE(dimpost, dimapost, dimtxsty, dimldrblk, dimblk, dimblk1, dimblk2, unknown, dxfFlags)
+  };
+  KR_DB_DATA(Data)
 
   Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
   Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
   Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;
   Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const override;
+
+ protected:
+  Adesk::Int16 dxfFlags() const override;
+  void setDxfFlags(Adesk::Int16 flags) override;
 
  private:
   double real(RealIndex i) const {
@@ -111,13 +167,17 @@ class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord {
   std::array<double, kNumReals> reals_{KR_DB_DIM_REALS(KR_DB_DIM_DEFAULT)};
   std::array<Adesk::Int16, kNumInts> ints_{KR_DB_DIM_INTS(KR_DB_DIM_DEFAULT)};
 #undef KR_DB_DIM_DEFAULT
-  AcDbHardPointerId dimtxsty_;
-  AcDbHardPointerId dimblk_;
-  std::wstring dimpost_;
+  Data data_;
 };
 
 class AcDbDimStyleTable : public AcDbSymbolTableOf<AcDbDimStyleTableRecord> {
  public:
   ACRX_DECLARE_MEMBERS(AcDbDimStyleTable);
+  /// The further references of a DWG's control object: styles in use, for readers and writers of files.
+  std::vector<AcDbHardPointerId>& furtherAsRead() { return further_; }
+  const std::vector<AcDbHardPointerId>& further() const { return further_; }
+
+ private:
+  std::vector<AcDbHardPointerId> further_;
 };
 using AcDbDimStyleTableIterator = AcDbDimStyleTable::Iterator;

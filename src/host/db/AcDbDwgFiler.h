@@ -24,6 +24,10 @@ class AcDbDwgFiler : public AcRxObject {
   /// Whether the ids filed are looked at by the filer's user (translated, followed).
   virtual bool usesReferences() const { return false; }
 
+  /// Whether the filer's user files what AcDbObject and AcDbEntity have (owner, reactors, extended data, layer, ...) in
+  /// a frame of its own: those classes write and read nothing then.
+  virtual bool framesObjects() const { return false; }
+
   /// Moves to a position that tell gave; `method` 0 from the start, 1 from here, 2 from the end.
   virtual Acad::ErrorStatus seek(Adesk::Int64 offset, int method = 0) = 0;
   virtual Adesk::Int64 tell() const = 0;

@@ -16,6 +16,7 @@ struct AcDbDxfGroup {
 };
 
 /// Writes and reads the fields of objects as groups: a code and a value whose type follows from the code.
+/// Angles (codes 50 to 58) are radians here, whatever a file has.
 class AcDbDxfFiler : public AcRxObject {
  public:
   ACRX_DECLARE_MEMBERS(AcDbDxfFiler);
@@ -29,6 +30,9 @@ class AcDbDxfFiler : public AcRxObject {
 
   virtual AcDb::FilerType filerType() const { return AcDb::kFileFiler; }
   virtual AcDbDatabase* database() const { return nullptr; }
+  /// Whether the filer's user files what AcDbObject and AcDbEntity have (handle, reactors, owner, the part AcDbEntity)
+  /// in a frame of its own: those classes write and read nothing then.
+  virtual bool framesObjects() const { return false; }
   virtual Acad::ErrorStatus dwgVersion(AcDb::AcDbDwgVersion& version, AcDb::MaintenanceReleaseVersion& maint) const;
   virtual int precision() const { return kMaxPrec; }
   virtual void setPrecision(int) {}

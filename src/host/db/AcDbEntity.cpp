@@ -70,7 +70,9 @@ Acad::ErrorStatus AcDbEntity::subSetLayer(AcDbObjectId id, bool, bool) {
 
 AcCmColor AcDbEntity::color() const {
   assertReadEnabled();
-  return color_;
+  AcCmColor color;
+  color.setColor(color_);
+  return color;
 }
 
 Acad::ErrorStatus AcDbEntity::setColor(const AcCmColor& color, bool doSubents) {
@@ -85,7 +87,7 @@ Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 index, bool doSubents)
 }
 
 Acad::ErrorStatus AcDbEntity::subSetColor(const AcCmColor& color, bool) {
-  color_ = color;
+  color_ = color.color();
   return Acad::eOk;
 }
 
@@ -116,6 +118,7 @@ Acad::ErrorStatus AcDbEntity::setLinetype(AcDbObjectId id, bool doSubents) {
 
 Acad::ErrorStatus AcDbEntity::subSetLinetype(AcDbObjectId id, bool) {
   linetypeId_ = id;
+  form_ &= Adesk::UInt8(~(kFormMask << kLinetypeShift));
   return Acad::eOk;
 }
 
@@ -148,7 +151,7 @@ Acad::ErrorStatus AcDbEntity::subSetLineWeight(AcDb::LineWeight weight, bool) {
 
 AcDb::Visibility AcDbEntity::visibility() const {
   assertReadEnabled();
-  return AcDb::Visibility(visibility_);
+  return (form_ & kInvisibleBit) != 0 ? AcDb::kInvisible : AcDb::kVisible;
 }
 
 Acad::ErrorStatus AcDbEntity::setVisibility(AcDb::Visibility visibility, bool doSubents) {
@@ -157,8 +160,65 @@ Acad::ErrorStatus AcDbEntity::setVisibility(AcDb::Visibility visibility, bool do
 }
 
 Acad::ErrorStatus AcDbEntity::subSetVisibility(AcDb::Visibility visibility, bool) {
-  visibility_ = Adesk::Int8(visibility);
+  form_ = Adesk::UInt8(visibility == AcDb::kInvisible ? form_ | kInvisibleBit : form_ & ~kInvisibleBit);
   return Acad::eOk;
+}
+
+AcDbEntity::PlotStyleForm AcDbEntity::plotStyleNameType() const {
+  assertReadEnabled();
+  return PlotStyleForm(form_ >> kPlotStyleShift & kFormMask);
+}
+
+AcDbObjectId AcDbEntity::plotStyleNameId() const {
+  assertReadEnabled();
+  return extras_ != nullptr ? AcDbObjectId(extras_->plotStyle) : AcDbObjectId::kNull;
+}
+
+Acad::ErrorStatus AcDbEntity::setPlotStyleName(PlotStyleForm form, AcDbObjectId id) {
+  if (form == kPlotStyleById && id.isNull()) return Acad::eInvalidInput;
+  assertWriteEnabled();
+  form_ = Adesk::UInt8((form_ & ~(kFormMask << kPlotStyleShift)) | form << kPlotStyleShift);
+  if (form == kPlotStyleById || extras_ != nullptr) extras().plotStyle = form == kPlotStyleById ? id : AcDbObjectId();
+  return Acad::eOk;
+}
+
+// --- Reading and writing files
+// -----------------------------------------------------------------------------------------
+
+AcDbEntity::Common AcDbEntity::common() const {
+  Common all;
+  all.layer = layerId_;
+  all.linetype = linetypeId_;
+  if (extras_ != nullptr) all.plotStyle = extras_->plotStyle;
+  all.linetypeScale = linetypeScale_;
+  all.color.setColor(color_);
+  all.lineWeight = AcDb::LineWeight(lineWeight_);
+  all.invisible = (form_ & kInvisibleBit) != 0;
+  all.plotStyleForm = Adesk::UInt8(form_ >> kPlotStyleShift & kFormMask);
+  all.linetypeForm = Adesk::UInt8(form_ >> kLinetypeShift & kFormMask);
+  // Set by the program: the shortest form that tells it. As read, Continuous may stand in either.
+  const AcDbDatabase* const own = database();
+  if (own == nullptr || all.linetypeForm >= kLinetypeContinuous) return all;
+  all.linetypeForm = linetypeId_.isNull() || linetypeId_ == own->byLayerLinetype() ? kLinetypeByLayer
+                     : linetypeId_ == own->byBlockLinetype()                       ? kLinetypeByBlock
+                                                                                   : kLinetypeById;
+  return all;
+}
+
+void AcDbEntity::setCommonAsRead(const Common& common) {
+  setCommonAsRead(common.layer.stub(), common.linetype.stub(), common.linetypeForm, common.linetypeScale, common.color,
+                  common.lineWeight, common.invisible);
+  form_ |= Adesk::UInt8(common.plotStyleForm << kPlotStyleShift);
+  if (!common.plotStyle.isNull()) extras().plotStyle = common.plotStyle;
+}
+
+std::span<const std::byte> AcDbEntity::fileGraphics() const {
+  if (extras_ == nullptr) return {};
+  return extras_->fileGraphics;
+}
+
+void AcDbEntity::setFileGraphics(std::vector<std::byte> graphics) {
+  if (!graphics.empty() || extras_ != nullptr) extras().fileGraphics = std::move(graphics);
 }
 
 Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* source, bool doSubents) {
@@ -167,7 +227,7 @@ Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* source, bool d
   assertWriteEnabled();
   if (!source->layerId_.isNull()) subSetLayer(source->layerId_, doSubents, true);
   if (!source->linetypeId_.isNull()) subSetLinetype(source->linetypeId_, doSubents);
-  subSetColor(source->color_, doSubents);
+  subSetColor(source->color(), doSubents);
   subSetLineWeight(source->lineWeight(), doSubents);
   subSetVisibility(source->visibility(), doSubents);
   linetypeScale_ = source->linetypeScale_;
@@ -184,7 +244,7 @@ void AcDbEntity::subSetDatabaseDefaults(AcDbDatabase* database) {
   layerId_ = database->clayer();
   linetypeId_ = database->celtype();
   linetypeScale_ = database->celtscale();
-  color_ = database->cecolor();
+  color_ = database->cecolor().color();
   lineWeight_ = Adesk::Int16(database->celweight());
 }
 
@@ -352,12 +412,12 @@ Acad::ErrorStatus AcDbEntity::draw() {
 
 Adesk::UInt32 AcDbEntity::subSetAttributes(AcGiDrawableTraits* traits) {
   assertReadEnabled();
-  traits->setTrueColor(color_);
+  traits->setTrueColor(color());
   if (!layerId_.isNull()) traits->setLayer(layerId_);
   if (!linetypeId_.isNull()) traits->setLineType(linetypeId_);
   traits->setLineTypeScale(linetypeScale_);
   traits->setLineWeight(AcDb::LineWeight(lineWeight_));
-  return kDrawableIsAnEntity | (visibility_ == AcDb::kInvisible ? Adesk::UInt32(kDrawableIsInvisible) : 0U);
+  return kDrawableIsAnEntity | ((form_ & kInvisibleBit) != 0 ? Adesk::UInt32(kDrawableIsInvisible) : 0U);
 }
 
 Adesk::Boolean AcDbEntity::subWorldDraw(AcGiWorldDraw*) {

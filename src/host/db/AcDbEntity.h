@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
+#include <vector>
+
 #include "host/db/AcCmColor.h"
 #include "host/db/AcDbExtents.h"
 #include "host/db/AcDbObject.h"
@@ -11,6 +15,8 @@ using AcGePoint3dArray = AcArray<AcGePoint3d>;
 using AcGeVector2dArray = AcArray<AcGeVector2d>;
 using AcGeVector3dArray = AcArray<AcGeVector3d>;
 using AcGeDoubleArray = AcArray<double>;
+
+class AcDbSubentities;
 
 /// An object that draws itself: it lies in a block and has the common properties. Callers use the plain form of each
 /// operation, which asserts the open state and calls the sub... form; classes override the latter.
@@ -56,6 +62,12 @@ class AcDbEntity : public AcDbObject {
   Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight, bool doSubents = true);
   AcDb::Visibility visibility() const;
   Acad::ErrorStatus setVisibility(AcDb::Visibility visibility, bool doSubents = true);
+
+  /// How the plot style is told; the id counts for kPlotStyleById only.
+  enum PlotStyleForm { kPlotStyleByLayer = 0, kPlotStyleByBlock = 1, kPlotStyleDefault = 2, kPlotStyleById = 3 };
+  PlotStyleForm plotStyleNameType() const;
+  AcDbObjectId plotStyleNameId() const;
+  Acad::ErrorStatus setPlotStyleName(PlotStyleForm form, AcDbObjectId id = AcDbObjectId::kNull);
 
   Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* source, bool doSubents = true);
   /// Takes the current layer, colour, linetype, linetype scale and lineweight of `database`, or of the working one.
@@ -113,6 +125,47 @@ class AcDbEntity : public AcDbObject {
   /// Marks the entity's picture as changed (modifiedGraphics at its close).
   void recordGraphicsModified(bool modified = true) { mark(AcDbStub::kModifiedGraphics, modified); }
   Acad::ErrorStatus draw();
+
+  // --- Reading and writing files -------------------------------------------------------------------------------------
+  // Whatever the open state, without checks and without notice.
+
+  enum LinetypeForm : Adesk::UInt8 {
+    kLinetypeByLayer = 0,
+    kLinetypeByBlock = 1,
+    kLinetypeContinuous = 2,
+    kLinetypeById = 3
+  };
+  /// The common properties as a drawing file has them.
+  struct Common {
+    AcDbObjectId layer;
+    AcDbObjectId linetype;
+    AcDbObjectId plotStyle;
+    double linetypeScale = 1.0;
+    AcCmColor color;
+    AcDb::LineWeight lineWeight = AcDb::kLnWtByLayer;
+    bool invisible = false;
+    /// As a DWG's two bits tell the linetype. The id is set in any case.
+    Adesk::UInt8 linetypeForm = kLinetypeByLayer;
+    Adesk::UInt8 plotStyleForm = kPlotStyleByLayer;
+  };
+  Common common() const;
+  void setCommonAsRead(const Common& common);
+  /// As above for the usual entity, in few instructions: no plot style of its own.
+  void setCommonAsRead(AcDbStub* layer, AcDbStub* linetype, Adesk::UInt8 linetypeForm, double linetypeScale,
+                       const AcCmColor& color, AcDb::LineWeight weight, bool invisible) {
+    layerId_ = AcDbObjectId(layer);
+    linetypeId_ = AcDbObjectId(linetype);
+    linetypeScale_ = linetypeScale;
+    color_ = color.color();
+    lineWeight_ = Adesk::Int16(weight);
+    form_ = Adesk::UInt8((invisible ? kInvisibleBit : 0) | linetypeForm << kLinetypeShift);
+  }
+  /// The stream of proxy graphics that came with the entity from a file: what programs without its class show. A write
+  /// to the entity lets it go, except in a proxy.
+  std::span<const std::byte> fileGraphics() const;
+  void setFileGraphics(std::vector<std::byte> graphics);
+  /// The parts that are entities of their own; null for an entity without.
+  virtual AcDbSubentities* subentities() { return nullptr; }
 
   // --- Filing ------------------------------------------------------------------------------------------------------
 
@@ -176,10 +229,16 @@ class AcDbEntity : public AcDbObject {
   /// Layer "0" and linetype ByLayer, where nothing was set.
   void takeDefaults(const AcDbDatabase& database);
 
+  static constexpr int kInvisibleBit = 1;
+  static constexpr int kLinetypeShift = 1;
+  static constexpr int kPlotStyleShift = 3;
+  static constexpr int kFormMask = 3;
+
+  // Small ones first: they lie in what the base leaves of its last word.
+  Adesk::UInt8 form_ = 0;  // invisible; how linetype and plot style are told
+  Adesk::Int16 lineWeight_ = AcDb::kLnWtByLayer;
+  Adesk::UInt32 color_ = Adesk::UInt32(AcCmColor::kByLayer) << 24;
   AcDbHardPointerId layerId_;
   AcDbHardPointerId linetypeId_;
   double linetypeScale_ = 1.0;
-  AcCmColor color_;
-  Adesk::Int16 lineWeight_ = AcDb::kLnWtByLayer;
-  Adesk::Int8 visibility_ = AcDb::kVisible;
 };

@@ -3,44 +3,78 @@
 #include "host/db/AcDbDxfFiler.h"
 #include "host/db/AcDbEntity.h"
 #include "host/db/AcDbHostApplicationServices.h"
+#include "host/db/AcDbObjectExtras.h"
+#include "host/db/FieldFiling.h"
 #include "host/db/acdbOpen.h"
+
+namespace {
+
+/// Which of the rare parts follow in an entity's record.
+enum RarePart : Adesk::UInt8 { kPlotStyle = 1, kGraphics = 2 };
+
+}  // namespace
 
 Acad::ErrorStatus AcDbEntity::dwgOutFields(AcDbDwgFiler* filer) const {
   if (const Acad::ErrorStatus es = AcDbObject::dwgOutFields(filer); es != Acad::eOk) return es;
+  if (filer->framesObjects()) return filer->filerStatus();
   filer->writeHardPointerId(layerId_);
   filer->writeHardPointerId(linetypeId_);
   filer->writeDouble(linetypeScale_);
-  filer->writeUInt32(color_.color());
+  filer->writeUInt32(color_);
   filer->writeInt16(lineWeight_);
-  return filer->writeInt8(visibility_);
+  filer->writeUInt8(form_);
+  Adesk::UInt8 parts = 0;
+  if (extras_ != nullptr) {
+    parts =
+        Adesk::UInt8((extras_->plotStyle.isNull() ? 0 : kPlotStyle) | (extras_->fileGraphics.empty() ? 0 : kGraphics));
+  }
+  filer->writeUInt8(parts);
+  if ((parts & kPlotStyle) != 0) filer->writeHardPointerId(extras_->plotStyle);
+  if ((parts & kGraphics) != 0) fields::put(*filer, extras_->fileGraphics);
+  return filer->filerStatus();
 }
 
 Acad::ErrorStatus AcDbEntity::dwgInFields(AcDbDwgFiler* filer) {
   if (const Acad::ErrorStatus es = AcDbObject::dwgInFields(filer); es != Acad::eOk) return es;
+  if (filer->framesObjects()) return filer->filerStatus();
   AcDbHardPointerId layer;
   AcDbHardPointerId linetype;
+  AcDbHardPointerId plotStyle;
   double scale = 1.0;
   Adesk::UInt32 color = 0;
   Adesk::Int16 weight = 0;
-  Adesk::Int8 visibility = 0;
+  Adesk::UInt8 form = 0;
+  Adesk::UInt8 parts = 0;
+  std::vector<std::byte> graphics;
   filer->readHardPointerId(&layer);
   filer->readHardPointerId(&linetype);
   filer->readDouble(&scale);
   filer->readUInt32(&color);
   filer->readInt16(&weight);
-  filer->readInt8(&visibility);
+  filer->readUInt8(&form);
+  filer->readUInt8(&parts);
+  if ((parts & kPlotStyle) != 0) filer->readHardPointerId(&plotStyle);
+  if ((parts & kGraphics) != 0) fields::get(*filer, graphics);
   if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
+  AcCmColor checked;
+  if (const Acad::ErrorStatus es = checked.setColor(color); es != Acad::eOk) return es;
   layerId_ = layer;
   linetypeId_ = linetype;
   linetypeScale_ = scale;
   lineWeight_ = weight;
-  visibility_ = visibility;
-  return color_.setColor(color);
+  form_ = form;
+  color_ = color;
+  if (parts == 0 && extras_ == nullptr) return Acad::eOk;
+  extras().plotStyle = plotStyle;
+  extras_->fileGraphics = std::move(graphics);
+  return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbEntity::dxfOutFields(AcDbDxfFiler* filer) const {
   if (const Acad::ErrorStatus es = AcDbObject::dxfOutFields(filer); es != Acad::eOk) return es;
+  if (filer->framesObjects()) return filer->filerStatus();
   filer->writeSubclass(L"AcDbEntity");
+  const AcCmColor color = this->color();
   ACHAR* name = layer();
   filer->writeString(AcDb::kDxfLayerName, name != nullptr ? name : L"0");
   acutDelString(name);
@@ -50,17 +84,18 @@ Acad::ErrorStatus AcDbEntity::dxfOutFields(AcDbDxfFiler* filer) const {
     filer->writeString(AcDb::kDxfLinetypeName, typeName);
     acutDelString(typeName);
   }
-  if (!color_.isByLayer()) filer->writeInt16(AcDb::kDxfColor, Adesk::Int16(color_.colorIndex()));
-  if (color_.isByColor()) filer->writeInt32(AcDb::kDxfColorRGB, Adesk::Int32(color_.color() & 0xffffffU));
+  if (!color.isByLayer()) filer->writeInt16(AcDb::kDxfColor, Adesk::Int16(color.colorIndex()));
+  if (color.isByColor()) filer->writeInt32(AcDb::kDxfColorRGB, Adesk::Int32(color_ & 0xffffffU));
   if (linetypeScale_ != 1.0) filer->writeDouble(AcDb::kDxfLinetypeScale, linetypeScale_);
-  if (visibility_ != AcDb::kVisible) filer->writeInt16(AcDb::kDxfVisibility, visibility_);
+  if ((form_ & kInvisibleBit) != 0) filer->writeInt16(AcDb::kDxfVisibility, AcDb::kInvisible);
   if (lineWeight_ != AcDb::kLnWtByLayer) filer->writeInt16(AcDb::kDxfLineWeight, lineWeight_);
   return filer->filerStatus();
 }
 
 Acad::ErrorStatus AcDbEntity::dxfInFields(AcDbDxfFiler* filer) {
   if (const Acad::ErrorStatus es = AcDbObject::dxfInFields(filer); es != Acad::eOk) return es;
-  if (!filer->atSubclassData(L"AcDbEntity")) return filer->filerStatus();
+  if (filer->framesObjects() || !filer->atSubclassData(L"AcDbEntity")) return filer->filerStatus();
+  AcCmColor color = this->color();
   while (!filer->atEndOfObject() && filer->filerStatus() == Acad::eOk) {
     resbuf item{};
     if (filer->readResBuf(&item) != Acad::eOk) break;
@@ -73,16 +108,18 @@ Acad::ErrorStatus AcDbEntity::dxfInFields(AcDbDxfFiler* filer) {
         setLinetype(value.rstring);
         break;
       case AcDb::kDxfColor:
-        color_.setColorIndex(value.rint);
+        color.setColorIndex(value.rint);
+        color_ = color.color();
         break;
       case AcDb::kDxfColorRGB:
-        color_.setRGB(Adesk::UInt8(value.rlong >> 16), Adesk::UInt8(value.rlong >> 8), Adesk::UInt8(value.rlong));
+        color.setRGB(Adesk::UInt8(value.rlong >> 16), Adesk::UInt8(value.rlong >> 8), Adesk::UInt8(value.rlong));
+        color_ = color.color();
         break;
       case AcDb::kDxfLinetypeScale:
         setLinetypeScale(value.rreal);
         break;
       case AcDb::kDxfVisibility:
-        visibility_ = value.rint != 0 ? AcDb::kInvisible : AcDb::kVisible;
+        subSetVisibility(value.rint != 0 ? AcDb::kInvisible : AcDb::kVisible, false);
         break;
       case AcDb::kDxfLineWeight:
         lineWeight_ = value.rint;

@@ -56,7 +56,7 @@ enum Intersect { kOnBothOperands = 0, kExtendThis = 1, kExtendArg = 2, kExtendBo
 enum Visibility { kInvisible = 1, kVisible = 0 };
 
 /// Hundredths of a millimetre, or one of the special values.
-enum LineWeight {
+enum LineWeight : int {
   kLnWt000 = 0,
   kLnWt005 = 5,
   kLnWt009 = 9,

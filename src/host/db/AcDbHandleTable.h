@@ -2,11 +2,13 @@
 
 #include <cstddef>
 #include <deque>
+#include <unordered_map>
 #include <vector>
 
 #include "host/db/AcDbStub.h"
 
-/// The stubs of a database by handle: an open hash of pointers over stubs that never move.
+/// The stubs of a database by handle: a plain vector for handles that lie close, as they do in nearly every drawing, a
+/// hash for the others. Stubs never move.
 class AcDbHandleTable {
  public:
   AcDbHandleTable() = default;
@@ -15,13 +17,22 @@ class AcDbHandleTable {
 
   /// Null when the handle is unknown.
   AcDbStub* find(Adesk::UInt64 handle) const {
-    if (slots_.empty()) return nullptr;
-    for (std::size_t i = handle & mask();; i = (i + 1) & mask()) {
-      if (slots_[i] == nullptr || slots_[i]->handle == handle) return slots_[i];
-    }
+    if (handle < dense_.size()) return dense_[std::size_t(handle)];
+    return sparse_.empty() ? nullptr : findSparse(handle);
   }
   /// A new stub for a handle that isn't in the table.
-  AcDbStub* add(Adesk::UInt64 handle);
+  AcDbStub* add(Adesk::UInt64 handle) {
+    AcDbStub& stub = stubs_.emplace_back();
+    stub.handle = handle;
+    if (handle >= dense_.size()) {
+      addBeyond(stub);
+    } else {
+      dense_[std::size_t(handle)] = &stub;
+    }
+    return &stub;
+  }
+  /// Makes room for about `count` stubs with handles below `end`, as far as these lie close.
+  void reserve(std::size_t count, Adesk::UInt64 end);
 
   std::size_t size() const { return stubs_.size(); }
   /// All stubs in the order in which they were made.
@@ -29,9 +40,19 @@ class AcDbHandleTable {
   std::deque<AcDbStub>& stubs() { return stubs_; }
 
  private:
-  std::size_t mask() const { return slots_.size() - 1; }
-  void rehash();
+  struct Mixed {
+    std::size_t operator()(Adesk::UInt64 handle) const {
+      handle = (handle ^ (handle >> 31)) * 0x9E3779B97F4A7C15ULL;
+      return std::size_t(handle ^ (handle >> 29));
+    }
+  };
+  /// Handles below this may be kept in the vector, for so many stubs.
+  static Adesk::UInt64 denseLimit(std::size_t count) { return 8 * Adesk::UInt64(count) + 4096; }
+  AcDbStub* findSparse(Adesk::UInt64 handle) const;
+  void addBeyond(AcDbStub& stub);
+  void growDense(std::size_t size);
 
-  std::vector<AcDbStub*> slots_;  // a power of two of them, at most half in use; handles run on, so they are their hash
+  std::vector<AcDbStub*> dense_;  // by handle
+  std::unordered_map<Adesk::UInt64, AcDbStub*, Mixed> sparse_;
   std::deque<AcDbStub> stubs_;
 };

@@ -73,6 +73,17 @@ Acad::ErrorStatus AcDbLayerTableRecord::setLineWeight(AcDb::LineWeight weight) {
   return Acad::eOk;
 }
 
+AcDbObjectId AcDbLayerTableRecord::plotStyleNameId() const {
+  assertReadEnabled();
+  return plotStyle_;
+}
+
+Acad::ErrorStatus AcDbLayerTableRecord::setPlotStyleName(AcDbObjectId id) {
+  assertWriteEnabled();
+  plotStyle_ = id;
+  return Acad::eOk;
+}
+
 ACHAR* AcDbLayerTableRecord::description() const {
   assertReadEnabled();
   return dbtext::newText(description_);
@@ -96,6 +107,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::dwgOutFields(AcDbDwgFiler* filer) const 
   filer->writeUInt32(color_.color());
   filer->writeInt16(lineWeight_);
   filer->writeHardPointerId(linetypeId_);
+  filer->writeHardPointerId(plotStyle_);
   return filer->writeString(description_.c_str());
 }
 
@@ -106,6 +118,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::dwgInFields(AcDbDwgFiler* filer) {
   filer->readUInt32(&color);
   filer->readInt16(&lineWeight_);
   filer->readHardPointerId(&linetypeId_);
+  filer->readHardPointerId(&plotStyle_);
   description_ = dbtext::readText(*filer);
   color_.setColor(color);
   return filer->filerStatus();

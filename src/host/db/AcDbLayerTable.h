@@ -33,6 +33,17 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
   Acad::ErrorStatus setLinetypeObjectId(AcDbObjectId id);
   AcDb::LineWeight lineWeight() const;
   Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight);
+  AcDbObjectId plotStyleNameId() const;
+  Acad::ErrorStatus setPlotStyleName(AcDbObjectId id);
+  /// For readers of files: no checks.
+  void setLinetypeAsRead(AcDbObjectId id) { linetypeId_ = id; }
+  void setPlotStyleAsRead(AcDbObjectId id) { plotStyle_ = id; }
+  void setLineWeightAsRead(AcDb::LineWeight weight) { lineWeight_ = Adesk::Int16(weight); }
+  void setColorAsRead(const AcCmColor& color) { color_ = color; }
+  void setStatesAsRead(bool frozen, bool off, bool frozenInNew, bool locked, bool plottable) {
+    states_ = Adesk::UInt8((off ? kOff : 0) | (frozen ? kFrozen : 0) | (locked ? kLocked : 0) |
+                           (frozenInNew ? kVpdflt : 0) | (plottable ? 0 : kNotPlotted));
+  }
   /// A new text that acutDelString frees.
   ACHAR* description() const;
   Acad::ErrorStatus setDescription(const ACHAR* description);
@@ -62,6 +73,7 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
   Adesk::Int16 lineWeight_ = AcDb::kLnWtByLwDefault;
   AcCmColor color_;
   AcDbHardPointerId linetypeId_;
+  AcDbHardPointerId plotStyle_;
   std::wstring description_;
 };
 

@@ -166,6 +166,27 @@ resbuf* AcDbObject::xData(const ACHAR* appName) const {
   return first;
 }
 
+const resbuf* AcDbObject::xDataChain() const {
+  return extras_ != nullptr ? extras_->xdata : nullptr;
+}
+
+void AcDbObject::setXDataAsRead(resbuf* chain) {
+  acutRelRb(extras().xdata);
+  extras_->xdata = chain;
+}
+
+void AcDbObject::addPersistentReactorAsRead(AcDbObjectId id) {
+  if (!id.isNull()) extras().reactors.append(persistentEntry(id));
+}
+
+void AcDbObject::setExtensionDictionaryAsRead(AcDbObjectId id) {
+  if (!id.isNull() || extras_ != nullptr) extras().extensionDictionary = id;
+}
+
+AcDbObjectId AcDbObject::extensionDictionaryReference() const {
+  return extras_ != nullptr ? AcDbObjectId(extras_->extensionDictionary) : AcDbObjectId::kNull;
+}
+
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
   constexpr int kMaxXDataBytes = 16383;
   if (chain == nullptr || chain->restype != AcDb::kDxfRegAppName) return Acad::eInvalidResBuf;
@@ -213,6 +234,7 @@ enum RarePart : Adesk::UInt8 { kOwner = 1, kReactors = 2, kExtensionDictionary =
 
 Acad::ErrorStatus AcDbObject::dwgOutFields(AcDbDwgFiler* filer) const {
   assertReadEnabled();
+  if (filer->framesObjects()) return filer->filerStatus();
   const AcDb::FilerType type = filer->filerType();
   // A plain copy is an object of its own: whom the original told and what it owned stays with that.
   const bool withRelations = type != AcDb::kCopyFiler;
@@ -239,6 +261,7 @@ Acad::ErrorStatus AcDbObject::dwgOutFields(AcDbDwgFiler* filer) const {
 
 Acad::ErrorStatus AcDbObject::dwgInFields(AcDbDwgFiler* filer) {
   assertWriteEnabled();
+  if (filer->framesObjects()) return filer->filerStatus();
   Adesk::UInt8 parts = 0;
   if (filer->readUInt8(&parts) != Acad::eOk) return filer->filerStatus();
   if ((parts & kOwner) != 0) {
@@ -281,7 +304,7 @@ Acad::ErrorStatus AcDbObject::dwgIn(AcDbDwgFiler* filer) {
 
 Acad::ErrorStatus AcDbObject::dxfOutFields(AcDbDxfFiler* filer) const {
   assertReadEnabled();
-  if (stub_ == nullptr) return filer->filerStatus();
+  if (stub_ == nullptr || filer->framesObjects()) return filer->filerStatus();
   filer->writeAcDbHandle(AcDb::kDxfHandle, objectId().handle());
   filer->writeObjectId(AcDb::kDxfSoftPointerId, ownerId());
   return filer->filerStatus();
@@ -289,6 +312,7 @@ Acad::ErrorStatus AcDbObject::dxfOutFields(AcDbDxfFiler* filer) const {
 
 Acad::ErrorStatus AcDbObject::dxfInFields(AcDbDxfFiler* filer) {
   assertWriteEnabled();
+  if (filer->framesObjects()) return filer->filerStatus();
   while (filer->filerStatus() == Acad::eOk && !filer->atEOF()) {
     resbuf item{};
     if (filer->readResBuf(&item) != Acad::eOk) break;
@@ -305,13 +329,13 @@ Acad::ErrorStatus AcDbObject::dxfInFields(AcDbDxfFiler* filer) {
 Acad::ErrorStatus AcDbObject::dxfOut(AcDbDxfFiler* filer, bool allXdata, const AcDbObjectId*, int) const {
   const Acad::ErrorStatus es = dxfOutFields(filer);
   if (es != Acad::eOk) return es;
-  if (allXdata && extras_ != nullptr) valuechain::write(*filer, extras_->xdata);
+  if (allXdata && extras_ != nullptr && !filer->framesObjects()) valuechain::write(*filer, extras_->xdata);
   return filer->filerStatus();
 }
 
 Acad::ErrorStatus AcDbObject::dxfIn(AcDbDxfFiler* filer) {
   const Acad::ErrorStatus es = dxfInFields(filer);
-  if (es != Acad::eOk) return es;
+  if (es != Acad::eOk || filer->framesObjects()) return es;
   resbuf* chain = nullptr;
   resbuf** tail = &chain;
   while (filer->atExtendedData()) {

@@ -36,7 +36,7 @@ class AcDbObject : public AcGiDrawable {
   /// Whether the object is in a database.
   Adesk::Boolean isPersistent() const override { return stub_ != nullptr; }
   bool isTransactionResident() const { return false; }
-  bool isAProxy() const { return false; }
+  bool isAProxy() const { return hasTrait(kIsProxy); }
 
   // --- Opening and closing -----------------------------------------------------------------------------------------
 
@@ -122,6 +122,15 @@ class AcDbObject : public AcGiDrawable {
   /// The extended data of one application, or of all for null: a new chain that acutRelRb frees, each part headed by
   /// group 1001. Null when there is none.
   resbuf* xData(const ACHAR* appName = nullptr) const;
+  /// The object's own chain, for writers of files; null when there is none.
+  const resbuf* xDataChain() const;
+  /// Takes the chain over as it is, whatever its size and codes, for readers of files.
+  void setXDataAsRead(resbuf* chain);
+  /// Takes reactors over in order, and the extension dictionary, for readers of files.
+  void addPersistentReactorAsRead(AcDbObjectId id);
+  void setExtensionDictionaryAsRead(AcDbObjectId id);
+  /// The extension dictionary, erased or not, whatever the open state.
+  AcDbObjectId extensionDictionaryReference() const;
   /// Replaces the extended data of the applications that head the parts of the chain; a part without values removes.
   /// eInvalidResBuf for a chain that doesn't begin with 1001 or has codes below 1000, eXdataSizeExceeded above 16 KB.
   Acad::ErrorStatus setXData(const resbuf* chain);
@@ -195,7 +204,7 @@ class AcDbObject : public AcGiDrawable {
   AcDbObject() = default;
 
   /// What the object's kind adds to opening; set by constructors.
-  enum Trait : Adesk::UInt8 { kIsEntity = 1, kTellsOpens = 2 };
+  enum Trait : Adesk::UInt8 { kIsEntity = 1, kTellsOpens = 2, kOwnsParts = 4, kIsProxy = 8 };
   void addTrait(Trait trait) { traits_ = Adesk::UInt8(traits_ | trait); }
   bool hasTrait(Trait trait) const { return (traits_ & trait) != 0; }
   /// Sets or clears a flag of the open.

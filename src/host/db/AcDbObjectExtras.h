@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <vector>
+
 #include "host/db/AcDbObject.h"
 #include "host/db/AcDbSubentId.h"
 
@@ -15,5 +18,7 @@ struct AcDbObject::Extras {
   AcDbHardOwnershipId extensionDictionary;
   resbuf* xdata = nullptr;
   AcDbFullSubentPathArray highlighted;
+  AcDbHardPointerId plotStyle;          // of an entity
+  std::vector<std::byte> fileGraphics;  // of an entity
   bool undoDisabled = false;
 };

@@ -31,6 +31,10 @@ void AcDbObject::beginWrite(bool autoUndo, bool recordModified) {
     stub_->flags |= AcDbStub::kUndoTaken;
     if (stub_->database->undoRecording() && (extras_ == nullptr || !extras_->undoDisabled)) log.recordModify(stub_);
   }
+  // What other programs were to show no longer holds.
+  if (recordModified && extras_ != nullptr && !extras_->fileGraphics.empty() && !hasTrait(kIsProxy)) {
+    extras_->fileGraphics.clear();
+  }
   if (recordModified) stub_->flags |= AcDbStub::kModified | AcDbStub::kModifiedGraphics;
 }
 

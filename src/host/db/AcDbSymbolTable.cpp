@@ -254,6 +254,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
   if (const Acad::ErrorStatus es = database()->addAcDbObject(id, record, objectId(), AcDbHandle()); es != Acad::eOk) {
     return es;
   }
+  record->added();
   return Acad::eOk;
 }
 

@@ -30,8 +30,21 @@ class AcDbSymbolTableRecord : public AcDbObject {
   Acad::ErrorStatus getName(const ACHAR*& name) const;
   /// eInvalidInput for a name that names can't be; eDuplicateRecordName when the table holds it already.
   Acad::ErrorStatus setName(const ACHAR* name);
-  bool isDependent() const { return false; }
+  bool isDependent() const { return file_.dependent; }
   bool isResolved() const { return true; }
+
+  /// What a DWG file tells of every record besides its name.
+  struct FilePart {
+    bool referenced = true;
+    Adesk::Int16 xrefIndex = 0;
+    bool dependent = false;
+    AcDbHardPointerId xrefBlock;
+  };
+  const FilePart& filePart() const { return file_; }
+  FilePart& filePartAsRead() { return file_; }
+  /// Any name, for readers of files, before the record is listed in its table.
+  void setNameAsRead(std::wstring name) { name_ = std::move(name); }
+  const std::wstring& nameText() const { return name_; }
 
   Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
   Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
@@ -46,10 +59,13 @@ class AcDbSymbolTableRecord : public AcDbObject {
   /// Flags of group 70 that the record's class adds, and takes back.
   virtual Adesk::Int16 dxfFlags() const { return 0; }
   virtual void setDxfFlags(Adesk::Int16) {}
+  /// Called when the record has been added to its table by add().
+  virtual void added() {}
 
  private:
   friend class AcDbSymbolTable;
   std::wstring name_;
+  FilePart file_;
 };
 
 /// Walks the records of a symbol table in the order in which they were added.
@@ -93,6 +109,9 @@ class AcDbSymbolTable : public AcDbObject {
   Acad::ErrorStatus newIterator(AcDbSymbolTableIterator*& iterator, bool atBeginning = true,
                                 bool skipDeleted = true) const;
 
+  /// Lists a record that has been put into the database under this table, for readers of files: the name needn't be a
+  /// valid or a new one.
+  void listAsRead(AcDbSymbolTableRecord& record) { adopted(record); }
   /// All records in order, erased ones included.
   const std::vector<AcDbObjectId>& recordIds() const { return records_; }
   /// The class of the records.

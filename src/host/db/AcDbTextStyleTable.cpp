@@ -1,7 +1,7 @@
 #include "host/db/AcDbTextStyleTable.h"
 
 #include "host/db/AcDbDxfFiler.h"
-#include "host/db/dbtext.h"
+#include "host/db/FieldFiling.h"
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbTextStyleTable, AcDbSymbolTable, 0)
 ACRX_DXF_DEFINE_MEMBERS(AcDbTextStyleTableRecord, AcDbSymbolTableRecord, 0, 0, 0, STYLE, krhost)
@@ -10,72 +10,71 @@ namespace {
 
 constexpr int kDxfShapeFile = 1;
 constexpr int kDxfVertical = 4;
-constexpr double kDegree = 3.14159265358979323846 / 180;
 
 }  // namespace
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::fileName(ACHAR*& name) const {
   assertReadEnabled();
-  name = dbtext::newText(fileName_);
+  name = dbtext::newText(data_.fileName);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::setFileName(const ACHAR* name) {
   assertWriteEnabled();
-  fileName_ = dbtext::orEmpty(name);
-  typeface_.clear();
+  data_.fileName = dbtext::orEmpty(name);
+  data_.typeface.clear();
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::bigFontFileName(ACHAR*& name) const {
   assertReadEnabled();
-  name = dbtext::newText(bigFontFileName_);
+  name = dbtext::newText(data_.bigFontFileName);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::setBigFontFileName(const ACHAR* name) {
   assertWriteEnabled();
-  bigFontFileName_ = dbtext::orEmpty(name);
+  data_.bigFontFileName = dbtext::orEmpty(name);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::font(ACHAR*& typeface, Adesk::Boolean& bold, Adesk::Boolean& italic,
                                                  int& charset, int& pitchAndFamily) const {
   assertReadEnabled();
-  typeface = dbtext::newText(typeface_);
-  bold = bold_;
-  italic = italic_;
-  charset = charset_;
-  pitchAndFamily = pitchAndFamily_;
+  typeface = dbtext::newText(data_.typeface);
+  bold = data_.bold;
+  italic = data_.italic;
+  charset = data_.charset;
+  pitchAndFamily = data_.pitchAndFamily;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::setFont(const ACHAR* typeface, Adesk::Boolean bold, Adesk::Boolean italic,
                                                     int charset, int pitchAndFamily) {
   assertWriteEnabled();
-  typeface_ = dbtext::orEmpty(typeface);
-  bold_ = bold != 0;
-  italic_ = italic != 0;
-  charset_ = charset;
-  pitchAndFamily_ = pitchAndFamily;
+  data_.typeface = dbtext::orEmpty(typeface);
+  data_.bold = bold != 0;
+  data_.italic = italic != 0;
+  data_.charset = charset;
+  data_.pitchAndFamily = pitchAndFamily;
   return Acad::eOk;
 }
 
 double AcDbTextStyleTableRecord::textSize() const {
   assertReadEnabled();
-  return textSize_;
+  return data_.textSize;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::setTextSize(double size) {
   if (!(size >= 0)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  textSize_ = size;
+  data_.textSize = size;
   return Acad::eOk;
 }
 
 double AcDbTextStyleTableRecord::xScale() const {
   assertReadEnabled();
-  return xScale_;
+  return data_.xScale;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::setXScale(double scale) {
@@ -83,116 +82,90 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::setXScale(double scale) {
   constexpr double kMost = 100;
   if (!(scale >= kLeast && scale <= kMost)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  xScale_ = scale;
+  data_.xScale = scale;
   return Acad::eOk;
 }
 
 double AcDbTextStyleTableRecord::obliquingAngle() const {
   assertReadEnabled();
-  return obliquing_;
+  return data_.obliquing;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::setObliquingAngle(double angle) {
   assertWriteEnabled();
-  obliquing_ = angle;
+  data_.obliquing = angle;
   return Acad::eOk;
 }
 
 double AcDbTextStyleTableRecord::priorSize() const {
   assertReadEnabled();
-  return priorSize_;
+  return data_.priorSize;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::setPriorSize(double size) {
   assertWriteEnabled();
-  priorSize_ = size;
+  data_.priorSize = size;
   return Acad::eOk;
 }
 
 bool AcDbTextStyleTableRecord::isShapeFile() const {
   assertReadEnabled();
-  return shapeFile_;
+  return data_.shapeFile;
 }
 
 void AcDbTextStyleTableRecord::setIsShapeFile(bool shape) {
   assertWriteEnabled();
-  shapeFile_ = shape;
+  data_.shapeFile = shape;
 }
 
 bool AcDbTextStyleTableRecord::isVertical() const {
   assertReadEnabled();
-  return vertical_;
+  return data_.vertical;
 }
 
 void AcDbTextStyleTableRecord::setIsVertical(bool vertical) {
   assertWriteEnabled();
-  vertical_ = vertical;
+  data_.vertical = vertical;
 }
 
 Adesk::UInt8 AcDbTextStyleTableRecord::flagBits() const {
   assertReadEnabled();
-  return flagBits_;
+  return data_.flagBits;
 }
 
 void AcDbTextStyleTableRecord::setFlagBits(Adesk::UInt8 flags) {
   assertWriteEnabled();
-  flagBits_ = flags;
+  data_.flagBits = flags;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::dwgOutFields(AcDbDwgFiler* filer) const {
   if (const Acad::ErrorStatus es = AcDbSymbolTableRecord::dwgOutFields(filer); es != Acad::eOk) return es;
-  filer->writeString(fileName_.c_str());
-  filer->writeString(bigFontFileName_.c_str());
-  filer->writeString(typeface_.c_str());
-  filer->writeBool(bold_);
-  filer->writeBool(italic_);
-  filer->writeInt32(charset_);
-  filer->writeInt32(pitchAndFamily_);
-  filer->writeDouble(textSize_);
-  filer->writeDouble(xScale_);
-  filer->writeDouble(obliquing_);
-  filer->writeDouble(priorSize_);
-  filer->writeBool(shapeFile_);
-  filer->writeBool(vertical_);
-  return filer->writeUInt8(flagBits_);
+  return fields::write(filer, data_);
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::dwgInFields(AcDbDwgFiler* filer) {
   if (const Acad::ErrorStatus es = AcDbSymbolTableRecord::dwgInFields(filer); es != Acad::eOk) return es;
-  fileName_ = dbtext::readText(*filer);
-  bigFontFileName_ = dbtext::readText(*filer);
-  typeface_ = dbtext::readText(*filer);
-  filer->readBool(&bold_);
-  filer->readBool(&italic_);
-  filer->readInt32(&charset_);
-  filer->readInt32(&pitchAndFamily_);
-  filer->readDouble(&textSize_);
-  filer->readDouble(&xScale_);
-  filer->readDouble(&obliquing_);
-  filer->readDouble(&priorSize_);
-  filer->readBool(&shapeFile_);
-  filer->readBool(&vertical_);
-  return filer->readUInt8(&flagBits_);
+  return fields::read(filer, data_);
 }
 
 Adesk::Int16 AcDbTextStyleTableRecord::dxfFlags() const {
-  return Adesk::Int16((shapeFile_ ? kDxfShapeFile : 0) | (vertical_ ? kDxfVertical : 0));
+  return Adesk::Int16((data_.shapeFile ? kDxfShapeFile : 0) | (data_.vertical ? kDxfVertical : 0));
 }
 
 void AcDbTextStyleTableRecord::setDxfFlags(Adesk::Int16 flags) {
-  shapeFile_ = (flags & kDxfShapeFile) != 0;
-  vertical_ = (flags & kDxfVertical) != 0;
+  data_.shapeFile = (flags & kDxfShapeFile) != 0;
+  data_.vertical = (flags & kDxfVertical) != 0;
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::dxfOutFields(AcDbDxfFiler* filer) const {
   if (const Acad::ErrorStatus es = AcDbSymbolTableRecord::dxfOutFields(filer); es != Acad::eOk) return es;
-  filer->writeDouble(AcDb::kDxfTxtSize, textSize_);
-  filer->writeDouble(AcDb::kDxfTxtStyleXScale, xScale_);
-  filer->writeDouble(AcDb::kDxfAngle, obliquing_ / kDegree);
-  filer->writeInt16(AcDb::kDxfTxtStyleFlags, flagBits_);
-  filer->writeDouble(AcDb::kDxfTxtStylePSize, priorSize_);
-  filer->writeString(AcDb::kDxfTextFontFile, fileName_.c_str());
-  return filer->writeString(AcDb::kDxfTextBigFontFile, bigFontFileName_.c_str());
+  filer->writeDouble(AcDb::kDxfTxtSize, data_.textSize);
+  filer->writeDouble(AcDb::kDxfTxtStyleXScale, data_.xScale);
+  filer->writeDouble(AcDb::kDxfAngle, data_.obliquing);
+  filer->writeInt16(AcDb::kDxfTxtStyleFlags, data_.flagBits);
+  filer->writeDouble(AcDb::kDxfTxtStylePSize, data_.priorSize);
+  filer->writeString(AcDb::kDxfTextFontFile, data_.fileName.c_str());
+  return filer->writeString(AcDb::kDxfTextBigFontFile, data_.bigFontFileName.c_str());
 }
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::dxfInFields(AcDbDxfFiler* filer) {
@@ -203,25 +176,25 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::dxfInFields(AcDbDxfFiler* filer) {
     const ads_u_val& value = item.resval;
     switch (item.restype) {
       case AcDb::kDxfTxtSize:
-        textSize_ = value.rreal;
+        data_.textSize = value.rreal;
         break;
       case AcDb::kDxfTxtStyleXScale:
-        xScale_ = value.rreal;
+        data_.xScale = value.rreal;
         break;
       case AcDb::kDxfAngle:
-        obliquing_ = value.rreal * kDegree;
+        data_.obliquing = value.rreal;
         break;
       case AcDb::kDxfTxtStyleFlags:
-        flagBits_ = Adesk::UInt8(value.rint);
+        data_.flagBits = Adesk::UInt8(value.rint);
         break;
       case AcDb::kDxfTxtStylePSize:
-        priorSize_ = value.rreal;
+        data_.priorSize = value.rreal;
         break;
       case AcDb::kDxfTextFontFile:
-        fileName_ = value.rstring;
+        data_.fileName = value.rstring;
         break;
       case AcDb::kDxfTextBigFontFile:
-        bigFontFileName_ = value.rstring;
+        data_.bigFontFileName = value.rstring;
         break;
       default:
         break;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/db/AcDbField.h"
 #include "host/db/AcDbSymbolTable.h"
 
 /// A text style.
@@ -39,6 +40,27 @@ class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
   Adesk::UInt8 flagBits() const;
   void setFlagBits(Adesk::UInt8 flags);
 
+  /// As filed.
+  struct Data {
+    std::wstring fileName = L"txt";
+    std::wstring bigFontFileName;
+    std::wstring typeface;
+    bool bold = false;
+    bool italic = false;
+    int charset = 0;
+    int pitchAndFamily = 0;
+    double textSize = 0;
+    double xScale = 1;
+    double obliquing = 0;
+    double priorSize = 2.5;
+    bool shapeFile = false;
+    bool vertical = false;
+    Adesk::UInt8 flagBits = 0;
+    KR_DB_TIE(fileName, bigFontFileName, typeface, bold, italic, charset, pitchAndFamily, textSize, xScale, obliquing,
+              priorSize, shapeFile, vertical, flagBits)
+  };
+  KR_DB_DATA(Data)
+
   Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
   Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
   Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;
@@ -49,20 +71,7 @@ class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
   void setDxfFlags(Adesk::Int16 flags) override;
 
  private:
-  std::wstring fileName_ = L"txt";
-  std::wstring bigFontFileName_;
-  std::wstring typeface_;
-  bool bold_ = false;
-  bool italic_ = false;
-  int charset_ = 0;
-  int pitchAndFamily_ = 0;
-  double textSize_ = 0;
-  double xScale_ = 1;
-  double obliquing_ = 0;
-  double priorSize_ = 2.5;
-  bool shapeFile_ = false;
-  bool vertical_ = false;
-  Adesk::UInt8 flagBits_ = 0;
+  Data data_;
 };
 
 class AcDbTextStyleTable : public AcDbSymbolTableOf<AcDbTextStyleTableRecord> {

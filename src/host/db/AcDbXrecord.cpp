@@ -25,6 +25,11 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*
   return Acad::eOk;
 }
 
+void AcDbXrecord::setChainAsRead(resbuf* chain) {
+  acutRelRb(chain_);
+  chain_ = chain;
+}
+
 AcDb::DuplicateRecordCloning AcDbXrecord::mergeStyle() const {
   assertReadEnabled();
   return mergeStyle_;

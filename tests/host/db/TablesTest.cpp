@@ -249,7 +249,7 @@ TEST_F(Tables, AHeaderVariableTellsOfItsChange) {
 }
 
 TEST_F(Tables, ADictionaryReplacesAndForgetsErasedEntries) {
-  const AcDbObjectPointer<AcDbDictionary> dictionary(db.namedObjectsDictionaryId(), AcDb::kForWrite);
+  const AcDbObjectPointer<AcDbDictionary> dictionary(db.groupDictionaryId(), AcDb::kForWrite);
   const auto put = [&](const ACHAR* name) {
     auto* const record = new AcDbXrecord;
     AcDbObjectId id;

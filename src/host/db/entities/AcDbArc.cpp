@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "host/db/AcDbDwgFiler.h"
+#include "host/db/FieldFiling.h"
 #include "host/db/entities/EntityTools.h"
 #include "host/gi/gi.h"
 
@@ -12,97 +12,110 @@ AcDbArc::AcDbArc(const AcGePoint3d& center, double radius, double startAngle, do
     : AcDbArc(center, AcGeVector3d::kZAxis, radius, startAngle, endAngle) {}
 
 AcDbArc::AcDbArc(const AcGePoint3d& center, const AcGeVector3d& normal, double radius, double startAngle,
-                 double endAngle)
-    : m_center(center), m_startAngle(entities::wrapped(startAngle)), m_endAngle(entities::wrapped(endAngle)) {
+                 double endAngle) {
+  data_.startAngle = entities::wrapped(startAngle);
+  data_.endAngle = entities::wrapped(endAngle);
   setNormal(normal);
+  setPlace(center);
   setRadius(radius);
+}
+
+AcGePoint3d AcDbArc::place() const {
+  return entities::fromPlane(data_.center, data_.normal);
+}
+
+void AcDbArc::setPlace(const AcGePoint3d& center) {
+  data_.center = entities::toPlane(center, data_.normal);
 }
 
 AcGePoint3d AcDbArc::center() const {
   assertReadEnabled();
-  return m_center;
+  return place();
 }
 
 double AcDbArc::radius() const {
   assertReadEnabled();
-  return m_radius;
+  return data_.radius;
 }
 
 double AcDbArc::startAngle() const {
   assertReadEnabled();
-  return m_startAngle;
+  return data_.startAngle;
 }
 
 double AcDbArc::endAngle() const {
   assertReadEnabled();
-  return m_endAngle;
+  return data_.endAngle;
 }
 
 double AcDbArc::totalAngle() const {
   assertReadEnabled();
-  const double sweep = m_endAngle - m_startAngle;
+  const double sweep = data_.endAngle - data_.startAngle;
   return sweep > 0.0 ? sweep : sweep + kAcGeTwoPi;
 }
 
 double AcDbArc::thickness() const {
   assertReadEnabled();
-  return m_thickness;
+  return data_.thickness;
 }
 
 AcGeVector3d AcDbArc::normal() const {
   assertReadEnabled();
-  return m_normal;
+  return data_.normal;
 }
 
 Acad::ErrorStatus AcDbArc::setCenter(const AcGePoint3d& center) {
   assertWriteEnabled();
-  m_center = center;
+  setPlace(center);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::setRadius(double radius) {
   if (!(radius >= 0.0) || !std::isfinite(radius)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_radius = radius;
+  data_.radius = radius;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::setStartAngle(double angle) {
   if (!std::isfinite(angle)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_startAngle = entities::wrapped(angle);
+  data_.startAngle = entities::wrapped(angle);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::setEndAngle(double angle) {
   if (!std::isfinite(angle)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_endAngle = entities::wrapped(angle);
+  data_.endAngle = entities::wrapped(angle);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::setThickness(double thickness) {
   assertWriteEnabled();
-  m_thickness = thickness;
+  data_.thickness = thickness;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::setNormal(const AcGeVector3d& normal) {
   if (normal.lengthSqrd() == 0.0) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_normal = normal / normal.length();
+  const AcGePoint3d center = place();
+  data_.normal = normal / normal.length();
+  setPlace(center);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::getPlane(AcGePlane& plane, AcDb::Planarity& type) const {
   assertReadEnabled();
-  plane.set(m_center, m_normal);
+  plane.set(place(), data_.normal);
   type = AcDb::kPlanar;
   return Acad::eOk;
 }
 
 AcGeCircArc3d AcDbArc::geArc() const {
-  return {m_center, m_normal, m_normal.perpVector(), m_radius, m_startAngle, m_startAngle + totalAngle()};
+  return {place(),      data_.normal,     data_.normal.perpVector(),
+          data_.radius, data_.startAngle, data_.startAngle + totalAngle()};
 }
 
 CurvePieces AcDbArc::pieces() const {
@@ -110,49 +123,33 @@ CurvePieces AcDbArc::pieces() const {
 }
 
 double AcDbArc::paramAtPiece(std::size_t i) const {
-  return i == 0 ? m_startAngle : m_startAngle + totalAngle();
+  return i == 0 ? data_.startAngle : data_.startAngle + totalAngle();
 }
 
 Acad::ErrorStatus AcDbArc::getArea(double& area) const {
   assertReadEnabled();
-  area = CurvePiece(geArc()).segmentAreaTwice(m_normal) / 2.0;
+  area = CurvePiece(geArc()).segmentAreaTwice(data_.normal) / 2.0;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::getOffsetCurves(double offset, AcDbVoidPtrArray& curves) const {
   assertReadEnabled();
-  if (m_radius + offset <= 0.0) return Acad::eInvalidInput;
-  auto* const arc = new AcDbArc(m_center, m_normal, m_radius + offset, m_startAngle, m_endAngle);
+  if (data_.radius + offset <= 0.0) return Acad::eInvalidInput;
+  auto* const arc = new AcDbArc(place(), data_.normal, data_.radius + offset, data_.startAngle, data_.endAngle);
   arc->setPropertiesFrom(this);
-  arc->m_thickness = m_thickness;
+  arc->data_.thickness = data_.thickness;
   curves.append(static_cast<AcDbEntity*>(arc));
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::dwgOutFields(AcDbDwgFiler* filer) const {
-  assertReadEnabled();
   const Acad::ErrorStatus status = AcDbCurve::dwgOutFields(filer);
-  if (status != Acad::eOk) return status;
-  filer->writePoint3d(m_center);
-  filer->writeDouble(m_radius);
-  filer->writeDouble(m_thickness);
-  filer->writeVector3d(m_normal);
-  filer->writeDouble(m_startAngle);
-  filer->writeDouble(m_endAngle);
-  return filer->filerStatus();
+  return status == Acad::eOk ? fields::write(filer, data_) : status;
 }
 
 Acad::ErrorStatus AcDbArc::dwgInFields(AcDbDwgFiler* filer) {
-  assertWriteEnabled();
   const Acad::ErrorStatus status = AcDbCurve::dwgInFields(filer);
-  if (status != Acad::eOk) return status;
-  filer->readPoint3d(&m_center);
-  filer->readDouble(&m_radius);
-  filer->readDouble(&m_thickness);
-  filer->readVector3d(&m_normal);
-  filer->readDouble(&m_startAngle);
-  filer->readDouble(&m_endAngle);
-  return filer->filerStatus();
+  return status == Acad::eOk ? fields::read(filer, data_) : status;
 }
 
 Acad::ErrorStatus AcDbArc::dxfOutFields(AcDbDxfFiler* filer) const {
@@ -160,13 +157,15 @@ Acad::ErrorStatus AcDbArc::dxfOutFields(AcDbDxfFiler* filer) const {
   const Acad::ErrorStatus status = AcDbCurve::dxfOutFields(filer);
   if (status != Acad::eOk) return status;
   filer->writeSubclass(L"AcDbCircle");
-  if (m_thickness != 0.0 || filer->includesDefaultValues()) filer->writeDouble(AcDb::kDxfThickness, m_thickness);
-  filer->writeItem(AcDb::kDxfXCoord, AcGeMatrix3d::worldToPlane(m_normal) * m_center);
-  filer->writeDouble(AcDb::kDxfReal, m_radius);
-  if (m_normal != AcGeVector3d::kZAxis || filer->includesDefaultValues()) filer->writeItem(AcDb::kDxfNormalX, m_normal);
+  if (data_.thickness != 0.0 || filer->includesDefaultValues())
+    filer->writeDouble(AcDb::kDxfThickness, data_.thickness);
+  filer->writeItem(AcDb::kDxfXCoord, data_.center);
+  filer->writeDouble(AcDb::kDxfReal, data_.radius);
+  if (data_.normal != AcGeVector3d::kZAxis || filer->includesDefaultValues())
+    filer->writeItem(AcDb::kDxfNormalX, data_.normal);
   filer->writeSubclass(L"AcDbArc");
-  filer->writeDouble(AcDb::kDxfAngle, m_startAngle);
-  filer->writeItem(AcDb::kDxfAngle + 1, m_endAngle);
+  filer->writeDouble(AcDb::kDxfAngle, data_.startAngle);
+  filer->writeItem(AcDb::kDxfAngle + 1, data_.endAngle);
   return filer->filerStatus();
 }
 
@@ -174,58 +173,59 @@ Acad::ErrorStatus AcDbArc::dxfInFields(AcDbDxfFiler* filer) {
   assertWriteEnabled();
   Acad::ErrorStatus status = AcDbCurve::dxfInFields(filer);
   if (status != Acad::eOk) return status;
-  AcGePoint3d inPlane = AcGeMatrix3d::worldToPlane(m_normal) * m_center;
+  AcGePoint3d inPlane = data_.center;
   const auto take = [&](const resbuf& group) {
-    if (group.restype == AcDb::kDxfThickness) m_thickness = group.resval.rreal;
+    if (group.restype == AcDb::kDxfThickness) data_.thickness = group.resval.rreal;
     if (group.restype == AcDb::kDxfXCoord) inPlane = entities::pointOf(group);
-    if (group.restype == AcDb::kDxfReal) m_radius = std::fabs(group.resval.rreal);
+    if (group.restype == AcDb::kDxfReal) data_.radius = std::fabs(group.resval.rreal);
     if (group.restype == AcDb::kDxfNormalX) setNormal(entities::vectorOf(group));
-    if (group.restype == AcDb::kDxfAngle) m_startAngle = entities::wrapped(group.resval.rreal);
-    if (group.restype == AcDb::kDxfAngle + 1) m_endAngle = entities::wrapped(group.resval.rreal);
+    if (group.restype == AcDb::kDxfAngle) data_.startAngle = entities::wrapped(group.resval.rreal);
+    if (group.restype == AcDb::kDxfAngle + 1) data_.endAngle = entities::wrapped(group.resval.rreal);
   };
   status = entities::readSubclass(filer, L"AcDbCircle", take);
   if (status == Acad::eOk) status = entities::readSubclass(filer, L"AcDbArc", take);
-  m_center = AcGeMatrix3d::planeToWorld(m_normal) * inPlane;
+  data_.center = inPlane;
   return status;
 }
 
 Adesk::Boolean AcDbArc::subWorldDraw(AcGiWorldDraw* draw) {
   assertReadEnabled();
-  draw->geometry().circularArc(m_center, m_radius, m_normal, entities::directionAt(m_startAngle, m_normal),
-                               totalAngle());
+  draw->geometry().circularArc(place(), data_.radius, data_.normal,
+                               entities::directionAt(data_.startAngle, data_.normal), totalAngle());
   return Adesk::kTrue;
 }
 
 Acad::ErrorStatus AcDbArc::subTransformBy(const AcGeMatrix3d& xform) {
   if (!entities::isSimilarity(xform)) return Acad::eCannotScaleNonUniformly;
   assertWriteEnabled();
-  AcGeVector3d start = xform * entities::directionAt(m_startAngle, m_normal);
-  AcGeVector3d end = xform * entities::directionAt(m_endAngle, m_normal);
+  AcGeVector3d start = xform * entities::directionAt(data_.startAngle, data_.normal);
+  AcGeVector3d end = xform * entities::directionAt(data_.endAngle, data_.normal);
   // Mirrored, the arc runs clockwise about its normal's image.
   if (xform.det() < 0.0) std::swap(start, end);
-  m_center.transformBy(xform);
-  m_radius *= xform.scale();
-  m_thickness *= xform.scale();
-  m_normal = (xform * m_normal).normal();
-  m_startAngle = entities::angleInPlane(start, m_normal);
-  m_endAngle = entities::angleInPlane(end, m_normal);
+  const AcGePoint3d center = xform * place();
+  data_.radius *= xform.scale();
+  data_.thickness *= xform.scale();
+  data_.normal = (xform * data_.normal).normal();
+  setPlace(center);
+  data_.startAngle = entities::angleInPlane(start, data_.normal);
+  data_.endAngle = entities::angleInPlane(end, data_.normal);
   return Acad::eOk;
 }
 
 void AcDbArc::subList() const {
   assertReadEnabled();
   AcDbCurve::subList();
-  entities::listPoint(L"                    center point,", m_center);
-  entities::listLength(L"             radius", m_radius);
-  entities::listAngle(L"        start angle", m_startAngle);
-  entities::listAngle(L"          end angle", m_endAngle);
+  entities::listPoint(L"                    center point,", place());
+  entities::listLength(L"             radius", data_.radius);
+  entities::listAngle(L"        start angle", data_.startAngle);
+  entities::listAngle(L"          end angle", data_.endAngle);
   entities::listLength(L"             length", length());
 }
 
 Acad::ErrorStatus AcDbArc::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&, AcDbIntArray&) const {
   assertReadEnabled();
   const AcGeCircArc3d arc = geArc();
-  for (const AcGePoint3d& p : {arc.startPoint(), arc.midPoint(), arc.endPoint(), m_center}) points.append(p);
+  for (const AcGePoint3d& p : {arc.startPoint(), arc.midPoint(), arc.endPoint(), place()}) points.append(p);
   return Acad::eOk;
 }
 
@@ -237,21 +237,21 @@ Acad::ErrorStatus AcDbArc::subMoveGripPointsAt(const AcDbIntArray& indices, cons
   const bool whole = indices.contains(kCenter);
   for (int i = 0; i < indices.length() && !whole; ++i) {
     if (indices[i] < 0 || indices[i] > kCenter) return Acad::eInvalidIndex;
-    through[indices[i]] += offset.orthoProject(m_normal);
+    through[indices[i]] += offset.orthoProject(data_.normal);
   }
   assertWriteEnabled();
   if (whole || indices.length() == kCenter) {
-    m_center += offset;
+    setPlace(place() + offset);
     return Acad::eOk;
   }
   AcGeError error = AcGe::kOk;
   AcGeCircArc3d moved;
   moved.set(through[0], through[1], through[2], error);
   if (error != AcGe::kOk) return Acad::eDegenerateGeometry;
-  const bool turned = moved.normal().dotProduct(m_normal) < 0.0;
-  m_center = moved.center();
-  m_radius = moved.radius();
-  m_startAngle = entities::angleInPlane(through[turned ? 2 : 0] - m_center, m_normal);
-  m_endAngle = entities::angleInPlane(through[turned ? 0 : 2] - m_center, m_normal);
+  const bool turned = moved.normal().dotProduct(data_.normal) < 0.0;
+  setPlace(moved.center());
+  data_.radius = moved.radius();
+  data_.startAngle = entities::angleInPlane(through[turned ? 2 : 0] - place(), data_.normal);
+  data_.endAngle = entities::angleInPlane(through[turned ? 0 : 2] - place(), data_.normal);
   return Acad::eOk;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/db/AcDbField.h"
 #include "host/db/entities/PieceCurve.h"
 
 /// An arc of a circle, counterclockwise about its normal. Angles are from the X axis of the normal's frame, and are the
@@ -7,6 +8,18 @@
 class AcDbArc : public PieceCurve {
  public:
   ACRX_DECLARE_MEMBERS(AcDbArc);
+
+  /// As filed: the centre in the plane of the normal; radians.
+  struct Data {
+    AcGePoint3d center;
+    double radius = 0.0;
+    double thickness = 0.0;
+    AcGeVector3d normal = AcGeVector3d::kZAxis;
+    double startAngle = 0.0;
+    double endAngle = 0.0;
+    KR_DB_TIE(center, radius, thickness, normal, startAngle, endAngle)
+  };
+  KR_DB_DATA(Data)
 
   AcDbArc() = default;
   AcDbArc(const AcGePoint3d& center, double radius, double startAngle, double endAngle);
@@ -58,11 +71,9 @@ class AcDbArc : public PieceCurve {
 
  private:
   AcGeCircArc3d geArc() const;
+  /// The centre in the world.
+  AcGePoint3d place() const;
+  void setPlace(const AcGePoint3d& center);
 
-  AcGePoint3d m_center;
-  AcGeVector3d m_normal = AcGeVector3d::kZAxis;
-  double m_radius = 0.0;
-  double m_startAngle = 0.0;
-  double m_endAngle = 0.0;
-  double m_thickness = 0.0;
+  Data data_;
 };

@@ -1,11 +1,22 @@
 #pragma once
 
+#include "host/db/AcDbField.h"
 #include "host/db/entities/PieceCurve.h"
 
 /// A full circle. Its parameter is the angle from the X axis of its normal's frame, 0 to 2 pi.
 class AcDbCircle : public PieceCurve {
  public:
   ACRX_DECLARE_MEMBERS(AcDbCircle);
+
+  /// As filed: the centre in the plane of the normal.
+  struct Data {
+    AcGePoint3d center;
+    double radius = 0.0;
+    double thickness = 0.0;
+    AcGeVector3d normal = AcGeVector3d::kZAxis;
+    KR_DB_TIE(center, radius, thickness, normal)
+  };
+  KR_DB_DATA(Data)
 
   AcDbCircle() = default;
   AcDbCircle(const AcGePoint3d& center, const AcGeVector3d& normal, double radius);
@@ -51,8 +62,9 @@ class AcDbCircle : public PieceCurve {
   Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
 
  private:
-  AcGePoint3d m_center;
-  AcGeVector3d m_normal = AcGeVector3d::kZAxis;
-  double m_radius = 0.0;
-  double m_thickness = 0.0;
+  /// The centre in the world.
+  AcGePoint3d place() const;
+  void setPlace(const AcGePoint3d& center);
+
+  Data data_;
 };

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "host/db/AcDbDwgFiler.h"
+#include "host/db/FieldFiling.h"
 #include "host/db/entities/EntityTools.h"
 #include "host/gi/gi.h"
 
@@ -10,64 +10,64 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbLine, AcDbCurve, 0, 0, 0, LINE, ObjectDBX Classes)
 
 AcGePoint3d AcDbLine::startPoint() const {
   assertReadEnabled();
-  return m_start;
+  return data_.start;
 }
 
 AcGePoint3d AcDbLine::endPoint() const {
   assertReadEnabled();
-  return m_end;
+  return data_.end;
 }
 
 double AcDbLine::thickness() const {
   assertReadEnabled();
-  return m_thickness;
+  return data_.thickness;
 }
 
 AcGeVector3d AcDbLine::normal() const {
   assertReadEnabled();
-  return m_normal;
+  return data_.normal;
 }
 
 Acad::ErrorStatus AcDbLine::setStartPoint(const AcGePoint3d& point) {
   assertWriteEnabled();
-  m_start = point;
+  data_.start = point;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbLine::setEndPoint(const AcGePoint3d& point) {
   assertWriteEnabled();
-  m_end = point;
+  data_.end = point;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbLine::setThickness(double thickness) {
   assertWriteEnabled();
-  m_thickness = thickness;
+  data_.thickness = thickness;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbLine::setNormal(const AcGeVector3d& normal) {
   if (normal.lengthSqrd() == 0.0) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_normal = normal / normal.length();
+  data_.normal = normal / normal.length();
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbLine::getPlane(AcGePlane& plane, AcDb::Planarity& type) const {
   assertReadEnabled();
-  const AcGeVector3d along = m_end - m_start;
-  const bool upright = along.isParallelTo(m_normal);
-  plane.set(m_start, upright ? m_normal.perpVector() : m_normal.orthoProject(along));
+  const AcGeVector3d along = data_.end - data_.start;
+  const bool upright = along.isParallelTo(data_.normal);
+  plane.set(data_.start, upright ? data_.normal.perpVector() : data_.normal.orthoProject(along));
   type = AcDb::kLinear;
   return Acad::eOk;
 }
 
 CurvePieces AcDbLine::pieces() const {
-  return {CurvePiece(AcGeLineSeg3d(m_start, m_end))};
+  return {CurvePiece(AcGeLineSeg3d(data_.start, data_.end))};
 }
 
 double AcDbLine::paramAtPiece(std::size_t i) const {
-  return i == 0 ? 0.0 : m_start.distanceTo(m_end);
+  return i == 0 ? 0.0 : data_.start.distanceTo(data_.end);
 }
 
 Acad::ErrorStatus AcDbLine::getArea(double&) const {
@@ -76,61 +76,49 @@ Acad::ErrorStatus AcDbLine::getArea(double&) const {
 
 Acad::ErrorStatus AcDbLine::reverseCurve() {
   assertWriteEnabled();
-  std::swap(m_start, m_end);
+  std::swap(data_.start, data_.end);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbLine::getOffsetCurves(double offset, AcDbVoidPtrArray& curves) const {
   assertReadEnabled();
-  const AcGeVector3d right = (m_end - m_start).crossProduct(m_normal);
+  const AcGeVector3d right = (data_.end - data_.start).crossProduct(data_.normal);
   if (right.lengthSqrd() == 0.0) return Acad::eDegenerateGeometry;
   const AcGeVector3d shift = right * (offset / right.length());
-  auto* const line = new AcDbLine(m_start + shift, m_end + shift);
+  auto* const line = new AcDbLine(data_.start + shift, data_.end + shift);
   line->setPropertiesFrom(this);
-  line->m_normal = m_normal;
-  line->m_thickness = m_thickness;
+  line->data_.normal = data_.normal;
+  line->data_.thickness = data_.thickness;
   curves.append(static_cast<AcDbEntity*>(line));
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbLine::extend(double newParam) {
-  const double length = m_start.distanceTo(m_end);
+  const double length = data_.start.distanceTo(data_.end);
   if (length == 0.0) return Acad::eDegenerateGeometry;
   if (newParam >= 0.0 && newParam <= length) return Acad::eInvalidInput;
   assertWriteEnabled();
-  const AcGePoint3d p = m_start + (m_end - m_start) * (newParam / length);
-  (newParam < 0.0 ? m_start : m_end) = p;
+  const AcGePoint3d p = data_.start + (data_.end - data_.start) * (newParam / length);
+  (newParam < 0.0 ? data_.start : data_.end) = p;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbLine::extend(Adesk::Boolean atStart, const AcGePoint3d& to) {
-  const AcGePoint3d foot = AcGeLine3d(m_start, m_end).closestPointTo(to);
+  const AcGePoint3d foot = AcGeLine3d(data_.start, data_.end).closestPointTo(to);
   if (foot != to) return Acad::eInvalidInput;
   assertWriteEnabled();
-  (atStart ? m_start : m_end) = to;
+  (atStart ? data_.start : data_.end) = to;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbLine::dwgOutFields(AcDbDwgFiler* filer) const {
-  assertReadEnabled();
   const Acad::ErrorStatus status = AcDbCurve::dwgOutFields(filer);
-  if (status != Acad::eOk) return status;
-  filer->writePoint3d(m_start);
-  filer->writePoint3d(m_end);
-  filer->writeDouble(m_thickness);
-  filer->writeVector3d(m_normal);
-  return filer->filerStatus();
+  return status == Acad::eOk ? fields::write(filer, data_) : status;
 }
 
 Acad::ErrorStatus AcDbLine::dwgInFields(AcDbDwgFiler* filer) {
-  assertWriteEnabled();
   const Acad::ErrorStatus status = AcDbCurve::dwgInFields(filer);
-  if (status != Acad::eOk) return status;
-  filer->readPoint3d(&m_start);
-  filer->readPoint3d(&m_end);
-  filer->readDouble(&m_thickness);
-  filer->readVector3d(&m_normal);
-  return filer->filerStatus();
+  return status == Acad::eOk ? fields::read(filer, data_) : status;
 }
 
 Acad::ErrorStatus AcDbLine::dxfOutFields(AcDbDxfFiler* filer) const {
@@ -138,10 +126,12 @@ Acad::ErrorStatus AcDbLine::dxfOutFields(AcDbDxfFiler* filer) const {
   const Acad::ErrorStatus status = AcDbCurve::dxfOutFields(filer);
   if (status != Acad::eOk) return status;
   filer->writeSubclass(L"AcDbLine");
-  if (m_thickness != 0.0 || filer->includesDefaultValues()) filer->writeDouble(AcDb::kDxfThickness, m_thickness);
-  filer->writeItem(AcDb::kDxfXCoord, m_start);
-  filer->writeItem(AcDb::kDxfXCoord + 1, m_end);
-  if (m_normal != AcGeVector3d::kZAxis || filer->includesDefaultValues()) filer->writeItem(AcDb::kDxfNormalX, m_normal);
+  if (data_.thickness != 0.0 || filer->includesDefaultValues())
+    filer->writeDouble(AcDb::kDxfThickness, data_.thickness);
+  filer->writeItem(AcDb::kDxfXCoord, data_.start);
+  filer->writeItem(AcDb::kDxfXCoord + 1, data_.end);
+  if (data_.normal != AcGeVector3d::kZAxis || filer->includesDefaultValues())
+    filer->writeItem(AcDb::kDxfNormalX, data_.normal);
   return filer->filerStatus();
 }
 
@@ -152,16 +142,16 @@ Acad::ErrorStatus AcDbLine::dxfInFields(AcDbDxfFiler* filer) {
   return entities::readSubclass(filer, L"AcDbLine", [this](const resbuf& group) {
     switch (group.restype) {
       case AcDb::kDxfThickness:
-        m_thickness = group.resval.rreal;
+        data_.thickness = group.resval.rreal;
         break;
       case AcDb::kDxfXCoord:
-        m_start = entities::pointOf(group);
+        data_.start = entities::pointOf(group);
         break;
       case AcDb::kDxfXCoord + 1:
-        m_end = entities::pointOf(group);
+        data_.end = entities::pointOf(group);
         break;
       case AcDb::kDxfNormalX:
-        m_normal = entities::vectorOf(group);
+        data_.normal = entities::vectorOf(group);
         break;
       default:
         break;
@@ -171,39 +161,39 @@ Acad::ErrorStatus AcDbLine::dxfInFields(AcDbDxfFiler* filer) {
 
 Adesk::Boolean AcDbLine::subWorldDraw(AcGiWorldDraw* draw) {
   assertReadEnabled();
-  const AcGePoint3d ends[] = {m_start, m_end};
+  const AcGePoint3d ends[] = {data_.start, data_.end};
   draw->geometry().polyline(2, ends);
   return Adesk::kTrue;
 }
 
 Acad::ErrorStatus AcDbLine::subTransformBy(const AcGeMatrix3d& xform) {
   assertWriteEnabled();
-  m_start.transformBy(xform);
-  m_end.transformBy(xform);
-  const AcGeVector3d turned = xform * m_normal;
+  data_.start.transformBy(xform);
+  data_.end.transformBy(xform);
+  const AcGeVector3d turned = xform * data_.normal;
   if (turned.lengthSqrd() == 0.0) return Acad::eOk;
-  m_thickness *= turned.length();
-  m_normal = turned / turned.length();
+  data_.thickness *= turned.length();
+  data_.normal = turned / turned.length();
   return Acad::eOk;
 }
 
 void AcDbLine::subList() const {
   assertReadEnabled();
   AcDbCurve::subList();
-  const AcGeVector3d along = m_end - m_start;
-  entities::listPoint(L"                    from point,", m_start);
-  entities::listPoint(L"                      to point,", m_end);
+  const AcGeVector3d along = data_.end - data_.start;
+  entities::listPoint(L"                    from point,", data_.start);
+  entities::listPoint(L"                      to point,", data_.end);
   entities::listLength(L"             Length =", along.length());
   entities::listAngle(L"  Angle in XY Plane =", std::atan2(along.y, along.x));
   entities::listPoint(L"                          Delta", along.asPoint());
-  if (m_thickness != 0.0) entities::listLength(L"          Thickness =", m_thickness);
+  if (data_.thickness != 0.0) entities::listLength(L"          Thickness =", data_.thickness);
 }
 
 Acad::ErrorStatus AcDbLine::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&, AcDbIntArray&) const {
   assertReadEnabled();
-  points.append(m_start);
-  points.append(m_start + (m_end - m_start) / 2.0);
-  points.append(m_end);
+  points.append(data_.start);
+  points.append(data_.start + (data_.end - data_.start) / 2.0);
+  points.append(data_.end);
   return Acad::eOk;
 }
 
@@ -213,7 +203,7 @@ Acad::ErrorStatus AcDbLine::subMoveGripPointsAt(const AcDbIntArray& indices, con
   constexpr int kMiddle = 1;
   constexpr int kEnd = 2;
   const bool all = indices.contains(kMiddle);
-  if (all || indices.contains(kStart)) m_start += offset;
-  if (all || indices.contains(kEnd)) m_end += offset;
+  if (all || indices.contains(kStart)) data_.start += offset;
+  if (all || indices.contains(kEnd)) data_.end += offset;
   return Acad::eOk;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/db/AcDbField.h"
 #include "host/db/entities/PieceCurve.h"
 
 /// A straight line between two points. Its parameter is the length from the start.
@@ -7,8 +8,21 @@ class AcDbLine : public PieceCurve {
  public:
   ACRX_DECLARE_MEMBERS(AcDbLine);
 
+  /// As filed: points in the world.
+  struct Data {
+    AcGePoint3d start;
+    AcGePoint3d end;
+    double thickness = 0.0;
+    AcGeVector3d normal = AcGeVector3d::kZAxis;
+    KR_DB_TIE(start, end, thickness, normal)
+  };
+  KR_DB_DATA(Data)
+
   AcDbLine() = default;
-  AcDbLine(const AcGePoint3d& start, const AcGePoint3d& end) : m_start(start), m_end(end) {}
+  AcDbLine(const AcGePoint3d& start, const AcGePoint3d& end) {
+    data_.start = start;
+    data_.end = end;
+  }
 
   AcGePoint3d startPoint() const;
   AcGePoint3d endPoint() const;
@@ -49,8 +63,5 @@ class AcDbLine : public PieceCurve {
   Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
 
  private:
-  AcGePoint3d m_start;
-  AcGePoint3d m_end;
-  AcGeVector3d m_normal = AcGeVector3d::kZAxis;
-  double m_thickness = 0.0;
+  Data data_;
 };

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/db/AcDbDwgFiler.h"
+#include "host/db/FieldFiling.h"
 #include "host/db/entities/AcDbText.h"
 #include "host/db/entities/EntityTools.h"
 #include "host/db/entities/MTextCodes.h"
@@ -45,113 +45,135 @@ int rowOf(AcDbMText::AttachmentPoint attachment) {
     field = value;                                            \
     return Acad::eOk;                                         \
   }
-KR_MTEXT_FIELD(AcGePoint3d, const AcGePoint3d&, location, setLocation, m_location)
-KR_MTEXT_FIELD(AcDbObjectId, AcDbObjectId, textStyle, setTextStyle, m_style)
-KR_MTEXT_FIELD(AcDbMText::AttachmentPoint, AttachmentPoint, attachment, setAttachment, m_attachment)
-KR_MTEXT_FIELD(AcDbMText::FlowDirection, FlowDirection, flowDirection, setFlowDirection, m_flow)
+KR_MTEXT_FIELD(AcGePoint3d, const AcGePoint3d&, location, setLocation, data_.location)
+KR_MTEXT_FIELD(AcDbObjectId, AcDbObjectId, textStyle, setTextStyle, data_.style)
 #undef KR_MTEXT_FIELD
+
+AcDbMText::AttachmentPoint AcDbMText::attachment() const {
+  assertReadEnabled();
+  // A file may hold any number.
+  return AttachmentPoint(std::clamp<int>(data_.attachment, kTopLeft, kBottomRight));
+}
+
+Acad::ErrorStatus AcDbMText::setAttachment(AttachmentPoint attachment) {
+  assertWriteEnabled();
+  data_.attachment = Adesk::Int16(attachment);
+  return Acad::eOk;
+}
+
+AcDbMText::FlowDirection AcDbMText::flowDirection() const {
+  assertReadEnabled();
+  return FlowDirection(data_.flow);
+}
+
+Acad::ErrorStatus AcDbMText::setFlowDirection(FlowDirection direction) {
+  assertWriteEnabled();
+  data_.flow = Adesk::Int16(direction);
+  return Acad::eOk;
+}
 
 AcGeVector3d AcDbMText::normal() const {
   assertReadEnabled();
-  return m_normal;
+  return data_.normal;
 }
 
 Acad::ErrorStatus AcDbMText::setNormal(const AcGeVector3d& normal) {
   if (normal.lengthSqrd() == 0.0) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_normal = normal / normal.length();
+  data_.normal = normal / normal.length();
   return Acad::eOk;
 }
 
 AcGeVector3d AcDbMText::direction() const {
   assertReadEnabled();
-  return m_direction;
+  return data_.direction;
 }
 
 Acad::ErrorStatus AcDbMText::setDirection(const AcGeVector3d& direction) {
-  const AcGeVector3d flat = direction.orthoProject(m_normal);
+  const AcGeVector3d flat = direction.orthoProject(data_.normal);
   if (flat.lengthSqrd() == 0.0) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_direction = flat / flat.length();
+  data_.direction = flat / flat.length();
   return Acad::eOk;
 }
 
 double AcDbMText::rotation() const {
   assertReadEnabled();
-  return entities::angleInPlane(m_direction, m_normal);
+  return entities::angleInPlane(data_.direction, data_.normal);
 }
 
 Acad::ErrorStatus AcDbMText::setRotation(double angle) {
-  return setDirection(entities::directionAt(angle, m_normal));
+  return setDirection(entities::directionAt(angle, data_.normal));
 }
 
 double AcDbMText::width() const {
   assertReadEnabled();
-  return m_width;
+  return data_.width;
 }
 
 Acad::ErrorStatus AcDbMText::setWidth(double width) {
   if (!(width >= 0.0) || !std::isfinite(width)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_width = width;
+  data_.width = width;
   return Acad::eOk;
 }
 
 double AcDbMText::textHeight() const {
   assertReadEnabled();
-  return m_height;
+  return data_.height;
 }
 
 Acad::ErrorStatus AcDbMText::setTextHeight(double height) {
   if (!(height > 0.0) || !std::isfinite(height)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_height = height;
+  data_.height = height;
   return Acad::eOk;
 }
 
 double AcDbMText::lineSpacingFactor() const {
   assertReadEnabled();
-  return m_spacing;
+  return data_.spacing;
 }
 
 Acad::ErrorStatus AcDbMText::setLineSpacingFactor(double factor) {
   if (!(factor >= kLeastSpacing && factor <= kMostSpacing)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_spacing = factor;
+  data_.spacing = factor;
   return Acad::eOk;
 }
 
 ACHAR* AcDbMText::contents() const {
   assertReadEnabled();
   ACHAR* copy = nullptr;
-  acutNewString(m_contents.c_str(), copy);
+  acutNewString(data_.contents.c_str(), copy);
   return copy;
 }
 
 const ACHAR* AcDbMText::contentsRaw() const {
   assertReadEnabled();
-  return m_contents.c_str();
+  return data_.contents.c_str();
 }
 
 Acad::ErrorStatus AcDbMText::setContents(const ACHAR* text) {
   if (text == nullptr) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_contents = text;
+  data_.contents = text;
   return Acad::eOk;
 }
 
 std::wstring AcDbMText::plainText() const {
   assertReadEnabled();
-  return entities::plainMText(m_contents);
+  return entities::plainMText(data_.contents);
 }
 
 AcGiTextStyle AcDbMText::giStyle() const {
-  return entities::styleFor(m_style, m_height, 1.0, 0.0);
+  return entities::styleFor(data_.style, data_.height, 1.0, 0.0);
 }
 
 AcGeMatrix3d AcDbMText::frame() const {
   AcGeMatrix3d result;
-  return result.setCoordSystem(m_location, m_direction, m_normal.crossProduct(m_direction), m_normal);
+  return result.setCoordSystem(data_.location, data_.direction, data_.normal.crossProduct(data_.direction),
+                               data_.normal);
 }
 
 std::vector<AcDbMText::Line> AcDbMText::lines() const {
@@ -170,7 +192,7 @@ std::vector<AcDbMText::Line> AcDbMText::lines() const {
     for (std::size_t word = start; word <= end;) {
       const std::size_t space = std::min(text.find(L' ', word), end);
       const std::wstring longer = line + (word == start ? L"" : L" ") + text.substr(word, space - word);
-      if (m_width > 0.0 && !line.empty() && widthOf(longer) > m_width) {
+      if (data_.width > 0.0 && !line.empty() && widthOf(longer) > data_.width) {
         set.push_back({line, widthOf(line), {}});
         line = text.substr(word, space - word);
       } else {
@@ -181,12 +203,12 @@ std::vector<AcDbMText::Line> AcDbMText::lines() const {
     set.push_back({line, widthOf(line), {}});
     start = end + 1;
   }
-  const double step = m_height * kLineDistance * m_spacing;
-  const double total = m_height + step * double(set.size() - 1);
-  const double top = rowOf(m_attachment) == 0 ? 0.0 : (rowOf(m_attachment) == 1 ? total / 2.0 : total);
+  const double step = data_.height * kLineDistance * data_.spacing;
+  const double total = data_.height + step * double(set.size() - 1);
+  const double top = rowOf(attachment()) == 0 ? 0.0 : (rowOf(attachment()) == 1 ? total / 2.0 : total);
   for (std::size_t i = 0; i < set.size(); ++i) {
-    const double shift = set[i].width * 0.5 * columnOf(m_attachment);
-    set[i].start.set(-shift, top - m_height - step * double(i));
+    const double shift = set[i].width * 0.5 * columnOf(attachment());
+    set[i].start.set(-shift, top - data_.height - step * double(i));
   }
   return set;
 }
@@ -198,51 +220,24 @@ double AcDbMText::actualWidth() const {
 }
 
 double AcDbMText::actualHeight() const {
-  return m_height + m_height * kLineDistance * m_spacing * double(lines().size() - 1);
+  return data_.height + data_.height * kLineDistance * data_.spacing * double(lines().size() - 1);
 }
 
 Acad::ErrorStatus AcDbMText::getPlane(AcGePlane& plane, AcDb::Planarity& type) const {
   assertReadEnabled();
-  plane.set(m_location, m_normal);
+  plane.set(data_.location, data_.normal);
   type = AcDb::kPlanar;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbMText::dwgOutFields(AcDbDwgFiler* filer) const {
-  assertReadEnabled();
   const Acad::ErrorStatus status = AcDbEntity::dwgOutFields(filer);
-  if (status != Acad::eOk) return status;
-  filer->writePoint3d(m_location);
-  filer->writeVector3d(m_normal);
-  filer->writeVector3d(m_direction);
-  filer->writeString(m_contents.c_str());
-  filer->writeHardPointerId(m_style);
-  for (const double value : {m_width, m_height, m_spacing}) filer->writeDouble(value);
-  filer->writeInt16(static_cast<Adesk::Int16>(m_attachment));
-  filer->writeInt16(static_cast<Adesk::Int16>(m_flow));
-  return filer->filerStatus();
+  return status == Acad::eOk ? fields::write(filer, data_) : status;
 }
 
 Acad::ErrorStatus AcDbMText::dwgInFields(AcDbDwgFiler* filer) {
-  assertWriteEnabled();
   const Acad::ErrorStatus status = AcDbEntity::dwgInFields(filer);
-  if (status != Acad::eOk) return status;
-  ACHAR* text = nullptr;
-  Adesk::Int16 attachment = kTopLeft;
-  Adesk::Int16 flow = kLtoR;
-  filer->readPoint3d(&m_location);
-  filer->readVector3d(&m_normal);
-  filer->readVector3d(&m_direction);
-  filer->readString(&text);
-  filer->readHardPointerId(&m_style);
-  for (double* value : {&m_width, &m_height, &m_spacing}) filer->readDouble(value);
-  filer->readInt16(&attachment);
-  filer->readInt16(&flow);
-  if (text != nullptr) m_contents = text;
-  acutDelString(text);
-  m_attachment = static_cast<AttachmentPoint>(std::clamp<int>(attachment, kTopLeft, kBottomRight));
-  m_flow = static_cast<FlowDirection>(flow);
-  return filer->filerStatus();
+  return status == Acad::eOk ? fields::read(filer, data_) : status;
 }
 
 Acad::ErrorStatus AcDbMText::dxfOutFields(AcDbDxfFiler* filer) const {
@@ -250,20 +245,21 @@ Acad::ErrorStatus AcDbMText::dxfOutFields(AcDbDxfFiler* filer) const {
   const Acad::ErrorStatus status = AcDbEntity::dxfOutFields(filer);
   if (status != Acad::eOk) return status;
   filer->writeSubclass(L"AcDbMText");
-  filer->writeItem(AcDb::kDxfXCoord, m_location);
-  filer->writeDouble(AcDb::kDxfReal, m_height);
-  filer->writeItem(AcDb::kDxfReal + 1, m_width);
-  filer->writeItem(AcDb::kDxfInt16 + 1, static_cast<Adesk::Int16>(m_attachment));
-  filer->writeItem(AcDb::kDxfInt16 + 2, static_cast<Adesk::Int16>(m_flow));
+  filer->writeItem(AcDb::kDxfXCoord, data_.location);
+  filer->writeDouble(AcDb::kDxfReal, data_.height);
+  filer->writeItem(AcDb::kDxfReal + 1, data_.width);
+  filer->writeItem(AcDb::kDxfInt16 + 1, data_.attachment);
+  filer->writeItem(AcDb::kDxfInt16 + 2, data_.flow);
   std::size_t start = 0;
-  for (; m_contents.size() - start > kPartLength; start += kPartLength) {
-    filer->writeItem(kMorePart, m_contents.substr(start, kPartLength).c_str());
+  for (; data_.contents.size() - start > kPartLength; start += kPartLength) {
+    filer->writeItem(kMorePart, data_.contents.substr(start, kPartLength).c_str());
   }
-  filer->writeString(AcDb::kDxfText, m_contents.substr(start).c_str());
-  filer->writeString(AcDb::kDxfTextStyleName, entities::styleName(m_style).c_str());
-  if (m_normal != AcGeVector3d::kZAxis) filer->writeItem(AcDb::kDxfNormalX, m_normal);
-  filer->writeItem(AcDb::kDxfXCoord + 1, m_direction);
-  filer->writeItem(AcDb::kDxfReal + 4, m_spacing);
+  filer->writeString(AcDb::kDxfText, data_.contents.substr(start).c_str());
+  filer->writeString(AcDb::kDxfTextStyleName, entities::styleName(data_.style).c_str());
+  if (data_.normal != AcGeVector3d::kZAxis) filer->writeItem(AcDb::kDxfNormalX, data_.normal);
+  filer->writeItem(AcDb::kDxfXCoord + 1, data_.direction);
+  filer->writeItem(AcDb::kDxfInt16 + 3, data_.spacingStyle);
+  filer->writeItem(AcDb::kDxfReal + 4, data_.spacing);
   return filer->filerStatus();
 }
 
@@ -271,21 +267,21 @@ Acad::ErrorStatus AcDbMText::dxfInFields(AcDbDxfFiler* filer) {
   assertWriteEnabled();
   Acad::ErrorStatus status = AcDbEntity::dxfInFields(filer);
   if (status != Acad::eOk) return status;
-  m_contents.clear();
-  AcGeVector3d direction = m_direction;
+  data_.contents.clear();
+  AcGeVector3d direction = data_.direction;
   status = entities::readSubclass(filer, L"AcDbMText", [&](const resbuf& group) {
     const double real = group.resval.rreal;
     const int whole = group.resval.rint;
     switch (group.restype) {
       case AcDb::kDxfText:
       case kMorePart:
-        m_contents += entities::textOf(group);
+        data_.contents += entities::textOf(group);
         break;
       case AcDb::kDxfTextStyleName:
-        m_style = entities::styleNamed(filer->database(), entities::textOf(group));
+        data_.style = entities::styleNamed(filer->database(), entities::textOf(group));
         break;
       case AcDb::kDxfXCoord:
-        m_location = entities::pointOf(group);
+        data_.location = entities::pointOf(group);
         break;
       case AcDb::kDxfXCoord + 1:
         direction = entities::vectorOf(group);
@@ -302,20 +298,29 @@ Acad::ErrorStatus AcDbMText::dxfInFields(AcDbDxfFiler* filer) {
       case AcDb::kDxfReal + 4:
         setLineSpacingFactor(real);
         break;
+      case AcDb::kDxfInt16 + 3:
+        data_.spacingStyle = Adesk::Int16(whole);
+        break;
+      case AcDb::kDxfReal + 2:
+        data_.extentsWidth = real;
+        break;
+      case AcDb::kDxfReal + 3:
+        data_.extentsHeight = real;
+        break;
       case AcDb::kDxfInt16 + 1:
-        m_attachment = static_cast<AttachmentPoint>(std::clamp<int>(whole, kTopLeft, kBottomRight));
+        data_.attachment = Adesk::Int16(whole);
         break;
       case AcDb::kDxfInt16 + 2:
-        m_flow = static_cast<FlowDirection>(whole);
+        data_.flow = Adesk::Int16(whole);
         break;
       case AcDb::kDxfAngle:
-        direction = entities::directionAt(real, m_normal);
+        direction = entities::directionAt(real, data_.normal);
         break;
       default:
         break;
     }
   });
-  if (setDirection(direction) != Acad::eOk) m_direction = m_normal.perpVector();
+  if (setDirection(direction) != Acad::eOk) data_.direction = data_.normal.perpVector();
   return status;
 }
 
@@ -326,7 +331,7 @@ Adesk::Boolean AcDbMText::subWorldDraw(AcGiWorldDraw* draw) {
   for (const Line& line : lines()) {
     if (line.text.empty()) continue;
     const AcGePoint3d start = toWorld * AcGePoint3d(line.start.x, line.start.y, 0.0);
-    draw->geometry().text(start, m_normal, m_direction, line.text.c_str(), -1, Adesk::kFalse, style);
+    draw->geometry().text(start, data_.normal, data_.direction, line.text.c_str(), -1, Adesk::kFalse, style);
   }
   return Adesk::kTrue;
 }
@@ -335,11 +340,11 @@ Acad::ErrorStatus AcDbMText::subTransformBy(const AcGeMatrix3d& xform) {
   if (!entities::isSimilarity(xform)) return Acad::eCannotScaleNonUniformly;
   assertWriteEnabled();
   const double factor = xform.scale();
-  m_location.transformBy(xform);
-  m_direction = (xform * m_direction).normal();
-  m_normal = (xform * m_normal).normal();
-  m_height *= factor;
-  m_width *= factor;
+  data_.location.transformBy(xform);
+  data_.direction = (xform * data_.direction).normal();
+  data_.normal = (xform * data_.normal).normal();
+  data_.height *= factor;
+  data_.width *= factor;
   return Acad::eOk;
 }
 
@@ -363,8 +368,8 @@ Acad::ErrorStatus AcDbMText::subExplode(AcDbVoidPtrArray& entities) const {
   for (const Line& line : lines()) {
     if (line.text.empty()) continue;
     const AcGePoint3d start = toWorld * AcGePoint3d(line.start.x, line.start.y, 0.0);
-    auto* const text = new AcDbText(start, line.text.c_str(), m_style, m_height, rotation());
-    text->setNormal(m_normal);
+    auto* const text = new AcDbText(start, line.text.c_str(), data_.style, data_.height, rotation());
+    text->setNormal(data_.normal);
     text->setPropertiesFrom(this);
     entities.append(static_cast<AcDbEntity*>(text));
   }
@@ -374,32 +379,32 @@ Acad::ErrorStatus AcDbMText::subExplode(AcDbVoidPtrArray& entities) const {
 void AcDbMText::subList() const {
   assertReadEnabled();
   AcDbEntity::subList();
-  entities::listPoint(L"                 Location:", m_location);
-  entities::listLength(L"                    Width:", m_width);
-  entities::listPoint(L"                   Normal:", m_normal.asPoint());
+  entities::listPoint(L"                 Location:", data_.location);
+  entities::listLength(L"                    Width:", data_.width);
+  entities::listPoint(L"                   Normal:", data_.normal.asPoint());
   entities::listAngle(L"                 Rotation:", rotation());
-  acutPrintf(L"\n               Text style: \"%s\"", entities::styleName(m_style).c_str());
-  entities::listLength(L"              Text height:", m_height);
-  acutPrintf(L"\n                 Contents: %s", m_contents.c_str());
+  acutPrintf(L"\n               Text style: \"%s\"", entities::styleName(data_.style).c_str());
+  entities::listLength(L"              Text height:", data_.height);
+  acutPrintf(L"\n                 Contents: %s", data_.contents.c_str());
 }
 
 Acad::ErrorStatus AcDbMText::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker, const AcGePoint3d&,
                                                const AcGePoint3d&, const AcGeMatrix3d&, AcGePoint3dArray& snapPoints,
                                                AcDbIntArray&) const {
   assertReadEnabled();
-  if (mode == AcDb::kOsModeIns || mode == AcDb::kOsModeNode) snapPoints.append(m_location);
+  if (mode == AcDb::kOsModeIns || mode == AcDb::kOsModeNode) snapPoints.append(data_.location);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbMText::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&, AcDbIntArray&) const {
   assertReadEnabled();
-  points.append(m_location);
+  points.append(data_.location);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbMText::subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) {
   if (indices.length() == 0) return Acad::eOk;
   assertWriteEnabled();
-  m_location += offset;
+  data_.location += offset;
   return Acad::eOk;
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/db/AcDbEntity.h"
+#include "host/db/AcDbField.h"
 
 class AcGiTextStyle;
 
@@ -27,6 +28,27 @@ class AcDbMText : public AcDbEntity {
     kBottomRight
   };
   enum FlowDirection { kLtoR = 1, kTtoB = 3, kByStyle = 5 };
+
+  /// As filed, in the world.
+  struct Data {
+    AcGePoint3d location;
+    AcGeVector3d normal = AcGeVector3d::kZAxis;
+    AcGeVector3d direction = AcGeVector3d::kXAxis;
+    double width = 0.0;
+    double height = 2.5;
+    Adesk::Int16 attachment = kTopLeft;
+    Adesk::Int16 flow = kLtoR;
+    double extentsHeight = 0.0;  ///< as last reckoned by the writing program; these two are told only
+    double extentsWidth = 0.0;
+    std::wstring contents;
+    Adesk::Int16 spacingStyle = 1;
+    double spacing = 1.0;
+    bool unknown = false;
+    AcDbHardPointerId style;
+    KR_DB_TIE(location, normal, direction, width, height, attachment, flow, extentsHeight, extentsWidth, contents,
+              spacingStyle, spacing, unknown, style)
+  };
+  KR_DB_DATA(Data)
 
   AcDbMText() = default;
 
@@ -100,14 +122,5 @@ class AcDbMText : public AcDbEntity {
   AcGeMatrix3d frame() const;
   std::vector<Line> lines() const;
 
-  AcGePoint3d m_location;
-  AcGeVector3d m_normal = AcGeVector3d::kZAxis;
-  AcGeVector3d m_direction = AcGeVector3d::kXAxis;
-  std::wstring m_contents;
-  AcDbHardPointerId m_style;
-  double m_width = 0.0;
-  double m_height = 2.5;
-  double m_spacing = 1.0;
-  AttachmentPoint m_attachment = kTopLeft;
-  FlowDirection m_flow = kLtoR;
+  Data data_;
 };

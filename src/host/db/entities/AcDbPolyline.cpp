@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/db/AcDbDwgFiler.h"
+#include "host/db/FieldFiling.h"
 #include "host/db/entities/AcDbArc.h"
 #include "host/db/entities/AcDbLine.h"
 #include "host/db/entities/EntityTools.h"
@@ -21,193 +21,208 @@ constexpr int kPlinegenFlag = 128;
 // A wide arc is drawn as a filled band of this many straight steps to a full turn.
 constexpr double kStepsPerTurn = 64.0;
 
-// What an absurd count in a broken stream may make us reserve ahead.
-constexpr int kMostReserved = 1 << 16;
-
 }  // namespace
 
 unsigned int AcDbPolyline::numVerts() const {
   assertReadEnabled();
-  return static_cast<unsigned int>(m_vertices.size());
+  return static_cast<unsigned int>(count());
 }
 
 Acad::ErrorStatus AcDbPolyline::getPointAt(unsigned int index, AcGePoint3d& point) const {
   assertReadEnabled();
-  if (index >= m_vertices.size()) return Acad::eInvalidIndex;
-  point = inSpace(m_vertices[index].point, AcGeMatrix3d::planeToWorld(m_normal));
+  if (index >= count()) return Acad::eInvalidIndex;
+  point = inSpace(data_.points[index], AcGeMatrix3d::planeToWorld(data_.normal));
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::getPointAt(unsigned int index, AcGePoint2d& point) const {
   assertReadEnabled();
-  if (index >= m_vertices.size()) return Acad::eInvalidIndex;
-  point = m_vertices[index].point;
+  if (index >= count()) return Acad::eInvalidIndex;
+  point = data_.points[index];
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::getBulgeAt(unsigned int index, double& bulge) const {
   assertReadEnabled();
-  if (index >= m_vertices.size()) return Acad::eInvalidIndex;
-  bulge = m_vertices[index].bulge;
+  if (index >= count()) return Acad::eInvalidIndex;
+  bulge = bulgeAt(index);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::getWidthsAt(unsigned int index, double& startWidth, double& endWidth) const {
   assertReadEnabled();
-  if (index >= m_vertices.size()) return Acad::eInvalidIndex;
-  startWidth = m_vertices[index].startWidth;
-  endWidth = m_vertices[index].endWidth;
+  if (index >= count()) return Acad::eInvalidIndex;
+  startWidth = widthsAt(index).x;
+  endWidth = widthsAt(index).y;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::setPointAt(unsigned int index, const AcGePoint2d& point) {
-  if (index >= m_vertices.size()) return Acad::eInvalidIndex;
+  if (index >= count()) return Acad::eInvalidIndex;
   assertWriteEnabled();
-  m_vertices[index].point = point;
+  data_.points[index] = point;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::setBulgeAt(unsigned int index, double bulge) {
-  if (index >= m_vertices.size()) return Acad::eInvalidIndex;
+  if (index >= count()) return Acad::eInvalidIndex;
   assertWriteEnabled();
-  m_vertices[index].bulge = bulge;
+  if (bulge == 0.0 && data_.bulges.empty()) return Acad::eOk;
+  data_.bulges.resize(count(), 0.0);
+  data_.bulges[index] = bulge;
   return Acad::eOk;
 }
 
+void AcDbPolyline::makeWidths() {
+  data_.widths.resize(count(), AcGePoint2d(data_.constantWidth, data_.constantWidth));
+  data_.constantWidth = 0.0;
+}
+
 Acad::ErrorStatus AcDbPolyline::setWidthsAt(unsigned int index, double startWidth, double endWidth) {
-  if (index >= m_vertices.size()) return Acad::eInvalidIndex;
+  if (index >= count()) return Acad::eInvalidIndex;
   if (!(startWidth >= 0.0 && endWidth >= 0.0)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_vertices[index].startWidth = startWidth;
-  m_vertices[index].endWidth = endWidth;
+  const AcGePoint2d now = widthsAt(index);
+  if (now.x == startWidth && now.y == endWidth) return Acad::eOk;
+  makeWidths();
+  data_.widths[index].set(startWidth, endWidth);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2d& point, double bulge,
                                             double startWidth, double endWidth) {
-  if (index > m_vertices.size()) return Acad::eInvalidIndex;
+  if (index > count()) return Acad::eInvalidIndex;
   assertWriteEnabled();
   double constant = 0.0;
   if (getConstantWidth(constant) != Acad::eOk) constant = 0.0;
-  const Vertex vertex{point, bulge, startWidth < 0.0 ? constant : startWidth, endWidth < 0.0 ? constant : endWidth};
-  m_vertices.insert(m_vertices.begin() + index, vertex);
+  const AcGePoint2d widths(startWidth < 0.0 ? constant : startWidth, endWidth < 0.0 ? constant : endWidth);
+  const bool listWidths = !data_.widths.empty() || widths.x != data_.constantWidth || widths.y != data_.constantWidth;
+  if (listWidths) makeWidths();
+  if (bulge != 0.0) data_.bulges.resize(count(), 0.0);
+  data_.points.insert(data_.points.begin() + index, point);
+  if (listWidths) data_.widths.insert(data_.widths.begin() + index, widths);
+  if (bulge != 0.0 || !data_.bulges.empty()) data_.bulges.insert(data_.bulges.begin() + index, bulge);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::removeVertexAt(unsigned int index) {
-  if (index >= m_vertices.size()) return Acad::eInvalidIndex;
+  if (index >= count()) return Acad::eInvalidIndex;
   assertWriteEnabled();
-  m_vertices.erase(m_vertices.begin() + index);
+  data_.points.erase(data_.points.begin() + index);
+  if (index < data_.bulges.size()) data_.bulges.erase(data_.bulges.begin() + index);
+  if (index < data_.widths.size()) data_.widths.erase(data_.widths.begin() + index);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::reset(bool reuse, unsigned int numVertices) {
   assertWriteEnabled();
-  const std::size_t kept = reuse ? std::min<std::size_t>(numVertices, m_vertices.size()) : 0;
-  m_vertices.resize(kept);
+  const std::size_t kept = reuse ? std::min<std::size_t>(numVertices, count()) : 0;
+  data_.points.resize(kept);
+  data_.bulges.resize(std::min(kept, data_.bulges.size()));
+  data_.widths.resize(std::min(kept, data_.widths.size()));
   return Acad::eOk;
 }
 
 std::size_t AcDbPolyline::segmentCount() const {
-  if (m_vertices.size() < 2) return 0;
-  return m_closed ? m_vertices.size() : m_vertices.size() - 1;
+  if (count() < 2) return 0;
+  return isClosed() ? count() : count() - 1;
 }
 
 AcDbPolyline::SegType AcDbPolyline::segType(unsigned int index) const {
   assertReadEnabled();
-  if (m_vertices.size() == 1) return kPoint;
+  if (count() == 1) return kPoint;
   if (index >= segmentCount()) return kEmpty;
-  if (m_vertices[index].point == behind(index).point) return kCoincident;
-  return m_vertices[index].bulge == 0.0 ? kLine : kArc;
+  if (data_.points[index] == behind(index)) return kCoincident;
+  return bulgeAt(index) == 0.0 ? kLine : kArc;
 }
 
 CurvePiece AcDbPolyline::pieceAt(std::size_t i, const AcGeMatrix3d& frame) const {
-  return CurvePiece::byBulge(inSpace(m_vertices[i].point, frame), inSpace(behind(i).point, frame), m_vertices[i].bulge,
-                             m_normal);
+  return CurvePiece::byBulge(inSpace(data_.points[i], frame), inSpace(behind(i), frame), bulgeAt(i), data_.normal);
 }
 
 Acad::ErrorStatus AcDbPolyline::getLineSegAt(unsigned int index, AcGeLineSeg3d& line) const {
   if (segType(index) != kLine) return Acad::eInvalidInput;
-  line = pieceAt(index, AcGeMatrix3d::planeToWorld(m_normal)).segment();
+  line = pieceAt(index, AcGeMatrix3d::planeToWorld(data_.normal)).segment();
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::getArcSegAt(unsigned int index, AcGeCircArc3d& arc) const {
   if (segType(index) != kArc) return Acad::eInvalidInput;
-  arc = pieceAt(index, AcGeMatrix3d::planeToWorld(m_normal)).arc();
+  arc = pieceAt(index, AcGeMatrix3d::planeToWorld(data_.normal)).arc();
   return Acad::eOk;
 }
 
 bool AcDbPolyline::hasBulges() const {
   assertReadEnabled();
-  return std::any_of(m_vertices.begin(), m_vertices.end(), [](const Vertex& v) { return v.bulge != 0.0; });
+  return std::any_of(data_.bulges.begin(), data_.bulges.end(), [](double bulge) { return bulge != 0.0; });
 }
 
 bool AcDbPolyline::hasWidth() const {
   assertReadEnabled();
-  return std::any_of(m_vertices.begin(), m_vertices.end(),
-                     [](const Vertex& v) { return v.startWidth != 0.0 || v.endWidth != 0.0; });
+  if (data_.widths.empty()) return data_.constantWidth != 0.0;
+  return std::any_of(data_.widths.begin(), data_.widths.end(),
+                     [](const AcGePoint2d& widths) { return widths.x != 0.0 || widths.y != 0.0; });
 }
 
 Adesk::Boolean AcDbPolyline::isClosed() const {
   assertReadEnabled();
-  return m_closed;
+  return (data_.flags & kClosed) != 0;
 }
 
 void AcDbPolyline::setClosed(Adesk::Boolean closed) {
   assertWriteEnabled();
-  m_closed = closed != Adesk::kFalse;
+  data_.flags = Adesk::Int16(closed ? data_.flags | kClosed : data_.flags & ~kClosed);
 }
 
 bool AcDbPolyline::hasPlinegen() const {
   assertReadEnabled();
-  return m_plinegen;
+  return (data_.flags & kPlinegen) != 0;
 }
 
 void AcDbPolyline::setPlinegen(bool on) {
   assertWriteEnabled();
-  m_plinegen = on;
+  data_.flags = Adesk::Int16(on ? data_.flags | kPlinegen : data_.flags & ~kPlinegen);
 }
 
 double AcDbPolyline::elevation() const {
   assertReadEnabled();
-  return m_elevation;
+  return data_.elevation;
 }
 
 Acad::ErrorStatus AcDbPolyline::setElevation(double elevation) {
   assertWriteEnabled();
-  m_elevation = elevation;
+  data_.elevation = elevation;
   return Acad::eOk;
 }
 
 double AcDbPolyline::thickness() const {
   assertReadEnabled();
-  return m_thickness;
+  return data_.thickness;
 }
 
 Acad::ErrorStatus AcDbPolyline::setThickness(double thickness) {
   assertWriteEnabled();
-  m_thickness = thickness;
+  data_.thickness = thickness;
   return Acad::eOk;
 }
 
 AcGeVector3d AcDbPolyline::normal() const {
   assertReadEnabled();
-  return m_normal;
+  return data_.normal;
 }
 
 Acad::ErrorStatus AcDbPolyline::setNormal(const AcGeVector3d& normal) {
   if (normal.lengthSqrd() == 0.0) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_normal = normal / normal.length();
+  data_.normal = normal / normal.length();
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::getConstantWidth(double& width) const {
   assertReadEnabled();
-  const double first = m_vertices.empty() ? 0.0 : m_vertices.front().startWidth;
-  const bool constant = std::all_of(m_vertices.begin(), m_vertices.end(),
-                                    [first](const Vertex& v) { return v.startWidth == first && v.endWidth == first; });
+  const double first = data_.widths.empty() ? data_.constantWidth : data_.widths.front().x;
+  const bool constant = std::all_of(data_.widths.begin(), data_.widths.end(),
+                                    [first](const AcGePoint2d& w) { return w.x == first && w.y == first; });
   if (!constant) return Acad::eInvalidInput;
   width = first;
   return Acad::eOk;
@@ -216,30 +231,31 @@ Acad::ErrorStatus AcDbPolyline::getConstantWidth(double& width) const {
 Acad::ErrorStatus AcDbPolyline::setConstantWidth(double width) {
   if (!(width >= 0.0)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  for (Vertex& vertex : m_vertices) vertex.startWidth = vertex.endWidth = width;
+  data_.widths.clear();
+  data_.constantWidth = width;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::getPlane(AcGePlane& plane, AcDb::Planarity& type) const {
   assertReadEnabled();
-  plane.set(AcGePoint3d::kOrigin + m_normal * m_elevation, m_normal);
+  plane.set(AcGePoint3d::kOrigin + data_.normal * data_.elevation, data_.normal);
   type = AcDb::kPlanar;
   return Acad::eOk;
 }
 
 void AcDbPolyline::getEcs(AcGeMatrix3d& ecs) const {
   assertReadEnabled();
-  ecs.setToPlaneToWorld(m_normal);
+  ecs.setToPlaneToWorld(data_.normal);
 }
 
 CurvePieces AcDbPolyline::pieces() const {
-  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(m_normal);
+  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(data_.normal);
   CurvePieces chain;
-  const std::size_t count = segmentCount();
-  chain.reserve(count);
-  for (std::size_t i = 0; i < count; ++i) chain.push_back(pieceAt(i, frame));
-  if (chain.empty() && m_vertices.size() == 1) {
-    const AcGePoint3d p = inSpace(m_vertices[0].point, frame);
+  const std::size_t segments = segmentCount();
+  chain.reserve(segments);
+  for (std::size_t i = 0; i < segments; ++i) chain.push_back(pieceAt(i, frame));
+  if (chain.empty() && count() == 1) {
+    const AcGePoint3d p = inSpace(data_.points[0], frame);
     chain.emplace_back(AcGeLineSeg3d(p, p));
   }
   return chain;
@@ -249,12 +265,12 @@ Acad::ErrorStatus AcDbPolyline::getArea(double& area) const {
   assertReadEnabled();
   double twice = 0.0;
   const std::size_t segments = segmentCount();
-  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(m_normal);
-  for (std::size_t i = 0; i < m_vertices.size(); ++i) {
-    const AcGePoint2d a = m_vertices[i].point;
-    const AcGePoint2d b = behind(i).point;
+  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(data_.normal);
+  for (std::size_t i = 0; i < count(); ++i) {
+    const AcGePoint2d a = data_.points[i];
+    const AcGePoint2d b = behind(i);
     twice += a.x * b.y - a.y * b.x;
-    if (i < segments) twice += pieceAt(i, frame).segmentAreaTwice(m_normal);
+    if (i < segments) twice += pieceAt(i, frame).segmentAreaTwice(data_.normal);
   }
   area = std::fabs(twice) / 2.0;
   return Acad::eOk;
@@ -262,62 +278,30 @@ Acad::ErrorStatus AcDbPolyline::getArea(double& area) const {
 
 Acad::ErrorStatus AcDbPolyline::reverseCurve() {
   assertWriteEnabled();
-  if (m_vertices.size() < 2) return Acad::eOk;
+  const std::size_t size = count();
+  if (size < 2) return Acad::eOk;
+  std::reverse(data_.points.begin(), data_.points.end());
   // A segment's bulge and widths stand with the vertex at its start, which is its end after the turn.
-  std::vector<Vertex> turned(m_vertices.rbegin(), m_vertices.rend());
-  const std::size_t count = turned.size();
-  for (std::size_t i = 0; i < count; ++i) {
-    const Vertex& source = m_vertices[(2 * count - 2 - i) % count];
-    turned[i].bulge = -source.bulge;
-    turned[i].startWidth = source.endWidth;
-    turned[i].endWidth = source.startWidth;
-  }
-  m_vertices = std::move(turned);
+  const auto turned = [size](std::size_t i) { return (2 * size - 2 - i) % size; };
+  const std::vector<double> bulges = data_.bulges;
+  const std::vector<AcGePoint2d> widths = data_.widths;
+  for (std::size_t i = 0; i < bulges.size(); ++i) data_.bulges[i] = -bulges[turned(i)];
+  for (std::size_t i = 0; i < widths.size(); ++i) data_.widths[i].set(widths[turned(i)].y, widths[turned(i)].x);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::dwgOutFields(AcDbDwgFiler* filer) const {
-  assertReadEnabled();
   const Acad::ErrorStatus status = AcDbCurve::dwgOutFields(filer);
-  if (status != Acad::eOk) return status;
-  filer->writeInt16(static_cast<Adesk::Int16>((m_closed ? kClosedFlag : 0) | (m_plinegen ? kPlinegenFlag : 0)));
-  filer->writeDouble(m_elevation);
-  filer->writeDouble(m_thickness);
-  filer->writeVector3d(m_normal);
-  filer->writeInt32(static_cast<Adesk::Int32>(m_vertices.size()));
-  for (const Vertex& vertex : m_vertices) {
-    filer->writePoint2d(vertex.point);
-    filer->writeDouble(vertex.bulge);
-    filer->writeDouble(vertex.startWidth);
-    filer->writeDouble(vertex.endWidth);
-  }
-  return filer->filerStatus();
+  return status == Acad::eOk ? fields::write(filer, data_) : status;
 }
 
 Acad::ErrorStatus AcDbPolyline::dwgInFields(AcDbDwgFiler* filer) {
-  assertWriteEnabled();
-  const Acad::ErrorStatus status = AcDbCurve::dwgInFields(filer);
-  if (status != Acad::eOk) return status;
-  Adesk::Int16 flags = 0;
-  Adesk::Int32 count = 0;
-  filer->readInt16(&flags);
-  filer->readDouble(&m_elevation);
-  filer->readDouble(&m_thickness);
-  filer->readVector3d(&m_normal);
-  filer->readInt32(&count);
-  m_closed = (flags & kClosedFlag) != 0;
-  m_plinegen = (flags & kPlinegenFlag) != 0;
-  m_vertices.clear();
-  m_vertices.reserve(static_cast<std::size_t>(std::clamp(count, 0, kMostReserved)));
-  for (Adesk::Int32 i = 0; i < count && filer->filerStatus() == Acad::eOk; ++i) {
-    Vertex vertex;
-    filer->readPoint2d(&vertex.point);
-    filer->readDouble(&vertex.bulge);
-    filer->readDouble(&vertex.startWidth);
-    filer->readDouble(&vertex.endWidth);
-    m_vertices.push_back(vertex);
-  }
-  return filer->filerStatus();
+  Acad::ErrorStatus status = AcDbCurve::dwgInFields(filer);
+  if (status == Acad::eOk) status = fields::read(filer, data_);
+  // Bulges and widths go with the points, or there are none.
+  if (!data_.bulges.empty()) data_.bulges.resize(count(), 0.0);
+  if (!data_.widths.empty()) data_.widths.resize(count());
+  return status;
 }
 
 Acad::ErrorStatus AcDbPolyline::dxfOutFields(AcDbDxfFiler* filer) const {
@@ -327,21 +311,21 @@ Acad::ErrorStatus AcDbPolyline::dxfOutFields(AcDbDxfFiler* filer) const {
   double constant = 0.0;
   const bool sameWidths = getConstantWidth(constant) == Acad::eOk;
   filer->writeSubclass(L"AcDbPolyline");
-  filer->writeInt32(AcDb::kDxfInt32, static_cast<Adesk::Int32>(m_vertices.size()));
+  filer->writeInt32(AcDb::kDxfInt32, static_cast<Adesk::Int32>(count()));
   filer->writeInt16(AcDb::kDxfInt16,
-                    static_cast<Adesk::Int16>((m_closed ? kClosedFlag : 0) | (m_plinegen ? kPlinegenFlag : 0)));
+                    static_cast<Adesk::Int16>((isClosed() ? kClosedFlag : 0) | (hasPlinegen() ? kPlinegenFlag : 0)));
   if (sameWidths) filer->writeItem(AcDb::kDxfReal + 3, constant);
-  if (m_elevation != 0.0) filer->writeDouble(AcDb::kDxfElevation, m_elevation);
-  if (m_thickness != 0.0) filer->writeDouble(AcDb::kDxfThickness, m_thickness);
-  for (const Vertex& vertex : m_vertices) {
-    filer->writeItem(AcDb::kDxfXCoord, vertex.point);
+  if (data_.elevation != 0.0) filer->writeDouble(AcDb::kDxfElevation, data_.elevation);
+  if (data_.thickness != 0.0) filer->writeDouble(AcDb::kDxfThickness, data_.thickness);
+  for (std::size_t i = 0; i < count(); ++i) {
+    filer->writeItem(AcDb::kDxfXCoord, data_.points[i]);
     if (!sameWidths) {
-      filer->writeItem(AcDb::kDxfReal, vertex.startWidth);
-      filer->writeItem(AcDb::kDxfReal + 1, vertex.endWidth);
+      filer->writeItem(AcDb::kDxfReal, widthsAt(i).x);
+      filer->writeItem(AcDb::kDxfReal + 1, widthsAt(i).y);
     }
-    if (vertex.bulge != 0.0) filer->writeItem(AcDb::kDxfReal + 2, vertex.bulge);
+    if (bulgeAt(i) != 0.0) filer->writeItem(AcDb::kDxfReal + 2, bulgeAt(i));
   }
-  if (m_normal != AcGeVector3d::kZAxis) filer->writeItem(AcDb::kDxfNormalX, m_normal);
+  if (data_.normal != AcGeVector3d::kZAxis) filer->writeItem(AcDb::kDxfNormalX, data_.normal);
   return filer->filerStatus();
 }
 
@@ -349,39 +333,38 @@ Acad::ErrorStatus AcDbPolyline::dxfInFields(AcDbDxfFiler* filer) {
   assertWriteEnabled();
   Acad::ErrorStatus status = AcDbCurve::dxfInFields(filer);
   if (status != Acad::eOk) return status;
-  m_vertices.clear();
-  double constant = 0.0;
+  data_ = Data();
   status = entities::readSubclass(filer, L"AcDbPolyline", [&](const resbuf& group) {
     const double real = group.resval.rreal;
-    Vertex* const last = m_vertices.empty() ? nullptr : &m_vertices.back();
+    const unsigned int last = static_cast<unsigned int>(count()) - 1;
     switch (group.restype) {
       case AcDb::kDxfInt16:
-        m_closed = (group.resval.rint & kClosedFlag) != 0;
-        m_plinegen = (group.resval.rint & kPlinegenFlag) != 0;
+        setClosed((group.resval.rint & kClosedFlag) != 0);
+        setPlinegen((group.resval.rint & kPlinegenFlag) != 0);
         break;
       case AcDb::kDxfReal + 3:
-        constant = real;
+        data_.constantWidth = real;
         break;
       case AcDb::kDxfElevation:
-        m_elevation = real;
+        data_.elevation = real;
         break;
       case AcDb::kDxfThickness:
-        m_thickness = real;
+        data_.thickness = real;
         break;
       case AcDb::kDxfXCoord:
-        m_vertices.push_back({{group.resval.rpoint[0], group.resval.rpoint[1]}, 0.0, constant, constant});
+        addVertexAt(last + 1, {group.resval.rpoint[0], group.resval.rpoint[1]});
         break;
       case AcDb::kDxfReal:
-        if (last != nullptr) last->startWidth = real;
+        if (count() != 0) setWidthsAt(last, real, widthsAt(last).y);
         break;
       case AcDb::kDxfReal + 1:
-        if (last != nullptr) last->endWidth = real;
+        if (count() != 0) setWidthsAt(last, widthsAt(last).x, real);
         break;
       case AcDb::kDxfReal + 2:
-        if (last != nullptr) last->bulge = real;
+        setBulgeAt(last, real);
         break;
       case AcDb::kDxfNormalX:
-        setNormal(entities::vectorOf(group));
+        data_.normal = entities::vectorOf(group);
         break;
       default:
         break;
@@ -400,8 +383,8 @@ void AcDbPolyline::drawWide(AcGiWorldDraw* draw, std::size_t i, const AcGeMatrix
     const double part = double(step) / steps;
     const AcGeVector3d along = piece.stepAt(part);
     if (along.lengthSqrd() == 0.0) return;
-    const double half = (m_vertices[i].startWidth * (1.0 - part) + m_vertices[i].endWidth * part) / 2.0;
-    const AcGeVector3d aside = m_normal.crossProduct(along / along.length()) * half;
+    const double half = (widthsAt(i).x * (1.0 - part) + widthsAt(i).y * part) / 2.0;
+    const AcGeVector3d aside = data_.normal.crossProduct(along / along.length()) * half;
     band.push_back(piece.pointAt(part) + aside);
     otherSide.push_back(piece.pointAt(part) - aside);
   }
@@ -412,7 +395,7 @@ void AcDbPolyline::drawWide(AcGiWorldDraw* draw, std::size_t i, const AcGeMatrix
 
 Adesk::Boolean AcDbPolyline::subWorldDraw(AcGiWorldDraw* draw) {
   assertReadEnabled();
-  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(m_normal);
+  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(data_.normal);
   AcGiWorldGeometry& geometry = draw->geometry();
   std::vector<AcGePoint3d> run;
   const auto flush = [&] {
@@ -420,8 +403,7 @@ Adesk::Boolean AcDbPolyline::subWorldDraw(AcGiWorldDraw* draw) {
     run.clear();
   };
   for (std::size_t i = 0; i < segmentCount(); ++i) {
-    const Vertex& vertex = m_vertices[i];
-    if (vertex.startWidth != 0.0 || vertex.endWidth != 0.0) {
+    if (widthsAt(i).x != 0.0 || widthsAt(i).y != 0.0) {
       flush();
       drawWide(draw, i, frame);
       continue;
@@ -444,18 +426,21 @@ Adesk::Boolean AcDbPolyline::subWorldDraw(AcGiWorldDraw* draw) {
 Acad::ErrorStatus AcDbPolyline::subTransformBy(const AcGeMatrix3d& xform) {
   if (!entities::isSimilarity(xform)) return Acad::eCannotScaleNonUniformly;
   assertWriteEnabled();
-  const AcGeVector3d normal = (xform * m_normal).normal();
-  const AcGeMatrix3d moved = AcGeMatrix3d::worldToPlane(normal) * xform * AcGeMatrix3d::planeToWorld(m_normal);
+  const AcGeVector3d normal = (xform * data_.normal).normal();
+  const AcGeMatrix3d moved = AcGeMatrix3d::worldToPlane(normal) * xform * AcGeMatrix3d::planeToWorld(data_.normal);
   const double factor = xform.scale();
   const double turn = xform.det() < 0.0 ? -1.0 : 1.0;
-  const AcGePoint3d lifted = moved * AcGePoint3d(0.0, 0.0, m_elevation);
-  for (Vertex& vertex : m_vertices) {
-    const AcGePoint3d p = moved * AcGePoint3d(vertex.point.x, vertex.point.y, m_elevation);
-    vertex = {{p.x, p.y}, vertex.bulge * turn, vertex.startWidth * factor, vertex.endWidth * factor};
+  const AcGePoint3d lifted = moved * AcGePoint3d(0.0, 0.0, data_.elevation);
+  for (AcGePoint2d& vertex : data_.points) {
+    const AcGePoint3d p = moved * AcGePoint3d(vertex.x, vertex.y, data_.elevation);
+    vertex.set(p.x, p.y);
   }
-  m_elevation = lifted.z;
-  m_thickness *= factor;
-  m_normal = normal;
+  for (double& bulge : data_.bulges) bulge *= turn;
+  for (AcGePoint2d& widths : data_.widths) widths *= factor;
+  data_.constantWidth *= factor;
+  data_.elevation = lifted.z;
+  data_.thickness *= factor;
+  data_.normal = normal;
   return Acad::eOk;
 }
 
@@ -466,14 +451,14 @@ Acad::ErrorStatus AcDbPolyline::subExplode(AcDbVoidPtrArray& entities) const {
     if (piece.isArc()) {
       const AcGeCircArc3d& arc = piece.arc();
       // Arcs keep the polyline's normal, so a clockwise one runs from its end to its start.
-      const bool turned = arc.normal().dotProduct(m_normal) < 0.0;
+      const bool turned = arc.normal().dotProduct(data_.normal) < 0.0;
       const AcGeVector3d start = (turned ? arc.endPoint() : arc.startPoint()) - arc.center();
       const AcGeVector3d end = (turned ? arc.startPoint() : arc.endPoint()) - arc.center();
-      part = new AcDbArc(arc.center(), m_normal, arc.radius(), entities::angleInPlane(start, m_normal),
-                         entities::angleInPlane(end, m_normal));
+      part = new AcDbArc(arc.center(), data_.normal, arc.radius(), entities::angleInPlane(start, data_.normal),
+                         entities::angleInPlane(end, data_.normal));
     } else {
       auto* const line = new AcDbLine(piece.startPoint(), piece.endPoint());
-      line->setNormal(m_normal);
+      line->setNormal(data_.normal);
       part = line;
     }
     part->setPropertiesFrom(this);
@@ -485,7 +470,7 @@ Acad::ErrorStatus AcDbPolyline::subExplode(AcDbVoidPtrArray& entities) const {
 void AcDbPolyline::subList() const {
   assertReadEnabled();
   AcDbCurve::subList();
-  acutPrintf(L"\n                    %s", m_closed ? L"Closed" : L"Open");
+  acutPrintf(L"\n                    %s", isClosed() ? L"Closed" : L"Open");
   double constant = 0.0;
   if (getConstantWidth(constant) == Acad::eOk) entities::listLength(L"    Constant width", constant);
   double area = 0.0;
@@ -494,30 +479,30 @@ void AcDbPolyline::subList() const {
   getArea(area);
   entities::listLength(L"              area", area);
   if (getEndParam(end) == Acad::eOk && getDistAtParam(end, length) == Acad::eOk) {
-    entities::listLength(m_closed ? L"         perimeter" : L"            length", length);
+    entities::listLength(isClosed() ? L"         perimeter" : L"            length", length);
   }
-  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(m_normal);
-  for (const Vertex& vertex : m_vertices) {
-    entities::listPoint(L"          at point", inSpace(vertex.point, frame));
-    if (vertex.bulge != 0.0) entities::listLength(L"             bulge", vertex.bulge);
+  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(data_.normal);
+  for (std::size_t i = 0; i < count(); ++i) {
+    entities::listPoint(L"          at point", inSpace(data_.points[i], frame));
+    if (bulgeAt(i) != 0.0) entities::listLength(L"             bulge", bulgeAt(i));
   }
 }
 
 Acad::ErrorStatus AcDbPolyline::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&, AcDbIntArray&) const {
   assertReadEnabled();
-  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(m_normal);
-  for (const Vertex& vertex : m_vertices) points.append(inSpace(vertex.point, frame));
+  const AcGeMatrix3d frame = AcGeMatrix3d::planeToWorld(data_.normal);
+  for (const AcGePoint2d& vertex : data_.points) points.append(inSpace(vertex, frame));
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) {
   for (int i = 0; i < indices.length(); ++i) {
-    if (indices[i] < 0 || std::size_t(indices[i]) >= m_vertices.size()) return Acad::eInvalidIndex;
+    if (indices[i] < 0 || std::size_t(indices[i]) >= count()) return Acad::eInvalidIndex;
   }
   assertWriteEnabled();
-  const AcGeVector3d step = AcGeMatrix3d::worldToPlane(m_normal) * offset;
-  for (int i = 0; i < indices.length(); ++i) m_vertices[std::size_t(indices[i])].point += AcGeVector2d(step.x, step.y);
+  const AcGeVector3d step = AcGeMatrix3d::worldToPlane(data_.normal) * offset;
+  for (int i = 0; i < indices.length(); ++i) data_.points[std::size_t(indices[i])] += AcGeVector2d(step.x, step.y);
   // Moving them all lifts the polyline with them; one alone has to stay in the plane.
-  if (std::size_t(indices.length()) == m_vertices.size()) m_elevation += step.z;
+  if (std::size_t(indices.length()) == count()) data_.elevation += step.z;
   return Acad::eOk;
 }

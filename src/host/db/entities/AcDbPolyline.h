@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "host/db/AcDbField.h"
 #include "host/db/entities/PieceCurve.h"
 
 /// A lightweight polyline: vertices in one plane, joined by straight lines and by arcs of a given bulge (tangent of a
@@ -13,8 +14,26 @@ class AcDbPolyline : public PieceCurve {
 
   enum SegType { kLine, kArc, kCoincident, kPoint, kEmpty };
 
+  /// Bits of the flags, as in a DWG file.
+  enum Flag : Adesk::Int16 { kPlinegen = 256, kClosed = 512 };
+  /// As filed. The vertices lie in the plane of the normal, at the elevation.
+  struct Data {
+    /// kPlinegen, kClosed; and of a polyline from a DWG file those that tell what stands there: 1 extrusion,
+    /// 2 thickness, 4 constant width, 8 elevation, 16 bulges, 32 widths. A writer adds what is needed.
+    Adesk::Int16 flags = 0;
+    double constantWidth = 0.0;  ///< counts when there are no widths
+    double elevation = 0.0;
+    double thickness = 0.0;
+    AcGeVector3d normal = AcGeVector3d::kZAxis;
+    std::vector<AcGePoint2d> points;
+    std::vector<double> bulges;       ///< one for each point, or none
+    std::vector<AcGePoint2d> widths;  ///< start and end for each point, or none
+    KR_DB_TIE(flags, constantWidth, elevation, thickness, normal, points, bulges, widths)
+  };
+  KR_DB_DATA(Data)
+
   AcDbPolyline() = default;
-  explicit AcDbPolyline(unsigned int expectedVertices) { m_vertices.reserve(expectedVertices); }
+  explicit AcDbPolyline(unsigned int expectedVertices) { data_.points.reserve(expectedVertices); }
 
   unsigned int numVerts() const;
   /// eInvalidIndex beyond the vertices, here and below. In space, or with a 2D point in the polyline's plane.
@@ -83,24 +102,20 @@ class AcDbPolyline : public PieceCurve {
   Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
 
  private:
-  struct Vertex {
-    AcGePoint2d point;
-    double bulge = 0.0;
-    double startWidth = 0.0;
-    double endWidth = 0.0;
-  };
+  std::size_t count() const { return data_.points.size(); }
   std::size_t segmentCount() const;
-  const Vertex& behind(std::size_t i) const { return m_vertices[(i + 1) % m_vertices.size()]; }
+  const AcGePoint2d& behind(std::size_t i) const { return data_.points[i + 1 < count() ? i + 1 : 0]; }
+  double bulgeAt(std::size_t i) const { return i < data_.bulges.size() ? data_.bulges[i] : 0.0; }
+  /// The widths at the start and at the end of a segment.
+  AcGePoint2d widthsAt(std::size_t i) const {
+    return i < data_.widths.size() ? data_.widths[i] : AcGePoint2d(data_.constantWidth, data_.constantWidth);
+  }
+  void makeWidths();
   CurvePiece pieceAt(std::size_t i, const AcGeMatrix3d& frame) const;
   AcGePoint3d inSpace(const AcGePoint2d& p, const AcGeMatrix3d& frame) const {
-    return frame * AcGePoint3d(p.x, p.y, m_elevation);
+    return frame * AcGePoint3d(p.x, p.y, data_.elevation);
   }
   void drawWide(AcGiWorldDraw* draw, std::size_t i, const AcGeMatrix3d& frame) const;
 
-  std::vector<Vertex> m_vertices;
-  AcGeVector3d m_normal = AcGeVector3d::kZAxis;
-  double m_elevation = 0.0;
-  double m_thickness = 0.0;
-  bool m_closed = false;
-  bool m_plinegen = false;
+  Data data_;
 };

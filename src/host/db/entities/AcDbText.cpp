@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "host/db/AcDbDwgFiler.h"
+#include "host/db/FieldFiling.h"
 #include "host/db/entities/EntityTools.h"
 #include "host/db/entities/TextStyling.h"
 #include "host/ed/acut.h"
@@ -10,18 +10,12 @@
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbText, AcDbEntity, 0, 0, 0, TEXT, ObjectDBX Classes)
 
-namespace {
-
-// Bits of group 71.
-constexpr int kBackward = 2;
-constexpr int kUpsideDown = 4;
-
-}  // namespace
-
-AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId style, double height, double rotation)
-    : m_position(position), m_style(style), m_rotation(rotation) {
+AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId style, double height, double rotation) {
+  place(data_.position, position);
+  data_.style = style;
+  data_.rotation = rotation;
   setTextString(text);
-  if (height > 0.0) m_height = height;
+  if (height > 0.0) data_.height = height;
 }
 
 #define KR_TEXT_FIELD(Type, getter, setter, field) \
@@ -34,116 +28,170 @@ AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId 
     field = value;                                 \
     return Acad::eOk;                              \
   }
-KR_TEXT_FIELD(double, thickness, setThickness, m_thickness)
-KR_TEXT_FIELD(double, oblique, setOblique, m_oblique)
-KR_TEXT_FIELD(double, rotation, setRotation, m_rotation)
-KR_TEXT_FIELD(AcDbObjectId, textStyle, setTextStyle, m_style)
-KR_TEXT_FIELD(bool, isMirroredInX, mirrorInX, m_mirroredInX)
-KR_TEXT_FIELD(bool, isMirroredInY, mirrorInY, m_mirroredInY)
-KR_TEXT_FIELD(AcDb::TextHorzMode, horizontalMode, setHorizontalMode, m_horizontal)
-KR_TEXT_FIELD(AcDb::TextVertMode, verticalMode, setVerticalMode, m_vertical)
+KR_TEXT_FIELD(double, thickness, setThickness, data_.thickness)
+KR_TEXT_FIELD(double, oblique, setOblique, data_.oblique)
+KR_TEXT_FIELD(double, rotation, setRotation, data_.rotation)
+KR_TEXT_FIELD(AcDbObjectId, textStyle, setTextStyle, data_.style)
 #undef KR_TEXT_FIELD
+
+AcGePoint3d AcDbText::inWorld(const AcGePoint2d& p) const {
+  return entities::fromPlane({p.x, p.y, data_.elevation}, data_.normal);
+}
+
+void AcDbText::place(AcGePoint2d& field, const AcGePoint3d& point) {
+  const AcGePoint3d p = entities::toPlane(point, data_.normal);
+  field.set(p.x, p.y);
+  data_.elevation = p.z;
+}
 
 AcGePoint3d AcDbText::position() const {
   assertReadEnabled();
-  return m_position;
+  return inWorld(data_.position);
 }
 
 Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& point) {
   assertWriteEnabled();
-  m_position = point;
+  place(data_.position, point);
   return Acad::eOk;
 }
 
 AcGePoint3d AcDbText::alignmentPoint() const {
   assertReadEnabled();
-  return m_alignment;
+  return inWorld(data_.alignment);
 }
 
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point) {
   assertWriteEnabled();
-  m_alignment = point;
+  place(data_.alignment, point);
+  return Acad::eOk;
+}
+
+bool AcDbText::isMirroredInX() const {
+  assertReadEnabled();
+  return (data_.generation & kBackward) != 0;
+}
+
+Acad::ErrorStatus AcDbText::mirrorInX(bool on) {
+  assertWriteEnabled();
+  data_.generation = Adesk::Int16(on ? data_.generation | kBackward : data_.generation & ~kBackward);
+  return Acad::eOk;
+}
+
+bool AcDbText::isMirroredInY() const {
+  assertReadEnabled();
+  return (data_.generation & kUpsideDown) != 0;
+}
+
+Acad::ErrorStatus AcDbText::mirrorInY(bool on) {
+  assertWriteEnabled();
+  data_.generation = Adesk::Int16(on ? data_.generation | kUpsideDown : data_.generation & ~kUpsideDown);
+  return Acad::eOk;
+}
+
+AcDb::TextHorzMode AcDbText::horizontalMode() const {
+  assertReadEnabled();
+  return AcDb::TextHorzMode(data_.horizontal);
+}
+
+Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) {
+  assertWriteEnabled();
+  data_.horizontal = Adesk::Int16(mode);
+  return Acad::eOk;
+}
+
+AcDb::TextVertMode AcDbText::verticalMode() const {
+  assertReadEnabled();
+  return AcDb::TextVertMode(data_.vertical);
+}
+
+Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode) {
+  assertWriteEnabled();
+  data_.vertical = Adesk::Int16(mode);
   return Acad::eOk;
 }
 
 bool AcDbText::isDefaultAlignment() const {
   assertReadEnabled();
-  return m_horizontal == AcDb::kTextLeft && m_vertical == AcDb::kTextBase;
+  return data_.horizontal == AcDb::kTextLeft && data_.vertical == AcDb::kTextBase;
 }
 
 AcGeVector3d AcDbText::normal() const {
   assertReadEnabled();
-  return m_normal;
+  return data_.normal;
 }
 
 Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& normal) {
   if (normal.lengthSqrd() == 0.0) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_normal = normal / normal.length();
+  const AcGePoint3d at = inWorld(data_.position);
+  const AcGePoint3d aligned = inWorld(data_.alignment);
+  data_.normal = normal / normal.length();
+  place(data_.alignment, aligned);
+  place(data_.position, at);
   return Acad::eOk;
 }
 
 double AcDbText::height() const {
   assertReadEnabled();
-  return m_height;
+  return data_.height;
 }
 
 Acad::ErrorStatus AcDbText::setHeight(double height) {
   if (!(height > 0.0) || !std::isfinite(height)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_height = height;
+  data_.height = height;
   return Acad::eOk;
 }
 
 double AcDbText::widthFactor() const {
   assertReadEnabled();
-  return m_widthFactor;
+  return data_.widthFactor;
 }
 
 Acad::ErrorStatus AcDbText::setWidthFactor(double factor) {
   if (!(factor > 0.0) || !std::isfinite(factor)) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_widthFactor = factor;
+  data_.widthFactor = factor;
   return Acad::eOk;
 }
 
 ACHAR* AcDbText::textString() const {
   assertReadEnabled();
   ACHAR* copy = nullptr;
-  acutNewString(m_text.c_str(), copy);
+  acutNewString(data_.text.c_str(), copy);
   return copy;
 }
 
 const ACHAR* AcDbText::textStringConst() const {
   assertReadEnabled();
-  return m_text.c_str();
+  return data_.text.c_str();
 }
 
 Acad::ErrorStatus AcDbText::setTextString(const ACHAR* text) {
   if (text == nullptr) return Acad::eInvalidInput;
   assertWriteEnabled();
-  m_text = text;
+  data_.text = text;
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::getPlane(AcGePlane& plane, AcDb::Planarity& type) const {
   assertReadEnabled();
-  plane.set(m_position, m_normal);
+  plane.set(inWorld(data_.position), data_.normal);
   type = AcDb::kPlanar;
   return Acad::eOk;
 }
 
 AcGiTextStyle AcDbText::giStyle() const {
-  AcGiTextStyle style = entities::styleFor(m_style, m_height, m_widthFactor, m_oblique);
-  style.setBackward(m_mirroredInX);
-  style.setUpsideDown(m_mirroredInY);
+  AcGiTextStyle style = entities::styleFor(data_.style, data_.height, data_.widthFactor, data_.oblique);
+  style.setBackward((data_.generation & kBackward) != 0);
+  style.setUpsideDown((data_.generation & kUpsideDown) != 0);
   return style;
 }
 
 AcGeMatrix3d AcDbText::frame() const {
-  const AcGeVector3d along = entities::directionAt(m_rotation, m_normal);
+  const AcGeVector3d along = entities::directionAt(data_.rotation, data_.normal);
   AcGeMatrix3d result;
-  return result.setCoordSystem(m_position, along, m_normal.crossProduct(along), m_normal);
+  return result.setCoordSystem(inWorld(data_.position), along, data_.normal.crossProduct(along), data_.normal);
 }
 
 Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*) {
@@ -151,26 +199,26 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*) {
   assertWriteEnabled();
   AcGePoint2d low;
   AcGePoint2d high;
-  if (m_horizontal == AcDb::kTextAlign || m_horizontal == AcDb::kTextFit) {
+  if (data_.horizontal == AcDb::kTextAlign || data_.horizontal == AcDb::kTextFit) {
     // Both points carry the baseline; the text is made to reach from one to the other.
-    const AcGeVector3d span = m_alignment - m_position;
-    if (span.orthoProject(m_normal).length() == 0.0) return Acad::eDegenerateGeometry;
-    m_rotation = entities::angleInPlane(span, m_normal);
-    entities::textBox(giStyle(), m_text, low, high);
+    const AcGeVector3d span = inWorld(data_.alignment) - inWorld(data_.position);
+    if (span.orthoProject(data_.normal).length() == 0.0) return Acad::eDegenerateGeometry;
+    data_.rotation = entities::angleInPlane(span, data_.normal);
+    entities::textBox(giStyle(), data_.text, low, high);
     if (high.x <= 0.0) return Acad::eOk;
     const double factor = span.length() / high.x;
-    (m_horizontal == AcDb::kTextAlign ? m_height : m_widthFactor) *= factor;
+    (data_.horizontal == AcDb::kTextAlign ? data_.height : data_.widthFactor) *= factor;
     return Acad::eOk;
   }
-  entities::textBox(giStyle(), m_text, low, high);
+  entities::textBox(giStyle(), data_.text, low, high);
   AcGeVector2d anchor;
-  if (m_horizontal == AcDb::kTextCenter || m_horizontal == AcDb::kTextMid) anchor.x = high.x / 2.0;
-  if (m_horizontal == AcDb::kTextRight) anchor.x = high.x;
-  if (m_horizontal == AcDb::kTextMid) anchor.y = (low.y + high.y) / 2.0;
-  if (m_vertical == AcDb::kTextVertMid) anchor.y = m_height / 2.0;
-  if (m_vertical == AcDb::kTextTop) anchor.y = m_height;
-  if (m_vertical == AcDb::kTextBottom) anchor.y = std::fmin(low.y, 0.0);
-  m_position = m_alignment - frame() * AcGeVector3d(anchor.x, anchor.y, 0.0);
+  if (data_.horizontal == AcDb::kTextCenter || data_.horizontal == AcDb::kTextMid) anchor.x = high.x / 2.0;
+  if (data_.horizontal == AcDb::kTextRight) anchor.x = high.x;
+  if (data_.horizontal == AcDb::kTextMid) anchor.y = (low.y + high.y) / 2.0;
+  if (data_.vertical == AcDb::kTextVertMid) anchor.y = data_.height / 2.0;
+  if (data_.vertical == AcDb::kTextTop) anchor.y = data_.height;
+  if (data_.vertical == AcDb::kTextBottom) anchor.y = std::fmin(low.y, 0.0);
+  place(data_.position, inWorld(data_.alignment) - frame() * AcGeVector3d(anchor.x, anchor.y, 0.0));
   return Acad::eOk;
 }
 
@@ -180,68 +228,37 @@ Acad::ErrorStatus AcDbText::subClose() {
 }
 
 Acad::ErrorStatus AcDbText::dwgOutFields(AcDbDwgFiler* filer) const {
-  assertReadEnabled();
   const Acad::ErrorStatus status = AcDbEntity::dwgOutFields(filer);
-  if (status != Acad::eOk) return status;
-  filer->writePoint3d(m_position);
-  filer->writePoint3d(m_alignment);
-  filer->writeVector3d(m_normal);
-  filer->writeString(m_text.c_str());
-  filer->writeHardPointerId(m_style);
-  for (const double value : {m_height, m_rotation, m_oblique, m_widthFactor, m_thickness}) filer->writeDouble(value);
-  filer->writeInt16(static_cast<Adesk::Int16>(m_horizontal));
-  filer->writeInt16(static_cast<Adesk::Int16>(m_vertical));
-  filer->writeBool(m_mirroredInX);
-  filer->writeBool(m_mirroredInY);
-  return filer->filerStatus();
+  return status == Acad::eOk ? fields::write(filer, data_) : status;
 }
 
 Acad::ErrorStatus AcDbText::dwgInFields(AcDbDwgFiler* filer) {
-  assertWriteEnabled();
   const Acad::ErrorStatus status = AcDbEntity::dwgInFields(filer);
-  if (status != Acad::eOk) return status;
-  ACHAR* text = nullptr;
-  Adesk::Int16 horizontal = 0;
-  Adesk::Int16 vertical = 0;
-  filer->readPoint3d(&m_position);
-  filer->readPoint3d(&m_alignment);
-  filer->readVector3d(&m_normal);
-  filer->readString(&text);
-  filer->readHardPointerId(&m_style);
-  for (double* value : {&m_height, &m_rotation, &m_oblique, &m_widthFactor, &m_thickness}) filer->readDouble(value);
-  filer->readInt16(&horizontal);
-  filer->readInt16(&vertical);
-  filer->readBool(&m_mirroredInX);
-  filer->readBool(&m_mirroredInY);
-  if (text != nullptr) m_text = text;
-  acutDelString(text);
-  m_horizontal = static_cast<AcDb::TextHorzMode>(horizontal);
-  m_vertical = static_cast<AcDb::TextVertMode>(vertical);
-  return filer->filerStatus();
+  return status == Acad::eOk ? fields::read(filer, data_) : status;
+}
+
+void AcDbText::writeTextGroups(AcDbDxfFiler* filer) const {
+  filer->writeSubclass(L"AcDbText");
+  if (data_.thickness != 0.0) filer->writeDouble(AcDb::kDxfThickness, data_.thickness);
+  filer->writeItem(AcDb::kDxfXCoord, AcGePoint3d(data_.position.x, data_.position.y, data_.elevation));
+  filer->writeDouble(AcDb::kDxfReal, data_.height);
+  filer->writeString(AcDb::kDxfText, data_.text.c_str());
+  if (data_.rotation != 0.0) filer->writeDouble(AcDb::kDxfAngle, data_.rotation);
+  if (data_.widthFactor != 1.0) filer->writeItem(AcDb::kDxfReal + 1, data_.widthFactor);
+  if (data_.oblique != 0.0) filer->writeItem(AcDb::kDxfAngle + 1, data_.oblique);
+  filer->writeString(AcDb::kDxfTextStyleName, entities::styleName(data_.style).c_str());
+  if (data_.generation != 0) filer->writeInt16(AcDb::kDxfTxtStyleFlags, data_.generation);
+  if (data_.horizontal != AcDb::kTextLeft) filer->writeInt16(AcDb::kDxfLinetypeAlign, data_.horizontal);
+  if (!isDefaultAlignment())
+    filer->writeItem(AcDb::kDxfXCoord + 1, AcGePoint3d(data_.alignment.x, data_.alignment.y, data_.elevation));
+  if (data_.normal != AcGeVector3d::kZAxis) filer->writeItem(AcDb::kDxfNormalX, data_.normal);
 }
 
 Acad::ErrorStatus AcDbText::dxfOutFields(AcDbDxfFiler* filer) const {
-  assertReadEnabled();
-  const Acad::ErrorStatus status = AcDbEntity::dxfOutFields(filer);
-  if (status != Acad::eOk) return status;
-  const AcGeMatrix3d toPlane = AcGeMatrix3d::worldToPlane(m_normal);
-  const int generation = (m_mirroredInX ? kBackward : 0) | (m_mirroredInY ? kUpsideDown : 0);
+  if (const Acad::ErrorStatus status = AcDbEntity::dxfOutFields(filer); status != Acad::eOk) return status;
+  writeTextGroups(filer);
   filer->writeSubclass(L"AcDbText");
-  if (m_thickness != 0.0) filer->writeDouble(AcDb::kDxfThickness, m_thickness);
-  filer->writeItem(AcDb::kDxfXCoord, toPlane * m_position);
-  filer->writeDouble(AcDb::kDxfReal, m_height);
-  filer->writeString(AcDb::kDxfText, m_text.c_str());
-  if (m_rotation != 0.0) filer->writeDouble(AcDb::kDxfAngle, m_rotation);
-  if (m_widthFactor != 1.0) filer->writeItem(AcDb::kDxfReal + 1, m_widthFactor);
-  if (m_oblique != 0.0) filer->writeItem(AcDb::kDxfAngle + 1, m_oblique);
-  filer->writeString(AcDb::kDxfTextStyleName, entities::styleName(m_style).c_str());
-  if (generation != 0) filer->writeInt16(AcDb::kDxfTxtStyleFlags, static_cast<Adesk::Int16>(generation));
-  if (m_horizontal != AcDb::kTextLeft)
-    filer->writeInt16(AcDb::kDxfLinetypeAlign, static_cast<Adesk::Int16>(m_horizontal));
-  if (!isDefaultAlignment()) filer->writeItem(AcDb::kDxfXCoord + 1, toPlane * m_alignment);
-  if (m_normal != AcGeVector3d::kZAxis) filer->writeItem(AcDb::kDxfNormalX, m_normal);
-  filer->writeSubclass(L"AcDbText");
-  if (m_vertical != AcDb::kTextBase) filer->writeInt16(AcDb::kDxfLinetypePDC, static_cast<Adesk::Int16>(m_vertical));
+  if (data_.vertical != AcDb::kTextBase) filer->writeInt16(AcDb::kDxfLinetypePDC, data_.vertical);
   return filer->filerStatus();
 }
 
@@ -256,10 +273,10 @@ Acad::ErrorStatus AcDbText::dxfInFields(AcDbDxfFiler* filer) {
     const int flags = group.resval.rint;
     switch (group.restype) {
       case AcDb::kDxfText:
-        m_text = entities::textOf(group);
+        data_.text = entities::textOf(group);
         break;
       case AcDb::kDxfTextStyleName:
-        m_style = entities::styleNamed(filer->database(), entities::textOf(group));
+        data_.style = entities::styleNamed(filer->database(), entities::textOf(group));
         break;
       case AcDb::kDxfXCoord:
         position = entities::pointOf(group);
@@ -268,7 +285,7 @@ Acad::ErrorStatus AcDbText::dxfInFields(AcDbDxfFiler* filer) {
         alignment = entities::pointOf(group);
         break;
       case AcDb::kDxfThickness:
-        m_thickness = real;
+        data_.thickness = real;
         break;
       case AcDb::kDxfReal:
         setHeight(real);
@@ -277,23 +294,22 @@ Acad::ErrorStatus AcDbText::dxfInFields(AcDbDxfFiler* filer) {
         setWidthFactor(real);
         break;
       case AcDb::kDxfAngle:
-        m_rotation = real;
+        data_.rotation = real;
         break;
       case AcDb::kDxfAngle + 1:
-        m_oblique = real;
+        data_.oblique = real;
         break;
       case AcDb::kDxfTxtStyleFlags:
-        m_mirroredInX = (flags & kBackward) != 0;
-        m_mirroredInY = (flags & kUpsideDown) != 0;
+        data_.generation = Adesk::Int16(flags);
         break;
       case AcDb::kDxfLinetypeAlign:
-        if (flags >= AcDb::kTextLeft && flags <= AcDb::kTextFit) m_horizontal = static_cast<AcDb::TextHorzMode>(flags);
+        if (flags >= AcDb::kTextLeft && flags <= AcDb::kTextFit) data_.horizontal = Adesk::Int16(flags);
         break;
       case AcDb::kDxfLinetypePDC:
-        if (flags >= AcDb::kTextBase && flags <= AcDb::kTextTop) m_vertical = static_cast<AcDb::TextVertMode>(flags);
+        if (flags >= AcDb::kTextBase && flags <= AcDb::kTextTop) data_.vertical = Adesk::Int16(flags);
         break;
       case AcDb::kDxfNormalX:
-        setNormal(entities::vectorOf(group));
+        data_.normal = entities::vectorOf(group);
         break;
       default:
         break;
@@ -304,41 +320,43 @@ Acad::ErrorStatus AcDbText::dxfInFields(AcDbDxfFiler* filer) {
   if (status == Acad::eOk && entities::readSubclass(filer, L"AcDbText", take) != Acad::eBadDxfSequence) {
     status = filer->filerStatus();
   }
-  const AcGeMatrix3d toWorld = AcGeMatrix3d::planeToWorld(m_normal);
-  m_position = toWorld * position;
-  m_alignment = toWorld * alignment;
+  data_.position.set(position.x, position.y);
+  data_.alignment.set(alignment.x, alignment.y);
+  data_.elevation = position.z;
   return status;
 }
 
 Adesk::Boolean AcDbText::subWorldDraw(AcGiWorldDraw* draw) {
   assertReadEnabled();
-  if (m_text.empty()) return Adesk::kTrue;
-  draw->geometry().text(m_position, m_normal, entities::directionAt(m_rotation, m_normal), m_text.c_str(), -1,
-                        Adesk::kFalse, giStyle());
+  if (data_.text.empty()) return Adesk::kTrue;
+  draw->geometry().text(inWorld(data_.position), data_.normal, entities::directionAt(data_.rotation, data_.normal),
+                        data_.text.c_str(), -1, Adesk::kFalse, giStyle());
   return Adesk::kTrue;
 }
 
 Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& xform) {
   if (!entities::isSimilarity(xform)) return Acad::eCannotScaleNonUniformly;
   assertWriteEnabled();
-  AcGeVector3d along = xform * entities::directionAt(m_rotation, m_normal);
+  AcGeVector3d along = xform * entities::directionAt(data_.rotation, data_.normal);
   const double factor = xform.scale();
-  m_position.transformBy(xform);
-  m_alignment.transformBy(xform);
-  m_normal = (xform * m_normal).normal();
+  const AcGePoint3d at = xform * inWorld(data_.position);
+  const AcGePoint3d aligned = xform * inWorld(data_.alignment);
+  data_.normal = (xform * data_.normal).normal();
+  place(data_.alignment, aligned);
+  place(data_.position, at);
   if (xform.det() < 0.0) {
     // A mirrored text is one written upside down, or backward from the other side: the one that reads left to right.
-    const AcGeVector3d flat = AcGeMatrix3d::worldToPlane(m_normal) * along;
+    const AcGeVector3d flat = AcGeMatrix3d::worldToPlane(data_.normal) * along;
     if (flat.x < 0.0) {
       along = -along;
-      m_mirroredInX = !m_mirroredInX;
+      data_.generation ^= kBackward;
     } else {
-      m_mirroredInY = !m_mirroredInY;
+      data_.generation ^= kUpsideDown;
     }
   }
-  m_rotation = entities::angleInPlane(along, m_normal);
-  m_height *= factor;
-  m_thickness *= factor;
+  data_.rotation = entities::angleInPlane(along, data_.normal);
+  data_.height *= factor;
+  data_.thickness *= factor;
   return Acad::eOk;
 }
 
@@ -346,7 +364,7 @@ Acad::ErrorStatus AcDbText::subGetGeomExtents(AcDbExtents& extents) const {
   assertReadEnabled();
   AcGePoint2d low;
   AcGePoint2d high;
-  entities::textBox(giStyle(), m_text, low, high);
+  entities::textBox(giStyle(), data_.text, low, high);
   AcDbExtents box;
   entities::addBox(box, frame(), low, high);
   extents = box;
@@ -356,13 +374,13 @@ Acad::ErrorStatus AcDbText::subGetGeomExtents(AcDbExtents& extents) const {
 void AcDbText::subList() const {
   assertReadEnabled();
   AcDbEntity::subList();
-  acutPrintf(L"\n                    Style = \"%s\"", entities::styleName(m_style).c_str());
-  acutPrintf(L"\n                    text %s", m_text.c_str());
-  entities::listPoint(L"             start point,", m_position);
-  entities::listLength(L"            height", m_height);
-  entities::listAngle(L"    rotation angle", m_rotation);
-  entities::listLength(L"    width scale factor", m_widthFactor);
-  entities::listAngle(L"    obliquing angle", m_oblique);
+  acutPrintf(L"\n                    Style = \"%s\"", entities::styleName(data_.style).c_str());
+  acutPrintf(L"\n                    text %s", data_.text.c_str());
+  entities::listPoint(L"             start point,", inWorld(data_.position));
+  entities::listLength(L"            height", data_.height);
+  entities::listAngle(L"    rotation angle", data_.rotation);
+  entities::listLength(L"    width scale factor", data_.widthFactor);
+  entities::listAngle(L"    obliquing angle", data_.oblique);
 }
 
 Acad::ErrorStatus AcDbText::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker, const AcGePoint3d&,
@@ -370,22 +388,24 @@ Acad::ErrorStatus AcDbText::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMar
                                               AcDbIntArray&) const {
   assertReadEnabled();
   if (mode == AcDb::kOsModeIns || mode == AcDb::kOsModeNode) {
-    snapPoints.append(isDefaultAlignment() ? m_position : m_alignment);
+    snapPoints.append(isDefaultAlignment() ? inWorld(data_.position) : inWorld(data_.alignment));
   }
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&, AcDbIntArray&) const {
   assertReadEnabled();
-  points.append(m_position);
-  if (!isDefaultAlignment()) points.append(m_alignment);
+  points.append(inWorld(data_.position));
+  if (!isDefaultAlignment()) points.append(inWorld(data_.alignment));
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) {
   if (indices.length() == 0) return Acad::eOk;
   assertWriteEnabled();
-  m_position += offset;
-  m_alignment += offset;
+  const AcGePoint3d aligned = inWorld(data_.alignment) + offset;
+  const AcGePoint3d at = inWorld(data_.position) + offset;
+  place(data_.alignment, aligned);
+  place(data_.position, at);
   return Acad::eOk;
 }

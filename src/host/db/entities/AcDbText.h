@@ -3,6 +3,7 @@
 #include <string>
 
 #include "host/db/AcDbEntity.h"
+#include "host/db/AcDbField.h"
 
 class AcGiTextStyle;
 
@@ -12,6 +13,29 @@ class AcGiTextStyle;
 class AcDbText : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbText);
+
+  /// Bits of the generation, as in group 71.
+  enum Generation : Adesk::Int16 { kBackward = 2, kUpsideDown = 4 };
+  /// As filed: points in the plane of the normal, at the elevation; radians.
+  struct Data {
+    AcGePoint2d position;
+    AcGePoint2d alignment;
+    double elevation = 0.0;
+    AcGeVector3d normal = AcGeVector3d::kZAxis;
+    double thickness = 0.0;
+    double oblique = 0.0;
+    double rotation = 0.0;
+    double height = 2.5;
+    double widthFactor = 1.0;
+    std::wstring text;
+    Adesk::Int16 generation = 0;
+    Adesk::Int16 horizontal = AcDb::kTextLeft;
+    Adesk::Int16 vertical = AcDb::kTextBase;
+    AcDbHardPointerId style;
+    KR_DB_TIE(position, alignment, elevation, normal, thickness, oblique, rotation, height, widthFactor, text,
+              generation, horizontal, vertical, style)
+  };
+  KR_DB_DATA(Data)
 
   AcDbText() = default;
   AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId style = AcDbObjectId::kNull,
@@ -79,23 +103,17 @@ class AcDbText : public AcDbEntity {
                                      AcDbIntArray& geomIds) const override;
   Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
 
+  /// The groups behind the first marker, which attributes have too.
+  void writeTextGroups(AcDbDxfFiler* filer) const;
+
  private:
   AcGiTextStyle giStyle() const;
   /// The frame of the letters: X along the line, the origin where the baseline begins.
   AcGeMatrix3d frame() const;
 
-  AcGePoint3d m_position;
-  AcGePoint3d m_alignment;
-  AcGeVector3d m_normal = AcGeVector3d::kZAxis;
-  std::wstring m_text;
-  AcDbHardPointerId m_style;
-  double m_height = 2.5;
-  double m_rotation = 0.0;
-  double m_oblique = 0.0;
-  double m_widthFactor = 1.0;
-  double m_thickness = 0.0;
-  AcDb::TextHorzMode m_horizontal = AcDb::kTextLeft;
-  AcDb::TextVertMode m_vertical = AcDb::kTextBase;
-  bool m_mirroredInX = false;
-  bool m_mirroredInY = false;
+  AcGePoint3d inWorld(const AcGePoint2d& p) const;
+  /// Puts a point of the world into the plane, and the text's elevation there.
+  void place(AcGePoint2d& field, const AcGePoint3d& point);
+
+  Data data_;
 };

@@ -43,6 +43,16 @@ void listPoint(const ACHAR* label, const AcGePoint3d& p);
 void listLength(const ACHAR* label, double value);
 void listAngle(const ACHAR* label, double radians);
 
+/// From the frame of a normal to the world and back. Under the Z axis nothing is reckoned, so that no bit changes.
+inline AcGePoint3d fromPlane(const AcGePoint3d& p, const AcGeVector3d& normal) {
+  if (normal.x == 0.0 && normal.y == 0.0 && normal.z == 1.0) return p;
+  return AcGeMatrix3d::planeToWorld(normal) * p;
+}
+inline AcGePoint3d toPlane(const AcGePoint3d& p, const AcGeVector3d& normal) {
+  if (normal.x == 0.0 && normal.y == 0.0 && normal.z == 1.0) return p;
+  return AcGeMatrix3d::worldToPlane(normal) * p;
+}
+
 /// The angle in the plane of a normal, from the X axis of its frame.
 double angleInPlane(const AcGeVector3d& direction, const AcGeVector3d& normal);
 /// The unit vector at an angle in that frame.

@@ -37,6 +37,32 @@ AcDbObjectId styleNamed(AcDbDatabase* database, const ACHAR* name) {
   return id;
 }
 
+namespace {
+
+AcDbObjectId recordNamed(AcDbDatabase* database, AcDbObjectId (AcDbDatabase::*tableId)() const, const ACHAR* name) {
+  if (database == nullptr) database = acdbHostApplicationServices()->workingDatabase();
+  if (database == nullptr) return {};
+  const AcDbObjectPointer<AcDbSymbolTable> table((database->*tableId)(), AcDb::kForRead);
+  AcDbObjectId id;
+  if (table.openStatus() != Acad::eOk || table->getAt(name, id) != Acad::eOk) return {};
+  return id;
+}
+
+}  // namespace
+
+AcDbObjectId blockNamed(AcDbDatabase* database, const ACHAR* name) {
+  return recordNamed(database, &AcDbDatabase::blockTableId, name);
+}
+
+AcDbObjectId dimStyleNamed(AcDbDatabase* database, const ACHAR* name) {
+  return recordNamed(database, &AcDbDatabase::dimStyleTableId, name);
+}
+
+std::wstring recordName(AcDbObjectId record, const ACHAR* otherwise) {
+  const AcDbObjectPointer<AcDbSymbolTableRecord> opened(record, AcDb::kForRead, true);
+  return opened.openStatus() == Acad::eOk ? opened->nameText() : otherwise;
+}
+
 void addBox(AcDbExtents& extents, const AcGeMatrix3d& frame, const AcGePoint2d& low, const AcGePoint2d& high) {
   for (const double x : {low.x, high.x}) {
     for (const double y : {low.y, high.y}) extents.addPoint(frame * AcGePoint3d(x, y, 0.0));

@@ -18,6 +18,12 @@ void textBox(const AcGiTextStyle& style, const std::wstring& text, AcGePoint2d& 
 std::wstring styleName(AcDbObjectId style);
 AcDbObjectId styleNamed(AcDbDatabase* database, const ACHAR* name);
 
+/// The block, and the dimension style, of a name in a database (the working one for null); null when there is none.
+AcDbObjectId blockNamed(AcDbDatabase* database, const ACHAR* name);
+AcDbObjectId dimStyleNamed(AcDbDatabase* database, const ACHAR* name);
+/// The name of any record; `otherwise` for an id that is none's.
+std::wstring recordName(AcDbObjectId record, const ACHAR* otherwise = L"");
+
 /// Grows the extents by the box laid out by a frame.
 void addBox(AcDbExtents& extents, const AcGeMatrix3d& frame, const AcGePoint2d& low, const AcGePoint2d& high);
 

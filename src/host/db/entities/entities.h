@@ -1,9 +1,21 @@
 #pragma once
 
 /// The entities.
+#include "host/db/entities/AcDb2dPolyline.h"
+#include "host/db/entities/AcDb3dPolyline.h"
 #include "host/db/entities/AcDbArc.h"
+#include "host/db/entities/AcDbAttribute.h"
+#include "host/db/entities/AcDbBlockReference.h"
 #include "host/db/entities/AcDbCircle.h"
+#include "host/db/entities/AcDbDimension.h"
+#include "host/db/entities/AcDbHatch.h"
+#include "host/db/entities/AcDbLeader.h"
 #include "host/db/entities/AcDbLine.h"
 #include "host/db/entities/AcDbMText.h"
+#include "host/db/entities/AcDbPoint.h"
 #include "host/db/entities/AcDbPolyline.h"
+#include "host/db/entities/AcDbSequenceEnd.h"
 #include "host/db/entities/AcDbText.h"
+#include "host/db/entities/AcDbTrace.h"
+#include "host/db/entities/AcDbVertex.h"
+#include "host/db/entities/AcDbViewport.h"
