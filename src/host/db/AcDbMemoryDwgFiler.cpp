@@ -83,6 +83,7 @@ template <class T>
 Acad::ErrorStatus AcDbMemoryDwgFiler::get(Tag tag, T* value) {
   *value = T();
   if (!expect(tag)) return status_;
+  if (buffer_.size() - position_ <= sizeof *value) return fail(Acad::eEndOfObject);
   std::memcpy(static_cast<void*>(value), buffer_.data() + position_ + 1, sizeof *value);
   position_ += 1 + sizeof *value;
   return Acad::eOk;
@@ -103,7 +104,12 @@ const Adesk::UInt8* AcDbMemoryDwgFiler::getRun(Tag tag, std::size_t& length) {
   length = 0;
   if (!expect(tag)) return nullptr;
   Length count = 0;
-  std::memcpy(&count, buffer_.data() + position_ + 1, sizeof count);
+  const std::size_t left = buffer_.size() - position_ - 1;
+  if (left >= sizeof count) std::memcpy(&count, buffer_.data() + position_ + 1, sizeof count);
+  if (left < sizeof count + count) {
+    fail(Acad::eEndOfObject);
+    return nullptr;
+  }
   const Adesk::UInt8* const bytes = buffer_.data() + position_ + 1 + sizeof count;
   position_ += 1 + sizeof count + count;
   length = count;

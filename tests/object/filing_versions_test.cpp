@@ -1,0 +1,264 @@
+// Every version of a member's layout, written item by item and read by the member: what each holds comes back, what it
+// lacks has its default, and what is written again is the newest.
+
+#include <gtest/gtest.h>
+
+#include "object/Drawing.h"
+#include "object/MemberLayout.h"
+#include "object/TestMember.h"
+
+namespace {
+
+constexpr int kOldest = 0;
+
+int versionOf(const KrObject& member) {
+  Version version{};
+  member.KrObjectVersion(version);
+  return static_cast<int>(version);
+}
+
+class MemberVersions : public testing::TestWithParam<int> {
+ protected:
+  MemberVersions() : layout(MemberLayout::plate()) {
+    layout.version = GetParam();
+    KrObject::loadLayersIds();
+    layout.hidden = drawing.layer(L"L-HIDDEN");
+    layout.hideFace = drawing.layer(L"KR_HIDE_FACE");
+    layout.axis = drawing.layer(L"EIXO");
+  }
+
+  static AcDbMemoryDwgFiler::Buffer written(KrObject& member, AcDb::FilerType type = AcDb::kFileFiler) {
+    AcDbMemoryDwgFiler filer(type);
+    EXPECT_EQ(member.dwgOutFieldsData(&filer), Acad::eOk);
+    return filer.takeBuffer();
+  }
+
+  Acad::ErrorStatus read(KrObject& member) const {
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler, layout.bytes());
+    const Acad::ErrorStatus es = member.dwgInFieldsData(&filer);
+    EXPECT_TRUE(filer.atEnd() || es != Acad::eOk);
+    return es;
+  }
+
+  /// What a member read from the layout holds: what the version lacks has its default.
+  MemberLayout expected() const {
+    MemberLayout m = layout;
+    const MemberLayout none;
+    m.version = MemberLayout::kNewest;
+    if (GetParam() < 3) {
+      m.outline.clear();
+      m.holes.clear();
+      m.xScale = m.yScale = m.zScale = 1;
+    }
+    if (GetParam() < 4)
+      for (MemberLayout::Hole& hole : m.holes) hole.angle = 0;
+    if (GetParam() < 5) m.tipoBarra = Barra;
+    if (GetParam() < 6) m.notches = none.notches;
+    return m;
+  }
+
+  Drawing drawing;
+  MemberLayout layout;
+};
+
+}  // namespace
+
+TEST_P(MemberVersions, ReadsWhatTheVersionHoldsAndWritesItAsTheNewest) {
+  TestMember member;
+  ASSERT_EQ(read(member), Acad::eOk);
+  EXPECT_EQ(versionOf(member), MemberLayout::kNewest);
+  EXPECT_EQ(written(member), expected().bytes()) << "every item, by type and value";
+}
+
+TEST_P(MemberVersions, OldFilesHoldTheListsOfFiveViewsAndNewOnesThatOfTheViewShown) {
+  TestMember member;
+  ASSERT_EQ(read(member), Acad::eOk);
+  for (int view = 0; view < 5; ++view) {
+    const bool filed = GetParam() < 7 || view == Superior;
+    const std::size_t count = layout.lists[static_cast<std::size_t>(view)].size();
+    EXPECT_EQ(member.GetNumVertex(static_cast<KrVistas>(view)), filed ? int(count) : 0) << view;
+  }
+}
+
+TEST_P(MemberVersions, LevelsStandInTheFilesPointsAndNotInTheMembers) {
+  TestMember member;
+  ASSERT_EQ(read(member), Acad::eOk);
+  EXPECT_DOUBLE_EQ(member.zCoordIni(), 30);
+  EXPECT_DOUBLE_EQ(member.zCoordEnd(), 40);
+  EXPECT_DOUBLE_EQ(member.startPoint().z, 0);
+  EXPECT_DOUBLE_EQ(member.endPoint().z, 0);
+}
+
+TEST_P(MemberVersions, ReplacesWhatTheMemberHeld) {
+  TestMember member;
+  MemberLayout other = MemberLayout::plate();
+  other.cuts.resize(1);
+  other.holes.insert(other.holes.end(), 5, other.holes[0]);
+  other.outline.insert(other.outline.begin(), 4, other.outline[0]);
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler, other.bytes());
+  ASSERT_EQ(member.dwgInFieldsData(&filer), Acad::eOk);
+  ASSERT_EQ(read(member), Acad::eOk);
+  KrGeratriz outline;
+  member.GetSecao(outline);
+  EXPECT_EQ(member.numCortes(), 2);
+  // A version that doesn't hold outline and holes leaves those of the member.
+  EXPECT_EQ(member.numFuros(), GetParam() < 3 ? 7 : 2);
+  EXPECT_EQ(outline.Qtd(), GetParam() < 3 ? 9 : 5);
+}
+
+TEST_P(MemberVersions, EveryBeginningOfAFileEndsInAStatus) {
+  const AcDbMemoryDwgFiler::Buffer whole = layout.bytes();
+  for (std::size_t size = 0; size < whole.size(); size += 3) {
+    TestMember member;
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler,
+                             AcDbMemoryDwgFiler::Buffer(whole.begin(), whole.begin() + std::ptrdiff_t(size)));
+    EXPECT_NE(member.dwgInFieldsData(&filer), Acad::eOk) << size;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Since1, MemberVersions, testing::Range(kOldest + 1, MemberLayout::kNewest + 1));
+
+namespace {
+
+class MemberLayouts : public testing::Test {
+ protected:
+  static Acad::ErrorStatus read(KrObject& member, const MemberLayout& layout) {
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler, layout.bytes());
+    return member.dwgInFieldsData(&filer);
+  }
+  Drawing drawing;
+};
+
+}  // namespace
+
+TEST_F(MemberLayouts, Version0IsItsNumberAlone) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.version = kOldest;
+  TestMember member;
+  member.setComprimento(77);
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  double length = 0;
+  member.Comprimento(length);
+  EXPECT_DOUBLE_EQ(length, 77);
+  EXPECT_EQ(versionOf(member), MemberLayout::kNewest);
+}
+
+TEST_F(MemberLayouts, EveryNewerVersionIsLeftToAProxyUnread) {
+  for (const int version : {10, 11, 12, 300, 32767}) {
+    MemberLayout layout = MemberLayout::plate();
+    layout.version = version;
+    TestMember member;
+    EXPECT_EQ(read(member, layout), Acad::eMakeMeProxy) << version;
+    EXPECT_EQ(member.numCortes(), 0);
+    EXPECT_EQ(member.userName(), nullptr);
+  }
+}
+
+TEST_F(MemberLayouts, TheLayerIdsOfTheFileHaveNoEffect) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.hidden = layout.hideFace = layout.axis = drawing.layer(L"PERFIL");
+  TestMember member;
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  member.dwgOutFieldsData(&filer);
+  layout.hidden = drawing.layer(L"L-HIDDEN");
+  layout.hideFace = drawing.layer(L"KR_HIDE_FACE");
+  layout.axis = drawing.layer(L"EIXO");
+  EXPECT_EQ(filer.buffer(), layout.bytes());
+}
+
+TEST_F(MemberLayouts, AnOldBarGetsItsReferenceLine) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.version = 6;
+  layout.angleSecao = 0;
+  layout.lists[Superior].pop_back();
+  TestMember member;
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  ASSERT_EQ(member.GetNumVertex(Superior), 6);
+  KrVector line;
+  ASSERT_EQ(member.GetVector(Superior, 5, line), 1);
+  EXPECT_EQ(line.type(), KR_VT_REFERENCIA);
+  // The outline's reference origin stands in the middle of the section: the line runs along the bar's.
+  EXPECT_TRUE(line.startPoint().isEqualTo(AcGePoint3d(10, 20, 0)));
+  EXPECT_TRUE(line.endPoint().isEqualTo(AcGePoint3d(1010, 20, 0)));
+}
+
+TEST_F(MemberLayouts, ABarThatHasItsReferenceLineGetsNoSecond) {
+  TestMember member;
+  ASSERT_EQ(read(member, MemberLayout::plate()), Acad::eOk);
+  EXPECT_EQ(member.GetNumVertex(Superior), 6);
+}
+
+TEST_F(MemberLayouts, AnEmptyListRegeneratesAndAFullOneDoesNot) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.lists[Superior].clear();
+  TestMember drawn;
+  ASSERT_EQ(read(drawn, layout), Acad::eOk);
+  EXPECT_GT(drawn.GetNumVertex(Superior), 4);
+  // A list that no regeneration would make stays as it is.
+  layout.lists[Superior] = {KrVector(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0), KR_VT_LINHA),
+                            KrVector(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0), KR_VT_REFERENCIA)};
+  layout.lists[Superior][0].setTipo(KR_VF_ARESTA);
+  TestMember kept;
+  ASSERT_EQ(read(kept, layout), Acad::eOk);
+  EXPECT_EQ(kept.GetNumVertex(Superior), 2);
+}
+
+TEST_F(MemberLayouts, AnEmptyNameInTheFileIsNone) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.name.clear();
+  TestMember member;
+  member.setUserName(L"old");
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  EXPECT_EQ(member.userName(), nullptr);
+}
+
+TEST_F(MemberLayouts, NoCountOfNodesHasNoReferenceNodeEither) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.outline.clear();
+  TestMember member;
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  EXPECT_EQ(member.outline().numNodes(), 0);
+}
+
+TEST_F(MemberLayouts, WhatNoMemberCanHoldIsRefused) {
+  MemberLayout noView = MemberLayout::plate();
+  noView.view = static_cast<KrVistas>(4);
+  AcDbMemoryDwgFiler::Buffer bytes = noView.bytes();
+  // The view's word stands behind the version (1 + 2 bytes) and the name (1 + 4, and 4 a letter), behind its own tag.
+  const std::size_t place = 3 + 5 + sizeof(wchar_t) * noView.name.size() + 1;
+  ASSERT_EQ(bytes.at(place), 4);
+  bytes[place] = 7;
+  TestMember member;
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler, bytes);
+  EXPECT_EQ(member.dwgInFieldsData(&filer), Acad::eInvalidInput);
+
+  MemberLayout noReference = MemberLayout::plate();
+  noReference.outline.back().bulge = 0;
+  EXPECT_EQ(read(member, noReference), Acad::eInvalidInput);
+}
+
+TEST_F(MemberLayouts, ASaveDropsLinksToDimensionsThatAreGoneAndACopyKeepsThem) {
+  const AcDbObjectId living = drawing.append(new AcDbLine);
+  const AcDbObjectId gone = drawing.append(new AcDbLine);
+  AcDbLine* line = nullptr;
+  ASSERT_EQ(acdbOpenObject(line, gone, AcDb::kForWrite), Acad::eOk);
+  line->erase();
+  line->close();
+  MemberLayout layout = MemberLayout::plate();
+  layout.relativeDim = {living, gone};
+  layout.relativeObj = {gone};
+  layout.relativePos = {gone, living};
+  layout.hidden = drawing.layer(L"L-HIDDEN");
+  layout.hideFace = drawing.layer(L"KR_HIDE_FACE");
+  layout.axis = drawing.layer(L"EIXO");
+  TestMember member;
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  AcDbMemoryDwgFiler copy(AcDb::kCopyFiler);
+  member.dwgOutFieldsData(&copy);
+  EXPECT_EQ(copy.buffer(), layout.bytes(AcDb::kCopyFiler));
+  AcDbMemoryDwgFiler save(AcDb::kFileFiler);
+  member.dwgOutFieldsData(&save);
+  layout.relativeDim = {living};
+  EXPECT_EQ(save.buffer(), layout.bytes()) << "dimensions only: other links stay";
+}
