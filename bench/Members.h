@@ -32,12 +32,15 @@ inline void start() {
 /// A member of any outline.
 class OutlineMember : public KrObject {
  public:
-  OutlineMember(const Outline& contour, KrVistas view) {
+  OutlineMember(const Outline& contour, KrVistas view, const std::vector<Hole>& holes = {}) {
     for (const Node& node : contour) outline().Add({node.x, node.y, 0}, node.bulge * ArcGeometry::kBulgeUnit);
     // The contour is closed by its first node.
     outline().Add({contour.front().x, contour.front().y, 0}, 0);
     outline().Add({0, 0, 0}, KrGeratriz::kReferenceBulge);
     setComprimento(kLength);
+    KrFuro drilled;
+    for (const Hole& h : holes) drilled.Add({h.x0, h.y0, h.z}, {h.x1, h.y1, h.z}, kHoleDiameter, 0, 0);
+    setFurosSemLink(drilled);
     KrGeratriz none;
     Gera_KrVector(AcGePoint3d(0, 0, 0), none, view, 0, 1);
   }
@@ -54,6 +57,7 @@ struct Subject {
   std::string name;
   std::function<std::unique_ptr<KrObject>(KrVistas view)> make;
   Contours contours = Contours::kSolids;
+  std::vector<Hole> holes = {};
 };
 
 inline Subject outlineSubject(std::string name, const Outline& outline) {
@@ -65,6 +69,14 @@ inline std::vector<Subject> outlineSubjects() {
   std::vector<Subject> all = {outlineSubject("rolledI", rolledI())};
   for (const int nodes : {20, 100, 500}) all.push_back(outlineSubject("wheel" + std::to_string(nodes), wheel(nodes)));
   return all;
+}
+
+/// The rolled I with so many holes.
+inline Subject drilledSubject(int count) {
+  const std::vector<Hole> holes = holesOfRolledI(count);
+  return {"drilledI" + std::to_string(count),
+          [holes](KrVistas view) { return std::make_unique<OutlineMember>(rolledI(), view, holes); }, Contours::kSolids,
+          holes};
 }
 
 /// The solids of a member for the peers: for each its outer contour, then its holes. Edges of no length are left out.

@@ -35,6 +35,12 @@ inline bool isCounterclockwise(const Outline& outline) {
 /// The length of every member that is measured.
 inline constexpr double kLength = 6000;
 
+/// A round hole through one wall: from face to face in the section's plane, at a place along the bar.
+struct Hole {
+  double x0 = 0, y0 = 0, x1 = 0, y1 = 0, z = 0;
+};
+inline constexpr double kHoleDiameter = 18;
+
 /// An I of 24 nodes, counterclockwise: four fillets between web and flanges, all eight flange corners bevelled by 2 mm.
 inline Outline rolledI() {
   constexpr double half = 75, top = 150, inner = 139.3, web = 3.55, fillet = 15, bevel = 2;
@@ -46,6 +52,22 @@ inline Outline rolledI() {
                          {half, inner + bevel, 0},       {half, top - bevel, 0},          {half - bevel, top, 0}};
   Outline all = right;
   for (const Node& node : right) all.push_back({-node.x, -node.y, node.bulge});
+  return all;
+}
+
+/// `count` holes of that I, spread over its length: by turns in the upper flange, seen face on from above, on two gauge
+/// lines, and in the web, seen edge on, in two rows.
+inline std::vector<Hole> holesOfRolledI(int count) {
+  constexpr double gauge = 40, top = 150, inner = 139.3, web = 3.55, row = 60;
+  std::vector<Hole> all;
+  for (int i = 0; i < count; ++i) {
+    const double z = kLength * (i + 0.5) / count;
+    const double side = i % 4 < 2 ? 1 : -1;
+    if (i % 2 == 0)
+      all.push_back({side * gauge, top, side * gauge, inner, z});
+    else
+      all.push_back({web, side * row, -web, side * row, z});
+  }
   return all;
 }
 

@@ -113,6 +113,7 @@ inline std::vector<Subject> profileSubjects() {
 inline std::vector<Subject> subjects() {
   std::vector<Subject> all = profileSubjects();
   for (Subject& subject : outlineSubjects()) all.push_back(std::move(subject));
+  for (const int holes : {1, 8, 10, 40, 100, 1000}) all.push_back(drilledSubject(holes));
   return all;
 }
 

@@ -19,11 +19,20 @@ void construct(benchmark::State& state, const bench::Subject& subject, KrVistas 
 }
 
 #ifdef KR_PEER_OCCT
+/// The peer takes seconds for more holes.
+constexpr std::size_t kMostHolesOfPeer = 40;
+
 void removeHiddenLines(benchmark::State& state, const bench::Subject& subject) {
-  bench::OcctBar bar(bench::solidsOf(subject), bench::kLength);
+  bench::OcctBar bar(bench::solidsOf(subject), bench::kLength, subject.holes);
   for (auto _ : state) bar.removeHiddenLines();
   state.counters["visible"] = bar.visibleLines();
   state.counters["hidden"] = bar.hiddenLines();
+}
+
+// From the outline and the list of holes, as an elevation starts.
+void buildCutAndRemove(benchmark::State& state, const bench::Subject& subject) {
+  const std::vector<bench::Solid> solids = bench::solidsOf(subject);
+  for (auto _ : state) bench::OcctBar(solids, bench::kLength, subject.holes).removeHiddenLines();
 }
 #endif
 
@@ -36,7 +45,9 @@ const bool kRegistered = [] {
     benchmark::RegisterBenchmark(name("construct_elevation").c_str(), construct, subject, Superior);
     benchmark::RegisterBenchmark(name("construct_section").c_str(), construct, subject, Secao);
 #ifdef KR_PEER_OCCT
+    if (subject.holes.size() > kMostHolesOfPeer) continue;
     benchmark::RegisterBenchmark(name("occt").c_str(), removeHiddenLines, subject);
+    if (!subject.holes.empty()) benchmark::RegisterBenchmark(name("occt_cut").c_str(), buildCutAndRemove, subject);
 #endif
   }
   return true;

@@ -1,8 +1,10 @@
 #include "peer_occt.h"
 
+#include <BRepAlgoAPI_Cut.hxx>
 #include <BRepBuilderAPI_MakeEdge.hxx>
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepBuilderAPI_MakeWire.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRepPrimAPI_MakePrism.hxx>
 #include <BRep_Builder.hxx>
 #include <GC_MakeArcOfCircle.hxx>
@@ -51,6 +53,28 @@ TopoDS_Shape prismOf(const Solid& section, double length) {
   return BRepPrimAPI_MakePrism(face.Face(), gp_Vec(0, 0, length));
 }
 
+// A cylinder that reaches a little past both faces of its wall.
+TopoDS_Shape drillOf(const Hole& hole) {
+  constexpr double past = 0.1;
+  const gp_Vec through(hole.x1 - hole.x0, hole.y1 - hole.y0, 0);
+  const gp_Dir along(through);
+  const gp_Pnt start(hole.x0 - along.X() * past, hole.y0 - along.Y() * past, hole.z);
+  return BRepPrimAPI_MakeCylinder(gp_Ax2(start, along), kHoleDiameter / 2, through.Magnitude() + 2 * past).Shape();
+}
+
+TopoDS_Shape cut(const TopoDS_Shape& solid, const std::vector<Hole>& holes) {
+  TopTools_ListOfShape solids;
+  TopTools_ListOfShape drills;
+  solids.Append(solid);
+  for (const Hole& hole : holes) drills.Append(drillOf(hole));
+  BRepAlgoAPI_Cut operation;
+  operation.SetArguments(solids);
+  operation.SetTools(drills);
+  operation.Build();
+  if (operation.HasErrors()) throw std::runtime_error("the holes can't be cut");
+  return operation.Shape();
+}
+
 int countEdges(const TopoDS_Shape& shape) {
   int count = 0;
   if (!shape.IsNull()) {
@@ -62,16 +86,19 @@ int countEdges(const TopoDS_Shape& shape) {
 }  // namespace
 
 struct OcctBar::Data {
-  TopoDS_Compound bar;
+  TopoDS_Shape bar;
   // An elevation looks along the section's -Y.
   HLRAlgo_Projector fromAbove{gp_Ax2(gp_Pnt(0, 0, 0), gp_Dir(0, 1, 0))};
   Handle(HLRBRep_Algo) last;
 };
 
-OcctBar::OcctBar(const std::vector<Solid>& sections, double length) : data_(std::make_unique<Data>()) {
+OcctBar::OcctBar(const std::vector<Solid>& sections, double length, const std::vector<Hole>& holes)
+    : data_(std::make_unique<Data>()) {
   BRep_Builder builder;
-  builder.MakeCompound(data_->bar);
-  for (const Solid& section : sections) builder.Add(data_->bar, prismOf(section, length));
+  TopoDS_Compound bar;
+  builder.MakeCompound(bar);
+  for (const Solid& section : sections) builder.Add(bar, prismOf(section, length));
+  data_->bar = holes.empty() ? TopoDS_Shape(bar) : cut(bar, holes);
 }
 
 OcctBar::~OcctBar() = default;

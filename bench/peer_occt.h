@@ -10,8 +10,9 @@ namespace bench {
 /// OpenCASCADE's exact hidden-line removal of a bar seen from above its section, as an elevation shows it.
 class OcctBar {
  public:
-  /// The sections extruded by `length` across the line of sight; several of them are a compound.
-  OcctBar(const std::vector<Solid>& sections, double length);
+  /// The sections extruded by `length` across the line of sight; several of them are a compound. Holes are cylinders
+  /// cut out of it in one boolean operation.
+  OcctBar(const std::vector<Solid>& sections, double length, const std::vector<Hole>& holes = {});
   ~OcctBar();
   OcctBar(const OcctBar&) = delete;
   OcctBar& operator=(const OcctBar&) = delete;
