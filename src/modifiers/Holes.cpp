@@ -27,25 +27,13 @@ bool isFinite(const NoFuro& hole) {
 
 Acad::ErrorStatus KrObject::ajustaFuros(KrVistas vista, KrFuro& furos, const AcGePoint3d& ref) const {
   if (vista == VistaCorrente) return Acad::eNotApplicable;
-  Gira_furacao(furos, angleSecao_);
-  switch (vista) {
-    case Inferior:
-      Gira_furacao(furos, kPi);
-      Mirror_furacao(furos, ref.asVector());
-      break;
-    case Esquerda:
-      Gira_furacao(furos, -kPi / 2);
-      Mirror_furacao(furos, ref.asVector());
-      break;
-    case Direita:
-      Gira_furacao(furos, kPi / 2);
-      break;
-    case SecaoVerso:
-      Mirror_furacao(furos, ref.asVector());
-      break;
-    default:
-      break;
-  }
+  // One turn for the section's and the view's, as the outline has it.
+  double turn = angleSecao_;
+  if (vista == Inferior) turn += kPi;
+  if (vista == Esquerda) turn -= kPi / 2;
+  if (vista == Direita) turn += kPi / 2;
+  Gira_furacao(furos, turn);
+  if (vista == Inferior || vista == Esquerda || vista == SecaoVerso) Mirror_furacao(furos, ref.asVector());
   return Acad::eOk;
 }
 
@@ -129,6 +117,7 @@ void KrObject::KrVector_InFur(int i) {
 
 // Real size within a regeneration, the drawing's scale at rest.
 AcGePoint3d KrObject::sectionAtScale(const AcGePoint3d& p) const {
+  if (xScale_ == 1 && yScale_ == 1 && zScale_ == 1) return p;
   AcGeVector3d along = Rotation(-angleVista_)(p - startPoint_);
   along.set(along.x * xScale_, along.y * yScale_, along.z * zScale_);
   return startPoint_ + Rotation(angleVista_)(along);

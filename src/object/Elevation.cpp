@@ -278,6 +278,7 @@ void KrObject::geraVistaPreparada(const KrGeratriz& secao, KrGeratriz& contorno,
   if (secao.Qtd() == 0) return;
   static ElevationOutline outline;
   outline.assignPrepared(secao);
+  linhas.reserve(secao.Qtd() + 2 * furos.Qtd());
   makeElevation(outline, comprimento_, secao.GetRefOrigin(), secao.GetBulge(secao.Qtd()), contorno, linhas);
   addHoleMarks(secao, linhas, furos);
 }

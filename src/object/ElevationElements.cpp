@@ -1,6 +1,7 @@
 // From the rectangle and the marks of a view, or the outline of a section, to the drawn elements in the drawing's
 // plane.
 
+#include <array>
 #include <cmath>
 
 #include "object/KrObject.h"
@@ -25,6 +26,90 @@ struct TurnAbout {
   AcGePoint3d operator()(const AcGeVector3d& p) const { return asPoint(base + turn(p - base)); }
   Rotation turn;
   AcGeVector3d base;
+};
+
+/// The elements of holes in an elevation. Those of one hole are worked out about the origin and kept for the next with
+/// the same measures, which most have: it takes copies of them.
+class HoleElements {
+ public:
+  HoleElements(const KrFuro& holes, double angleVista, bool mirrored, const TurnAbout& turned,
+               KrObjectArray<KrVector>& list)
+      : holes_(holes), angleVista_(angleVista), mirrored_(mirrored), turned_(turned), list_(list) {}
+
+  /// A hole whose centre is at `at`: the hole and the arms of its cross.
+  void addFaceOn(const AcGeVector3d& at, int hole) {
+    const Measures m = measuresOf(hole);
+    if (faceOn_.empty || !(m == faceOn_.measures)) makeFaceOn(m);
+    place(faceOn_, at, hole);
+  }
+  /// A hole from one face of its wall to the other: the centre line and the band.
+  void addEdgeOn(const AcGeVector3d& from, const AcGeVector3d& to, int hole) {
+    const Measures m = measuresOf(hole);
+    const AcGeVector3d depth = to - from;
+    if (edgeOn_.empty || !(m == edgeOn_.measures) || depth.x != depth_.x || depth.y != depth_.y) makeEdgeOn(m, depth);
+    place(edgeOn_, from, hole);
+  }
+
+ private:
+  struct Measures {
+    double diameter, stretch, angle;
+    bool operator==(const Measures&) const = default;
+  };
+  struct Shape {
+    bool empty = true;
+    Measures measures{};
+    std::array<KrVector, 3> elements;
+    std::size_t count = 0;
+  };
+
+  Measures measuresOf(int hole) const {
+    const NoFuro& no = *holes_.getNode(hole);
+    return {no.Diametro, no.Stretch, no.Angle};
+  }
+
+  void makeFaceOn(const Measures& m) {
+    const double a = (mirrored_ ? kPi - m.angle : m.angle) + angleVista_;
+    const AcGePoint3d centre;
+    KrVector hole(centre, m.diameter / 2, 0, 0, KR_VT_FURO, m.stretch > 0 ? KR_VF_FURO_OBLONGO : KR_VF_FURO_REDONDO, a,
+                  m.stretch);
+    const AcGeVector3d along = Rotation(a)(AcGeVector3d(m.diameter, 0, 0));
+    const AcGeVector3d across = AcGeVector3d::kZAxis.crossProduct(along);
+    faceOn_ = {false,
+               m,
+               {hole, KrVector(centre - along, centre + along, KR_VT_FURO_EIXO),
+                KrVector(centre - across, centre + across, KR_VT_FURO_EIXO)},
+               3};
+    for (KrVector& v : faceOn_.elements) v.setTypeEx(KR_VTX_FURO);
+  }
+
+  // Neither element gets a `typeEx`, unlike a hole seen face on: a stretch finds them by their type and index.
+  void makeEdgeOn(const Measures& m, const AcGeVector3d& depth) {
+    depth_ = depth;
+    const AcGePoint3d from;
+    const AcGePoint3d to = from + turned_.turn(depth);
+    KrVector band(from, to, KR_VT_FURO_LINHA);
+    band.setRaio(std::fabs(m.diameter + m.stretch * std::cos(m.angle)) / 2);
+    edgeOn_ = {false, m, {KrVector(to + (to - from), from + (from - to), KR_VT_FURO_EIXO), band}, 2};
+  }
+
+  void place(const Shape& shape, const AcGeVector3d& at, int hole) {
+    const AcGeVector3d move = turned_.base + turned_.turn(at);
+    for (std::size_t i = 0; i < shape.count; ++i) {
+      list_.append(shape.elements[i]);
+      KrVector& placed = list_.last();
+      placed.translateBy(move);
+      placed.setIndexFur(hole);
+    }
+  }
+
+  const KrFuro& holes_;
+  double angleVista_;
+  bool mirrored_;
+  TurnAbout turned_;
+  KrObjectArray<KrVector>& list_;
+  Shape faceOn_;
+  Shape edgeOn_;
+  AcGeVector3d depth_;
 };
 
 }  // namespace
@@ -67,6 +152,11 @@ void KrObject::addEdges(KrVistas vista, const KrGeratriz& contorno, const AcGeVe
 void KrObject::addMarks(KrVistas vista, const KrGeratriz& linhas, const AcGeVector3d& base, double rot) {
   const TurnAbout turned(base, rot);
   const AcGeVector3d along(0, comprimento_, 0);
+  KrObjectArray<KrVector>& lista = vertexList(vista);
+  // From below and from the left a hole's place counts back from the end.
+  const AcGeVector3d start = startsAtEnd(vista) ? along : AcGeVector3d();
+  const auto placeOf = [&start](const AcGeVector3d& no) { return AcGeVector3d(no.x, no.y, 0) + start; };
+  HoleElements holes(furos_, angleVista_, startsAtEnd(GetVistaReal()), turned, lista);
   for (int i = 0; i < linhas.Qtd(); ++i) {
     const AcGeVector3d& no = linhas.GetVertex(i);
     const int mark = static_cast<int>(linhas.GetBulge(i));
@@ -74,60 +164,13 @@ void KrObject::addMarks(KrVistas vista, const KrGeratriz& linhas, const AcGeVect
       const AcGeVector3d s = base + no;
       KrVector element(turned(s), turned(s + along), static_cast<KrVectorType>(mark));
       element.setTipo(KR_VF_PADRAO);
-      vertexList(vista).append(element);
+      lista.append(element);
     } else if (mark == 5) {
-      addFaceOnHole(vista, no, base, rot);
+      holes.addFaceOn(placeOf(no), static_cast<int>(no.z));
     } else if (mark == 7 && i + 1 < linhas.Qtd()) {
-      addEdgeOnHole(vista, no, linhas.GetVertex(++i), base, rot);
+      holes.addEdgeOn(placeOf(no), placeOf(linhas.GetVertex(++i)), static_cast<int>(no.z));
     }
   }
-}
-
-void KrObject::addFaceOnHole(KrVistas vista, const AcGeVector3d& no, const AcGeVector3d& base, double rot) {
-  AcGeVector3d at(no.x, no.y + (startsAtEnd(vista) ? comprimento_ : 0), 0);
-  const AcGePoint3d p = TurnAbout(base, rot)(at + base);
-  const int h = static_cast<int>(no.z);
-  const double d = furos_.getDiametro(h);
-  const double s = furos_.getStretch(h);
-  double a = furos_.getAngle(h);
-  if (startsAtEnd(GetVistaReal())) a = kPi - a;
-  a += angleVista_;
-
-  KrVector element(p, d / 2, 0, 0, KR_VT_FURO, s > 0 ? KR_VF_FURO_OBLONGO : KR_VF_FURO_REDONDO, a, s);
-  element.setIndexFur(h);
-  element.setTypeEx(KR_VTX_FURO);
-  vertexList(vista).append(element);
-  for (const double arm : {a, a + kPi / 2}) {
-    const AcGeVector3d reach = Rotation(arm)(AcGeVector3d(d, 0, 0));
-    KrVector centreLine(p - reach, p + reach, KR_VT_FURO_EIXO);
-    centreLine.setIndexFur(h);
-    centreLine.setTypeEx(KR_VTX_FURO);
-    vertexList(vista).append(centreLine);
-  }
-}
-
-// Neither element gets a `typeEx`, unlike a hole seen face on: a stretch finds them by their type and index.
-void KrObject::addEdgeOnHole(KrVistas vista, const AcGeVector3d& n1, const AcGeVector3d& n2, const AcGeVector3d& base,
-                             double rot) {
-  const double shift = startsAtEnd(vista) ? comprimento_ : 0;
-  const TurnAbout turned(base, rot);
-  const AcGePoint3d p1 = turned(base + AcGeVector3d(n1.x, n1.y + shift, 0));
-  const AcGePoint3d p2 = turned(base + AcGeVector3d(n2.x, n2.y + shift, 0));
-  const int h = static_cast<int>(n1.z);
-  const double d = furos_.getDiametro(h);
-  const double s = furos_.getStretch(h);
-  const double a = furos_.getAngle(h);
-  double w = 0;
-  if (vista == Secao) w = d + s * std::sin(a);
-  if (isSecao(vista) == Acad::eNotApplicable) w = d + s * std::cos(a);
-
-  KrVector centreLine(p2 + (p2 - p1), p1 + (p1 - p2), KR_VT_FURO_EIXO);
-  centreLine.setIndexFur(h);
-  vertexList(vista).append(centreLine);
-  KrVector band(p1, p2, KR_VT_FURO_LINHA);
-  band.setRaio(std::fabs(w) / 2);
-  band.setIndexFur(h);
-  vertexList(vista).append(band);
 }
 
 // The reference line stands before the axis line: the two are the last elements before the modifiers act.

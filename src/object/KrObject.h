@@ -693,18 +693,21 @@ class KrObject : public AcDbEntity {
   KrVector* findFirst(KrVistas v, KrVectorType tipo);
   const KrVector* findFirst(KrVistas v, KrVectorType tipo) const;
   void regenerate(KrVistas vista);
-  void readAxis(bool& eixoOk, AcGePoint3d& e1, AcGePoint3d& e2);
-  void restoreAxis(KrVistas vista, bool eixoOk, const AcGePoint3d& e1, const AcGePoint3d& e2,
-                   std::optional<int> hidden);
+  /// The axis line of a list as it stands before the list is filled anew.
+  struct KeptAxis {
+    bool moved = false;  ///< with a reference line beside it: its points survive
+    AcGePoint3d start;
+    AcGePoint3d end;
+    std::optional<int> hidden;
+  };
+  KeptAxis readAxis(KrVistas vista);
+  void restoreAxis(KrVistas vista, const KeptAxis& kept);
   /// The elevation of an outline as it stands in space: `gera_Vista` on a working copy in which edges of no length,
   /// joints and arcs that turn back read as what they look like.
   void geraVistaPreparada(const KrGeratriz& secao, KrGeratriz& contorno, KrGeratriz& linhas, const KrFuro& furos) const;
   static void addHoleMarks(const KrGeratriz& secao, KrGeratriz& linhas, const KrFuro& furos);
   void addEdges(KrVistas vista, const KrGeratriz& contorno, const AcGeVector3d& base);
   void addMarks(KrVistas vista, const KrGeratriz& linhas, const AcGeVector3d& base, double rot);
-  void addFaceOnHole(KrVistas vista, const AcGeVector3d& no, const AcGeVector3d& base, double rot);
-  void addEdgeOnHole(KrVistas vista, const AcGeVector3d& n1, const AcGeVector3d& n2, const AcGeVector3d& base,
-                     double rot);
   void addAxis(KrVistas vista, double bulge, double rot);
   /// Where a point of a section view at real size stands at the drawing scale.
   AcGePoint3d sectionAtScale(const AcGePoint3d& p) const;

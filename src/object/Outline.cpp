@@ -86,15 +86,20 @@ void KrObject::Mirror_vetores(KrGeratriz& geratriz, const AcGeVector3d& direcao)
   }
 }
 
+// As the outline is turned, exact at whole quarters.
 void KrObject::Gira_furacao(KrFuro& furos, double angulo) {
-  furos.rotateFuros(angulo);
+  if (angulo == 0) return;
+  const Rotation turn(angulo);
+  for (NoFuro* hole = furos.getNode(0); hole != nullptr; hole = hole->next) {
+    hole->Ini = turn(hole->Ini);
+    hole->Fim = turn(hole->Fim);
+  }
 }
 
 void KrObject::Mirror_furacao(KrFuro& furos, const AcGeVector3d& origem) {
-  for (int i = 0; i < furos.Qtd(); ++i) {
-    NoFuro& no = *furos.getNode(i);
-    no.Ini = AcGeVector3d(2 * origem.x - no.Ini.x, no.Ini.y, -no.Ini.z);
-    no.Fim = AcGeVector3d(2 * origem.x - no.Fim.x, no.Fim.y, -no.Fim.z);
+  for (NoFuro* hole = furos.getNode(0); hole != nullptr; hole = hole->next) {
+    hole->Ini = AcGeVector3d(2 * origem.x - hole->Ini.x, hole->Ini.y, -hole->Ini.z);
+    hole->Fim = AcGeVector3d(2 * origem.x - hole->Fim.x, hole->Fim.y, -hole->Fim.z);
   }
 }
 

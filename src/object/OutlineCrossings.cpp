@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include "host/companion/companion.h"
 #include "object/ArcGeometry.h"
@@ -26,6 +27,20 @@ double reachOfArc(const NoGeratriz& p, const NoGeratriz& q) {
   return std::fabs(p.bulge) / ArcGeometry::kBulgeUnit * chord / 2;
 }
 
+// The nodes of an outline one after the other, wherever they lie.
+template <class Visit>
+bool eachNode(const KrGeratriz& outline, Visit visit) {
+  const int n = outline.Qtd();
+  if (const NoGeratriz* nodes = outline.data(); nodes != nullptr) {
+    for (const NoGeratriz* no = nodes; no != nodes + n; ++no)
+      if (!visit(*no)) return false;
+    return true;
+  }
+  for (int i = 0; i < n; ++i)
+    if (!visit(outline.GetNo(i))) return false;
+  return true;
+}
+
 }  // namespace
 
 void crossOutline(const AcGeLinearEnt2d& line, const KrGeratriz& outline, AcArray<AcGePoint2d>& out) {
@@ -48,58 +63,61 @@ void crossOutline(const AcGeLinearEnt2d& line, const KrGeratriz& outline, AcArra
   }
 }
 
-// A contour with nodes on both sides of the line is crossed.
 bool OutlineCrossings::any(const AcGePoint2d& from, const AcGePoint2d& to) {
-  if (from.x == to.x && from.y == to.y) return false;
+  return answer(from, to, [this](Answer& line) { line.any = crosses(line.from, line.to); }).any;
+}
+
+bool OutlineCrossings::top(const AcGePoint2d& from, const AcGePoint2d& to, double& y) {
+  const Answer& found = answer(from, to, [this](Answer& line) {
+    if (!topBySides(line)) topByCrossings(line);
+  });
+  y = found.top;
+  return found.any;
+}
+
+template <class Find>
+const OutlineCrossings::Answer& OutlineCrossings::answer(const AcGePoint2d& from, const AcGePoint2d& to, Find find) {
+  const std::size_t kept = std::min(asked_, kKept);
+  for (std::size_t i = 0; i < kept; ++i) {
+    const Answer& k = kept_[i];
+    if (k.from.x == from.x && k.from.y == from.y && k.to.x == to.x && k.to.y == to.y) return k;
+  }
+  Answer& fresh = kept_[asked_++ % kKept];
+  fresh = {from, to};
+  if (from.x != to.x || from.y != to.y) find(fresh);
+  return fresh;
+}
+
+// A contour with nodes on both sides of the line is crossed.
+bool OutlineCrossings::crosses(const AcGePoint2d& from, const AcGePoint2d& to) {
   const Sides sides(from, to);
-  const int n = outline_.Qtd();
   bool left = false;
   bool right = false;
   bool arcs = false;
-  for (int i = 0; i < n; ++i) {
-    const NoGeratriz& no = outline_.GetNo(i);
+  const bool apart = eachNode(outline_, [&](const NoGeratriz& no) {
     const double height = sides.heightOf(no.vertex);
     left = left || height > sides.tol;
     right = right || height < -sides.tol;
-    if (left && right) return true;
+    if (left && right) return false;
     if (KrGeratriz::isContourEnd(no.bulge))
       left = right = false;
     else
       arcs = arcs || no.bulge != 0;
-  }
+    return true;
+  });
+  if (!apart) return true;
   if (!arcs) return false;
-  found_.setLogicalLength(0);
-  crossOutline(AcGeLine2d(from, to), outline_, found_);
-  return !found_.isEmpty();
-}
-
-bool OutlineCrossings::top(const AcGePoint2d& from, const AcGePoint2d& to, double& y) {
-  const Top found = findTop(from, to);
-  y = found.y;
-  return found.any;
-}
-
-OutlineCrossings::Top OutlineCrossings::findTop(const AcGePoint2d& from, const AcGePoint2d& to) {
-  for (int i = 0; i < keptCount_; ++i) {
-    const Top& k = kept_[static_cast<std::size_t>(i)];
-    if (k.from.x == from.x && k.from.y == from.y && k.to.x == to.x && k.to.y == to.y) return k;
-  }
-  Top fresh{from, to};
-  if ((from.x != to.x || from.y != to.y) && !topBySides(fresh)) topByCrossings(fresh);
-  kept_[static_cast<std::size_t>(next_)] = fresh;
-  next_ = (next_ + 1) % kKept;
-  keptCount_ = std::min(keptCount_ + 1, kKept);
-  return fresh;
+  AcArray<AcGePoint2d> found;
+  crossOutline(AcGeLine2d(from, to), outline_, found);
+  return !found.isEmpty();
 }
 
 // False when the sides of the nodes don't decide.
-bool OutlineCrossings::topBySides(Top& top) const {
-  const Sides sides(top.from, top.to);
+bool OutlineCrossings::topBySides(Answer& line) const {
+  const Sides sides(line.from, line.to);
   const NoGeratriz* before = nullptr;
   double heightBefore = 0;
-  const int n = outline_.Qtd();
-  for (int i = 0; i < n; ++i) {
-    const NoGeratriz& no = outline_.GetNo(i);
+  return eachNode(outline_, [&](const NoGeratriz& no) {
     const double height = sides.heightOf(no.vertex);
     if (std::fabs(height) <= sides.tol) return false;
     if (before != nullptr) {
@@ -110,22 +128,22 @@ bool OutlineCrossings::topBySides(Top& top) const {
       } else if (crosses) {
         const double share = heightBefore / (heightBefore - height);
         const double y = before->vertex.y + (no.vertex.y - before->vertex.y) * share;
-        if (!top.any || y > top.y) top.y = y;
-        top.any = true;
+        if (!line.any || y > line.top) line.top = y;
+        line.any = true;
       }
     }
     before = KrGeratriz::isContourEnd(no.bulge) ? nullptr : &no;
     heightBefore = height;
-  }
-  return true;
+    return true;
+  });
 }
 
-void OutlineCrossings::topByCrossings(Top& top) {
-  found_.setLogicalLength(0);
-  top.any = false;
-  crossOutline(AcGeLine2d(top.from, top.to), outline_, found_);
-  for (const AcGePoint2d& p : found_) {
-    if (!top.any || p.y > top.y) top.y = p.y;
-    top.any = true;
+void OutlineCrossings::topByCrossings(Answer& line) {
+  AcArray<AcGePoint2d> found;
+  crossOutline(AcGeLine2d(line.from, line.to), outline_, found);
+  line.any = false;
+  for (const AcGePoint2d& p : found) {
+    if (!line.any || p.y > line.top) line.top = p.y;
+    line.any = true;
   }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 #include "host/ge/ge.h"
 #include "host/rx/rx.h"
@@ -14,7 +15,8 @@ void crossOutline(const AcGeLinearEnt2d& line, const KrGeratriz& outline, AcArra
 ///
 /// Most nodes lie well off a line and most arcs can't reach it: on which sides of it the nodes lie answers, and only a
 /// line that runs through a node or near an arc is put to `crossOutline`. Holes stand in rows, so the answers to the
-/// last few lines are kept. The outline must outlive the object and stay as it is.
+/// last few lines are kept. Ask one object either `any` or `top`. The outline must outlive the object and stay as it
+/// is.
 class OutlineCrossings {
  public:
   explicit OutlineCrossings(const KrGeratriz& outline) : outline_(outline) {}
@@ -25,21 +27,22 @@ class OutlineCrossings {
   bool top(const AcGePoint2d& from, const AcGePoint2d& to, double& y);
 
  private:
-  struct Top {
+  /// The answer to a line.
+  struct Answer {
     AcGePoint2d from;
     AcGePoint2d to;
-    double y = 0;
+    double top = 0;
     bool any = false;
   };
-  static constexpr int kKept = 4;
+  static constexpr std::size_t kKept = 4;
 
-  Top findTop(const AcGePoint2d& from, const AcGePoint2d& to);
-  bool topBySides(Top& top) const;
-  void topByCrossings(Top& top);
+  template <class Find>
+  const Answer& answer(const AcGePoint2d& from, const AcGePoint2d& to, Find find);
+  bool crosses(const AcGePoint2d& from, const AcGePoint2d& to);
+  bool topBySides(Answer& line) const;
+  void topByCrossings(Answer& line);
 
   const KrGeratriz& outline_;
-  std::array<Top, kKept> kept_;
-  int keptCount_ = 0;
-  int next_ = 0;
-  AcArray<AcGePoint2d> found_;
+  std::array<Answer, kKept> kept_;
+  std::size_t asked_ = 0;
 };

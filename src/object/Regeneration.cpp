@@ -83,12 +83,13 @@ void KrObject::regenerate(KrVistas vista) {
   work->outline = secao_;
   AuditFuros();
   ajustaGeratriz(vista, work->outline);
-  // The shortened state shows no holes.
-  work->holes.Clear();
-  if (projeto_ == 0 && furos_.Qtd() != 0) {
+  // The shortened state shows no holes, and a section draws its own.
+  if (elevation && projeto_ == 0 && furos_.Qtd() != 0) {
     work->holes = furos_;
     const AcGeVector3d& origin = work->outline.GetRefOrigin();
     ajustaFuros(vista, work->holes, AcGePoint3d(origin.x, origin.y, origin.z));
+  } else {
+    work->holes.Clear();
   }
 
   if (elevation) {
@@ -98,16 +99,13 @@ void KrObject::regenerate(KrVistas vista) {
     work->contour.RemoveNulls();
   }
 
-  bool eixoOk = false;
-  AcGePoint3d e1, e2;
-  if (elevation) readAxis(eixoOk, e1, e2);
+  KeptAxis axis;
+  if (elevation) axis = readAxis(vista);
   endPoint_ = startPoint_ + AcGeVector3d(std::cos(angleVista_), std::sin(angleVista_), 0) * (comprimento_ / xScale_);
-  const KrVector* axis = findFirst(vista, KR_VT_EIXO);
-  const std::optional<int> hidden = axis ? std::optional<int>(axis->hidden()) : std::nullopt;
 
   KrVector_In(vista, work->contour, work->lines);
   desenhaFurosSecao();
-  if (elevation) restoreAxis(vista, eixoOk, e1, e2, hidden);
+  if (elevation) restoreAxis(vista, axis);
 
   if (projeto_ != 0) return SetToProjeto(projeto_, projetoFator_);
   AplicaSplits();
@@ -117,23 +115,39 @@ void KrObject::regenerate(KrVistas vista) {
 }
 
 // The axis that the user moved survives: its points, and the reference line as the place of the bar.
-void KrObject::readAxis(bool& eixoOk, AcGePoint3d& e1, AcGePoint3d& e2) {
-  eixoOk = GetPointsOfEixo(e1, e2, 0) == Acad::eOk && GetPointsOfEixo(startPoint_, endPoint_, 1) == Acad::eOk;
-  if (!eixoOk || (endPoint_ - startPoint_).isCodirectionalTo(e2 - e1)) return;
-  startPoint_ = e1;
-  endPoint_ = e2;
+KrObject::KeptAxis KrObject::readAxis(KrVistas vista) {
+  const KrVector* axis = nullptr;
+  const KrVector* reference = nullptr;
+  const KrObjectArray<KrVector>& lista = vertexList(vista);
+  for (const Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no)) {
+    if (axis == nullptr && no->value->type() == KR_VT_EIXO) axis = no->value;
+    if (reference == nullptr && no->value->type() == KR_VT_REFERENCIA) reference = no->value;
+    if (axis != nullptr && reference != nullptr) break;
+  }
+  KeptAxis kept;
+  if (axis == nullptr) return kept;
+  kept.hidden = axis->hidden();
+  if (reference == nullptr) return kept;
+  kept.moved = true;
+  kept.start = axis->startPoint();
+  kept.end = axis->endPoint();
+  const bool alike = (reference->endPoint() - reference->startPoint()).isCodirectionalTo(kept.end - kept.start);
+  startPoint_ = alike ? reference->startPoint() : kept.start;
+  endPoint_ = alike ? reference->endPoint() : kept.end;
+  return kept;
 }
 
-void KrObject::restoreAxis(KrVistas vista, bool eixoOk, const AcGePoint3d& e1, const AcGePoint3d& e2,
-                           std::optional<int> hidden) {
-  KrVector* axis = findFirst(vista, KR_VT_EIXO);
-  if (axis == nullptr) return;
-  if (eixoOk) {
-    axis->set(e1, e2);
-    startPoint_ = e1;
-    endPoint_ = e2;
+// The list was filled just now: an axis line stands at its end.
+void KrObject::restoreAxis(KrVistas vista, const KeptAxis& kept) {
+  KrObjectArray<KrVector>& lista = vertexList(vista);
+  if (lista.IsEmpty() || lista.last().type() != KR_VT_EIXO) return;
+  KrVector& axis = lista.last();
+  if (kept.moved) {
+    axis.set(kept.start, kept.end);
+    startPoint_ = kept.start;
+    endPoint_ = kept.end;
   }
-  if (hidden) axis->setHidden(*hidden);
+  if (kept.hidden) axis.setHidden(*kept.hidden);
 }
 
 void KrObject::desenhaFurosSecao() {

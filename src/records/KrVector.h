@@ -97,6 +97,12 @@ class KrVector {
   /// an arc's point with `setMidPoint`.
   void setStartPoint(const AcGePoint3d& point);
   void setEndPoint(const AcGePoint3d& point);
+  /// Moves the whole element: direction, length, measures and tags stay.
+  void translateBy(const AcGeVector3d& v) {
+    start_ += v;
+    mid_ += v;
+    end_ += v;
+  }
   /// Moves the mid point and nothing else.
   void setMidPoint(const AcGePoint3d& point) { mid_ = point; }
   /// Sets the radius and takes the clearance away.
