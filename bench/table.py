@@ -15,6 +15,7 @@ END = "<!-- end of figures -->\n"
 # How many times faster than exact hidden lines an elevation is to be: every profile class, and those that stand out.
 LEAST_RATIO_OF_CLASSES = 500
 LEAST_RATIO = {"KrTubo": 1000, "KrILaminadoUSA": 1000, "rolledI": 1000}
+LEAST_RATIO_OF_CLIP = 10
 LEAST_MEMBERS_A_SECOND = 70000
 MOST_BYTES_A_MEMBER = 12 * 1024
 # Instructions: work, limit, what it is.
@@ -24,6 +25,7 @@ LIMITS = {
     "elevation_rolledI": (22000, "elevation of the outline *rolledI*"),
     "construct_elevation_KrUDobrado": (60000, "lipped folded channel, from its middle line to its elevation"),
     "transform_40_elements": (8000, "a member of 40 elements turned"),
+    "clip": (44000, "clip of 20 lines and 4 arcs by a notch with arcs"),
     "open_close": (300, "open and close"),
     "read_catalogue": (10_000_000, "all tables of sections read in"),
 }
@@ -109,6 +111,10 @@ def targets(times, counts):
     for subject, least in LEAST_RATIO.items():
         if subject in faster:
             add(f"times faster than exact hidden lines, {subject}", faster[subject], least, at_most=False)
+    clips = [nanoseconds(times[name]) for name in ("clip/boost", "clip/clipper") if name in times]
+    if clips:
+        add("times faster than Boost.Geometry and Clipper, one clip", min(clips) / nanoseconds(times["clip/ours"]),
+            LEAST_RATIO_OF_CLIP, at_most=False)
     for name, (limit, what) in LIMITS.items():
         if name in counts:
             add("instructions: " + what, counts[name], limit, at_most=True)
