@@ -103,6 +103,7 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
     begin_ = AcDbObjectId(begin);
     end_ = AcDbObjectId(end);
   }
+  void listReference(AcDbStub* insert) { references_.push_back(insert); }
   void setBlockReferencesAsRead(std::vector<AcDbStub*> inserts) { references_ = std::move(inserts); }
   void setOriginAsRead(const AcGePoint3d& origin) { origin_ = origin; }
   void setCommentsAsRead(std::wstring comments) { comments_ = std::move(comments); }

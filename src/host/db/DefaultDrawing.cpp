@@ -1,6 +1,6 @@
 // The objects that every drawing has: made for a new one, found or put right in one that was read.
 #include <algorithm>
-#include <cwctype>
+#include <unordered_set>
 
 #include "host/db/AcDbDatabase.h"
 #include "host/db/AcDbLayout.h"
@@ -270,6 +270,28 @@ void dropStrangers(Roots& r) {
   r.continuous = ifKind<AcDbLinetypeTableRecord>(r.continuous);
 }
 
+/// Lists every insert in its block, where it isn't yet, and drops those that show another block now.
+void listInserts(AcDbDatabase& db, const std::vector<AcDbObjectId>& blocks) {
+  const auto blockOf = [](const AcDbStub* stub) {
+    const auto* const insert =
+        stub->object != nullptr && !stub->has(AcDbStub::kErased) ? AcDbBlockReference::cast(stub->object) : nullptr;
+    return insert != nullptr ? AcDbObjectId(insert->data().block) : AcDbObjectId();
+  };
+  std::unordered_set<const AcDbStub*> listed;
+  for (const AcDbObjectId block : blocks) {
+    auto& record = *static_cast<AcDbBlockTableRecord*>(block.stub()->object);
+    std::vector<AcDbStub*> inserts = record.blockReferences();
+    std::erase_if(inserts, [&](const AcDbStub* stub) { return blockOf(stub) != block || !listed.insert(stub).second; });
+    record.setBlockReferencesAsRead(std::move(inserts));
+  }
+  for (const AcDbStub& stub : db.handleTable().stubs()) {
+    const AcDbObjectId block = blockOf(&stub);
+    if (block.isNull() || listed.contains(&stub) || !block.isResident()) continue;
+    auto* const record = AcDbBlockTableRecord::cast(block.stub()->object);
+    if (record != nullptr) record->listReference(const_cast<AcDbStub*>(&stub));
+  }
+}
+
 /// A GUID's text from a number: the drawing's own, the same for the same drawing.
 std::wstring guidText(Adesk::UInt64 seed) {
   std::wstring text = L"{00000000-0000-0000-0000-000000000000}";
@@ -355,6 +377,7 @@ void AcDbDatabase::prepareForSave() {
     auto& record = *static_cast<AcDbBlockTableRecord*>(block.stub()->object);
     if (!block.isErased()) record.makeEnds();
   }
+  listInserts(*this, blocks);
   takeCurrentDefaults();
   if (!dimscaleApart_) header_.setReal(H::kDIMSCALE, dimscale());
   for (const Role& role : kTableRoles) header_.setId(role.header, roots_.*role.root);
