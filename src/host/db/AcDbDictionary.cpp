@@ -216,6 +216,11 @@ Acad::ErrorStatus AcDbDictionary::dxfInFields(AcDbDxfFiler* filer) {
   while (!filer->atEndOfObject() && !filer->atExtendedData() && filer->filerStatus() == Acad::eOk) {
     resbuf item{};
     if (filer->readResBuf(&item) != Acad::eOk) break;
+    if (item.restype == AcDb::kDxfSubclass) {
+      // A derived class's part.
+      filer->pushBackItem();
+      break;
+    }
     if (item.restype == AcDb::kDxfInt8) {
       hard_ = item.resval.rint != 0;
     } else if (item.restype == AcDb::kDxfRenderMode) {

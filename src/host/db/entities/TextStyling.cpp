@@ -22,9 +22,9 @@ void textBox(const AcGiTextStyle& style, const std::wstring& text, AcGePoint2d& 
 
 std::wstring styleName(AcDbObjectId style) {
   AcDbObjectPointer<AcDbTextStyleTableRecord> record(style, AcDb::kForRead, true);
-  if (record.openStatus() != Acad::eOk) return L"STANDARD";
+  if (record.openStatus() != Acad::eOk) return L"Standard";
   const ACHAR* name = nullptr;
-  return record->getName(name) == Acad::eOk ? name : L"STANDARD";
+  return record->getName(name) == Acad::eOk ? name : L"Standard";
 }
 
 AcDbObjectId styleNamed(AcDbDatabase* database, const ACHAR* name) {

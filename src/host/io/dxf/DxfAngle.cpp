@@ -14,8 +14,6 @@ namespace krio::dxf {
 
 namespace {
 
-// A double's worth of degrees can't name every double's worth of radians: the way goes through a wider mantissa.
-using Wide = long double;
 static_assert(std::numeric_limits<Wide>::digits > std::numeric_limits<double>::digits);
 constexpr Wide kRadiansPerDegree = std::numbers::pi_v<Wide> / 180;
 
@@ -72,43 +70,61 @@ bool parseShort(std::string_view text, Wide& degrees) {
 
 }  // namespace
 
+bool parseWide(std::string_view text, Wide& value) {
+  if (parseShort(text, value)) return true;
+  double plain = 0;
+  if (!parseReal(text, plain)) return false;
+  value = plain;
+  while (!text.empty() && (text.front() == ' ' || text.front() == '+')) text.remove_prefix(1);
+  // Longer texts than a double needs are meant to the last digit.
+  constexpr std::size_t kDoubleDigits = 17;
+  Wide precise = 0;
+  if (text.size() > kDoubleDigits &&
+      std::from_chars(text.data(), text.data() + text.size(), precise).ec == std::errc()) {
+    value = precise;
+  }
+  return true;
+}
+
 bool parseDegrees(std::string_view text, double& radians) {
   Wide degrees = 0;
-  if (!parseShort(text, degrees)) {
-    double plain = 0;
-    if (!parseReal(text, plain)) return false;
-    degrees = plain;
-    while (!text.empty() && (text.front() == ' ' || text.front() == '+')) text.remove_prefix(1);
-    // Longer texts than a double needs are meant to the last digit.
-    constexpr std::size_t kDoubleDigits = 17;
-    Wide precise = 0;
-    if (text.size() > kDoubleDigits &&
-        std::from_chars(text.data(), text.data() + text.size(), precise).ec == std::errc()) {
-      degrees = precise;
-    }
-  }
+  if (!parseWide(text, degrees)) return false;
   radians = radiansOf(degrees);
   return true;
 }
 
-char* formatDegrees(char* to, double radians) {
+namespace {
+
+/// Writes a number with as few digits as make it read back so that `same` holds.
+template <class Same>
+char* formatWide(char* to, Wide value, Same same) {
   const auto readsBack = [&](const char* end) {
-    double back = 0;
-    return parseDegrees({to, std::size_t(end - to)}, back) && back == radians;
+    Wide back = 0;
+    return parseWide({to, std::size_t(end - to)}, back) && same(back);
   };
-  const Wide degrees = Wide(radians) / kRadiansPerDegree;
   constexpr double kScale = 10000.0;
-  const double rounded = std::round(double(degrees) * kScale) / kScale;
+  const double rounded = std::round(double(value) * kScale) / kScale;
   if (char* const end = formatReal(to, rounded); readsBack(end)) return end;
-  if (char* const end = formatReal(to, double(degrees)); readsBack(end)) return end;
+  if (char* const end = formatReal(to, double(value)); readsBack(end)) return end;
   // Digits that any decimal of a double keeps, and those that any Wide needs.
   constexpr int kFewest = std::numeric_limits<double>::digits10;
   constexpr int kMost = std::numeric_limits<Wide>::max_digits10;
   for (int digits = kFewest; digits <= kMost; ++digits) {
-    const auto [end, error] = std::to_chars(to, to + kMaxDegreesLength, degrees, std::chars_format::general, digits);
+    const auto [end, error] = std::to_chars(to, to + kMaxWideLength, value, std::chars_format::general, digits);
     if (error == std::errc() && readsBack(end)) return end;
   }
-  return formatReal(to, double(degrees));
+  return formatReal(to, double(value));
+}
+
+}  // namespace
+
+char* formatDegrees(char* to, double radians) {
+  return formatWide(to, Wide(radians) / kRadiansPerDegree, [&](Wide back) { return radiansOf(back) == radians; });
+}
+
+char* formatRatio(char* to, double width, double height) {
+  const Wide ratio = height != 0 ? Wide(width) / height : Wide(1);
+  return formatWide(to, ratio, [&](Wide back) { return widthOf(height, back) == width; });
 }
 
 }  // namespace krio::dxf

@@ -2,16 +2,30 @@
 
 #include <string_view>
 
-/// Angles: the file has degrees, the database radians. What formatDegrees writes, parseDegrees reads as the very same
-/// number, and what was read from a file is written so that it reads the same again.
+/// Numbers that the file has in another unit than the database: angles in degrees, here radians, and a view's width as
+/// its ratio to the height. What is written reads back as the very same number, and what was read from a file is
+/// written so that it reads the same again.
 namespace krio::dxf {
+
+/// A double's worth of one unit can't name every double's worth of the other: the way goes through a wider mantissa.
+using Wide = long double;
+
+/// False as parseReal.
+bool parseWide(std::string_view text, Wide& value);
 
 /// The angle in radians of a text in degrees. False as parseReal.
 bool parseDegrees(std::string_view text, double& radians);
 
-/// Room that formatDegrees may need.
-inline constexpr int kMaxDegreesLength = 48;
+/// Room that these may need.
+inline constexpr int kMaxWideLength = 48;
 /// Writes a finite angle in degrees; gives the end of the text.
 char* formatDegrees(char* to, double radians);
+
+/// The width of a view of the height, from their ratio.
+inline double widthOf(double height, Wide ratio) {
+  return double(Wide(height) * ratio);
+}
+/// Writes the ratio of a view; 1 for a view without height.
+char* formatRatio(char* to, double width, double height);
 
 }  // namespace krio::dxf

@@ -12,7 +12,8 @@
 
 namespace krio::dxf {
 
-void InFiler::beginObject(bool keepsAngles) {
+void InFiler::beginObject(bool keepsAngles, bool withoutMarkers) {
+  withoutMarkers_ = withoutMarkers;
   keepsAngles_ = keepsAngles;
   fault_.clear();
   resetFilerStatus();
@@ -31,6 +32,10 @@ bool InFiler::atExtendedData() {
 }
 
 bool InFiler::atSubclassData(const ACHAR* name) {
+  if (withoutMarkers_) {
+    rewindFiler();
+    return true;
+  }
   if (!scanner_.next()) return false;
   const std::string_view value = scanner_.value();
   const std::wstring_view wanted(name);

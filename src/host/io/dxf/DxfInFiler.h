@@ -17,12 +17,14 @@ class InFiler : public AcDbDxfFiler {
       : scanner_(scanner), page_(page), database_(database) {}
 
   /// To be called ahead of each object, with the scanner ahead of its first group. With `keepsAngles`, groups 50 to 58
-  /// are read as they are.
-  void beginObject(bool keepsAngles = false);
+  /// are read as they are. With `withoutMarkers`, as in files of old versions, each class is led to the object's
+  /// first group and picks its own.
+  void beginObject(bool keepsAngles = false, bool withoutMarkers = false);
   /// Why the filer's status isn't eOk any more, when a value of the file is the reason; else empty.
   const std::string& fault() const { return fault_; }
 
   AcDbDatabase* database() const override { return &database_; }
+  bool framesObjects() const override { return true; }
   void setFilerStatus(Acad::ErrorStatus status) override { status_ = status; }
 
   Acad::ErrorStatus readResBuf(resbuf* item) override;
@@ -67,6 +69,7 @@ class InFiler : public AcDbDxfFiler {
   std::size_t start_ = 0;
   std::size_t last_ = 0;  // where the group read last begins: a point's first coordinate
   bool keepsAngles_ = false;
+  bool withoutMarkers_ = false;
   std::wstring text_;
   std::string chunk_;
   std::string fault_;

@@ -13,21 +13,16 @@ std::wstring_view viewOf(const ACHAR* text) {
   return text != nullptr ? std::wstring_view(text) : std::wstring_view();
 }
 
-bool belongsToFrame(std::wstring_view marker) {
-  return marker == L"AcDbEntity" || marker == L"AcDbObject";
-}
-
 }  // namespace
 
 void OutFiler::beginObject(bool keepsAngles) {
-  inFrame_ = true;
   keepsAngles_ = keepsAngles;
   nonFinite_ = false;
   resetFilerStatus();
 }
 
 bool OutFiler::takes(AcDb::DxfCode code) const {
-  return !inFrame_ && status_ == Acad::eOk && kindOf(code) != Kind::kNone;
+  return status_ == Acad::eOk && kindOf(code) != Kind::kNone;
 }
 
 Acad::ErrorStatus OutFiler::readResBuf(resbuf* item) {
@@ -58,7 +53,6 @@ void OutFiler::real(int code, double value) {
 }
 
 Acad::ErrorStatus OutFiler::writeString(AcDb::DxfCode code, const ACHAR* text) {
-  if (inFrame_ && code == AcDb::kDxfSubclass && !belongsToFrame(viewOf(text))) inFrame_ = false;
   if (takes(code)) sink_.text(code, viewOf(text));
   return status_;
 }

@@ -5,9 +5,8 @@
 
 namespace krio::dxf {
 
-/// The filer through which an object writes its groups into a file. The file has the groups that all objects have
-/// (handle, owner, common properties) from the writer itself: what the base classes file of them is passed over, up to
-/// the first marker of a class below AcDbEntity.
+/// The filer through which an object writes its groups into a file, behind those that all objects have (handle, owner,
+/// common properties), which the writer itself has written.
 class OutFiler : public AcDbDxfFiler {
  public:
   OutFiler(Sink& sink, AcDbDatabase& database) : sink_(sink), database_(database) {}
@@ -18,6 +17,7 @@ class OutFiler : public AcDbDxfFiler {
   bool metNonFinite() const { return nonFinite_; }
 
   AcDbDatabase* database() const override { return &database_; }
+  bool framesObjects() const override { return true; }
 
   Acad::ErrorStatus readResBuf(resbuf* item) override;
   Acad::ErrorStatus pushBackItem() override { return Acad::eNotApplicable; }
@@ -54,7 +54,6 @@ class OutFiler : public AcDbDxfFiler {
 
   Sink& sink_;
   AcDbDatabase& database_;
-  bool inFrame_ = true;
   bool keepsAngles_ = false;
   bool nonFinite_ = false;
 };

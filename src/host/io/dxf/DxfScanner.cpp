@@ -52,7 +52,11 @@ void Scanner::skipLine() {
 }
 
 std::int64_t Scanner::lineNumberAt(std::size_t place) const {
-  return 1 + std::count(begin_, begin_ + std::min(place, size()), '\n');
+  place = std::min(place, size());
+  if (place < countedPlace_) countedPlace_ = 0, countedLines_ = 0;
+  countedLines_ += std::count(begin_ + countedPlace_, begin_ + place, '\n');
+  countedPlace_ = place;
+  return 1 + countedLines_;
 }
 
 }  // namespace krio::dxf

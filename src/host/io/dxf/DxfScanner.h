@@ -47,6 +47,7 @@ class Scanner {
   std::size_t nextPlace() const { return std::size_t(cursor_ - begin_); }
   /// Where the last group begins, in bytes.
   std::size_t place() const { return std::size_t(start_ - begin_); }
+  std::span<const std::byte> bytes() const { return std::as_bytes(std::span(begin_, end_)); }
   std::size_t size() const { return std::size_t(end_ - begin_); }
   bool atEnd() const { return cursor_ == end_; }
 
@@ -117,6 +118,9 @@ class Scanner {
   const char* start_ = nullptr;
   Group group_;
   bool fault_ = false;
+  // Where lines were counted up to: faults come in the order of the file.
+  mutable std::size_t countedPlace_ = 0;
+  mutable std::int64_t countedLines_ = 0;
 };
 
 }  // namespace krio::dxf

@@ -45,8 +45,16 @@ void Sink::text(int code, std::wstring_view value) {
   raw(code, scratch_);
 }
 
+void Sink::encode(std::wstring_view value, std::string& bytes) const {
+  encodeText(page_, value, bytes);
+}
+
 void Sink::angle(int code, double radians) {
-  end(formatDegrees(begin(code, kMaxDegreesLength), radians));
+  end(formatDegrees(begin(code, kMaxWideLength), radians));
+}
+
+void Sink::ratio(int code, double width, double height) {
+  end(formatRatio(begin(code, kMaxWideLength), width, height));
 }
 
 void Sink::whole(int code, std::int64_t value, int width) {

@@ -34,9 +34,13 @@ class Sink {
   void marker(std::string_view name) { raw(100, name); }
   /// Text: letters that the code page lacks and control characters are escaped.
   void text(int code, std::wstring_view value);
+  /// Appends the text as it would stand in the file.
+  void encode(std::wstring_view value, std::string& bytes) const;
   void real(int code, double value) { end(formatReal(begin(code, kMaxRealLength), value)); }
   /// An angle in radians.
   void angle(int code, double radians);
+  /// The ratio of a view's width to its height.
+  void ratio(int code, double width, double height);
   void int16(int code, int value) { whole(code, value, 6); }
   void int32(int code, std::int64_t value) { whole(code, value, 9); }
   void int64(int code, std::int64_t value) { whole(code, value, 0); }

@@ -37,24 +37,28 @@ void decodeText(const CodePage& page, std::string_view bytes, std::wstring& text
     text.assign(bytes.begin(), bytes.end());
     return;
   }
-  text.clear();
   // A zero ends a text wherever text is kept.
-  page.decode(bytes.substr(0, bytes.find('\0')), text);
+  text = page.decode(bytes.substr(0, bytes.find('\0')));
   if (text.find(kCaret) != std::wstring::npos) resolveCarets(text);
 }
 
 void encodeText(const CodePage& page, std::wstring_view text, std::string& bytes) {
-  std::size_t run = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const wchar_t letter = text[i];
-    if (letter != kCaret && letter >= L' ') continue;
-    page.encode(text.substr(run, i - run), bytes);
-    run = i + 1;
-    if (letter == L'\0') return;
-    bytes.push_back('^');
-    bytes.push_back(letter == kCaret ? ' ' : char(letter + kControlBase));
+  constexpr wchar_t kFirstOutsideAscii = 0x80;
+  const auto plain = [](wchar_t c) { return c >= L' ' && c < kFirstOutsideAscii && c != kCaret && c != L'\\'; };
+  if (std::all_of(text.begin(), text.end(), plain)) {
+    const std::size_t before = bytes.size();
+    bytes.resize(before + text.size());
+    std::transform(text.begin(), text.end(), bytes.begin() + std::ptrdiff_t(before), [](wchar_t c) { return char(c); });
+    return;
   }
-  page.encode(text.substr(run), bytes);
+  text = text.substr(0, text.find(L'\0'));
+  std::wstring escaped;
+  for (const wchar_t letter : text) {
+    const bool control = letter < L' ' && letter >= 0;
+    if (letter == kCaret || control) escaped.push_back(kCaret);
+    escaped.push_back(letter == kCaret ? L' ' : control ? wchar_t(letter + kControlBase) : letter);
+  }
+  bytes += page.encode(escaped);
 }
 
 bool decodeHex(std::string_view digits, std::string& bytes) {

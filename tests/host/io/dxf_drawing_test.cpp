@@ -1,0 +1,528 @@
+// Drawings as DXF: read, written, read again.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <numbers>
+#include <random>
+#include <sstream>
+
+#include "host/db/db.h"
+#include "host/io/dxf/Dxf.h"
+#include "host/os/os.h"
+
+using namespace krio;
+using testing::HasSubstr;
+
+namespace {
+
+std::span<const std::byte> bytesOf(std::string_view text) {
+  return std::as_bytes(std::span(text));
+}
+
+struct Read {
+  std::unique_ptr<AcDbDatabase> db = std::make_unique<AcDbDatabase>(false);
+  Report report;
+  Acad::ErrorStatus status = Acad::eOk;
+};
+
+Read readText(std::string_view text, bool recover = false) {
+  Read read;
+  read.status = readDxf(bytesOf(text), *read.db, read.report, {recover});
+  return read;
+}
+
+std::string writeText(AcDbDatabase& db) {
+  std::vector<std::byte> bytes;
+  Report report;
+  EXPECT_EQ(writeDxf(db, bytes, report), Acad::eOk);
+  for (const Finding& finding : report.findings) ADD_FAILURE() << finding.what;
+  return std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+}
+
+std::string messages(const Report& report) {
+  std::string all;
+  for (const Finding& finding : report.findings) {
+    all += (finding.severity == Severity::Error     ? "error "
+            : finding.severity == Severity::Warning ? "warning "
+                                                    : "note ");
+    all += std::to_string(finding.place) + ": " + finding.what + "\n";
+  }
+  return all;
+}
+
+/// Pairs of lines as a file has them.
+std::string groups(std::initializer_list<std::pair<int, const char*>> list) {
+  std::string text;
+  for (const auto& [code, value] : list) text += std::to_string(code) + "\n" + value + "\n";
+  return text;
+}
+
+std::string entitiesFile(const std::string& entities) {
+  return "0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";
+}
+
+std::vector<AcDbEntity*> entitiesOf(AcDbDatabase& db, AcDbObjectId space) {
+  std::vector<AcDbEntity*> entities;
+  for (AcDbStub* const stub : AcDbBlockTableRecord::cast(space.stub()->object)->entities()) {
+    entities.push_back(static_cast<AcDbEntity*>(stub->object));
+  }
+  EXPECT_EQ(db.numOpenObjects(), 0);
+  return entities;
+}
+
+template <class T>
+T* onlyEntity(const Read& read) {
+  const std::vector<AcDbEntity*> entities = entitiesOf(*read.db, read.db->modelSpaceId());
+  EXPECT_EQ(entities.size(), 1U) << messages(read.report);
+  return entities.size() == 1 ? T::cast(entities[0]) : nullptr;
+}
+
+/// Puts an entity into model space; gives it closed.
+template <class T>
+T* add(AcDbDatabase& db, T* entity) {
+  const AcDbObjectPointer<AcDbBlockTableRecord> space(db.modelSpaceId(), AcDb::kForWrite);
+  EXPECT_EQ(space->appendAcDbEntity(entity), Acad::eOk);
+  entity->close();
+  return entity;
+}
+
+std::filesystem::path samples() {
+  const char* const folder = std::getenv("KR_SAMPLES");
+  return folder != nullptr ? folder : "";
+}
+
+std::string fileText(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+}  // namespace
+
+// --- What other programs write
+// -----------------------------------------------------------------------------------------
+
+TEST(DxfReader, ReadsABareLine) {
+  const Read read =
+      readText(entitiesFile(groups({{0, "LINE"}, {8, "Walls"}, {10, "1.5"}, {20, "2.0"}, {11, "-3.25"}, {21, "4"}})));
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const AcDbLine* const line = onlyEntity<AcDbLine>(read);
+  ASSERT_NE(line, nullptr);
+  EXPECT_EQ(line->data().start, AcGePoint3d(1.5, 2, 0));
+  EXPECT_EQ(line->data().end, AcGePoint3d(-3.25, 4, 0));
+  const auto* const layer = AcDbLayerTableRecord::cast(line->layerReference().stub()->object);
+  EXPECT_EQ(layer->nameText(), L"Walls");
+  EXPECT_THAT(messages(read.report), HasSubstr("Walls"));
+}
+
+TEST(DxfReader, MakesWhatABareFileLacksSoThatItCanBeSaved) {
+  const Read read = readText(entitiesFile(groups({{0, "LINE"}, {8, "0"}, {10, "0"}, {20, "0"}, {11, "1"}, {21, "1"}})));
+  ASSERT_EQ(read.status, Acad::eOk);
+  const std::string text = writeText(*read.db);
+  const Read again = readText(text);
+  EXPECT_EQ(again.status, Acad::eOk) << messages(again.report);
+  EXPECT_TRUE(again.report.clean()) << messages(again.report);
+  EXPECT_EQ(onlyEntity<AcDbLine>(again)->data().end, AcGePoint3d(1, 1, 0));
+}
+
+TEST(DxfReader, ReadsClassesWithoutMarkers) {
+  const Read read = readText(
+      entitiesFile(groups({{0, "POLYLINE"}, {8, "0"}, {66, "1"}, {70, "1"}}) +
+                   groups({{0, "VERTEX"}, {8, "0"}, {10, "0.0"}, {20, "0.0"}, {42, "1.0"}}) +
+                   groups({{0, "VERTEX"}, {8, "0"}, {10, "10.0"}, {20, "0.0"}}) + groups({{0, "SEQEND"}, {8, "0"}}) +
+                   groups({{0, "POINT"}, {8, "0"}, {10, "7.0"}, {20, "8.0"}, {30, "9.0"}, {62, "3"}})));
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const std::vector<AcDbEntity*> entities = entitiesOf(*read.db, read.db->modelSpaceId());
+  ASSERT_EQ(entities.size(), 2U);
+  auto* const polyline = AcDb2dPolyline::cast(entities[0]);
+  ASSERT_NE(polyline, nullptr);
+  EXPECT_EQ(polyline->data().flags, 1);
+  ASSERT_EQ(polyline->subentities()->stubs().size(), 2U);
+  EXPECT_EQ(AcDb2dVertex::cast(polyline->subentities()->stubs()[0]->object)->data().bulge, 1.0);
+  EXPECT_FALSE(polyline->subentities()->sequenceEnd().isNull());
+  const auto* const point = AcDbPoint::cast(entities[1]);
+  ASSERT_NE(point, nullptr);
+  EXPECT_EQ(point->data().position, AcGePoint3d(7, 8, 9));
+  EXPECT_EQ(point->common().color.colorIndex(), 3);
+}
+
+TEST(DxfReader, GivesNewHandlesThatNoLaterObjectOfTheFileHas) {
+  const Read read =
+      readText(entitiesFile(groups({{0, "LINE"}, {8, "0"}, {10, "0"}, {20, "0"}, {11, "1"}, {21, "1"}}) +
+                            groups({{0, "LINE"}, {5, "2"}, {8, "0"}, {10, "5"}, {20, "0"}, {11, "1"}, {21, "1"}})));
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const std::vector<AcDbEntity*> lines = entitiesOf(*read.db, read.db->modelSpaceId());
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[1]->objectId().handle().value(), 2U);
+  EXPECT_NE(lines[0]->objectId().handle().value(), 2U);
+}
+
+TEST(DxfReader, RefusesTheBinaryForm) {
+  const std::string mark = std::string("8 bytes ").substr(0, 8) + std::string("Binary DXF\r\n\x1A\0", 14);
+  const Read read = readText(mark);
+  EXPECT_EQ(read.status, Acad::eNotImplementedYet);
+  EXPECT_THAT(messages(read.report), HasSubstr("binary"));
+  EXPECT_TRUE(isDxf(bytesOf(mark)));
+}
+
+TEST(DxfReader, TellsADxfFromOtherFiles) {
+  EXPECT_TRUE(isDxf(bytesOf("  0\r\nSECTION\r\n")));
+  EXPECT_TRUE(isDxf(bytesOf("999\nby hand\n0\nSECTION\n")));
+  EXPECT_FALSE(isDxf(bytesOf("AC1015")));
+  EXPECT_FALSE(isDxf(bytesOf("")));
+}
+
+// --- Faults
+// ------------------------------------------------------------------------------------------------------------
+
+TEST(DxfReader, NamesTheLineOfABadNumber) {
+  const std::string text = entitiesFile(groups({{0, "LINE"}, {8, "0"}, {10, "1.0"}, {20, "x"}, {11, "1"}, {21, "1"}}));
+  const Read strict = readText(text);
+  EXPECT_NE(strict.status, Acad::eOk);
+  ASSERT_FALSE(strict.report.findings.empty());
+  // Four lines of the section, and the fourth group of the entity.
+  EXPECT_EQ(strict.report.findings.back().place, 4 + 3 * 2 + 1);
+  const Read recovered = readText(text, true);
+  EXPECT_EQ(recovered.status, Acad::eOk);
+  EXPECT_FALSE(recovered.report.clean());
+  EXPECT_NE(onlyEntity<AcDbLine>(recovered), nullptr);
+}
+
+TEST(DxfReader, RefusesNumbersThatAreNone) {
+  for (const char* bad : {"nan", "inf", "-inf", "1e999"}) {
+    const std::string text = entitiesFile(groups({{0, "CIRCLE"}, {8, "0"}, {10, "1.0"}, {20, "1.0"}, {40, bad}}));
+    EXPECT_NE(readText(text).status, Acad::eOk) << bad;
+    EXPECT_EQ(readText(text, true).status, Acad::eOk) << bad;
+  }
+}
+
+TEST(DxfReader, RefusesAHandleThatStandsForTwoObjects) {
+  const std::string line = groups({{0, "LINE"}, {5, "AB"}, {8, "0"}, {10, "1"}, {20, "1"}, {11, "1"}, {21, "1"}});
+  EXPECT_EQ(readText(entitiesFile(line + line)).status, Acad::eHandleExists);
+  const Read recovered = readText(entitiesFile(line + line), true);
+  EXPECT_EQ(recovered.status, Acad::eOk);
+  EXPECT_EQ(entitiesOf(*recovered.db, recovered.db->modelSpaceId()).size(), 2U);
+  EXPECT_FALSE(recovered.report.clean());
+}
+
+TEST(DxfReader, NeverCallsACutFileClean) {
+  AcDbDatabase db;
+  add(db, new AcDbLine({0, 0, 0}, {1, 2, 3}));
+  const std::string whole = writeText(db);
+  for (std::size_t size = 0; size + 2 < whole.size(); size += 1 + whole.size() / 700) {
+    const Read strict = readText(whole.substr(0, size));
+    EXPECT_NE(strict.status, Acad::eOk) << size;
+    const Read recovered = readText(whole.substr(0, size), true);
+    EXPECT_FALSE(recovered.report.clean()) << size;
+  }
+}
+
+TEST(DxfReader, TakesAnyDamage) {
+  AcDbDatabase db;
+  add(db, new AcDbLine({0, 0, 0}, {1, 2, 3}));
+  add(db, new AcDbCircle({0, 0, 0}, AcGeVector3d::kZAxis, 4));
+  const std::string whole = writeText(db);
+  std::mt19937 random(11);
+  const char* const values[] = {"-1",           "0",     "1", "65535", "FFFFFFFFFFFFFFFF", "nan", "",
+                                "*Model_Space", "1e308", "{", "}"};
+  for (int i = 0; i < 1500; ++i) {
+    std::string text = whole;
+    for (int k = random() % 4; k >= 0; --k) {
+      const std::size_t at = random() % text.size();
+      switch (random() % 4) {
+        case 0:
+          text[at] = char(random());
+          break;
+        case 1:
+          text.erase(at, random() % 60);
+          break;
+        case 2: {
+          const std::size_t line = text.find('\n', at);
+          const std::size_t next = line != std::string::npos ? text.find('\n', line + 1) : line;
+          if (next != std::string::npos) text.replace(line + 1, next - line - 1, values[random() % std::size(values)]);
+          break;
+        }
+        default:
+          text.insert(at, text.substr(random() % text.size(), random() % 300));
+      }
+    }
+    const Read read = readText(text, i % 2 == 0);
+    if (read.status == Acad::eOk && i % 8 == 0) writeText(*read.db);
+  }
+}
+
+TEST(DxfReader, GoesOnBehindALineThatIsNoCode) {
+  const std::string text =
+      entitiesFile("garbage\n" + groups({{0, "LINE"}, {8, "0"}, {10, "1"}, {20, "1"}, {11, "1"}, {21, "1"}}));
+  EXPECT_NE(readText(text).status, Acad::eOk);
+  const Read recovered = readText(text, true);
+  EXPECT_EQ(recovered.status, Acad::eOk);
+  EXPECT_NE(onlyEntity<AcDbLine>(recovered), nullptr);
+}
+
+TEST(DxfReader, StopsAtMoreObjectsThanSoManyBytesCanMean) {
+  std::string text;
+  for (int i = 0; i < 400000; ++i) text += "0\nX\n9\n\n";
+  EXPECT_NE(readText(entitiesFile(text), true).status, Acad::eOk);
+}
+
+// --- Round trips
+// --------------------------------------------------------------------------------------------------------
+
+TEST(DxfWriter, GivesTheSameBytesAfterOpening) {
+  AcDbDatabase db;
+  add(db, new AcDbLine({1.0 / 3, 2, 3}, {4, 5e-7, 6e12}));
+  add(db, new AcDbArc({1, 2, 3}, 4, 0.1, 5.9));
+  add(db, new AcDbCircle({1, 2, 3}, AcGeVector3d::kXAxis, 0.1));
+  auto* const polyline = new AcDbPolyline;
+  for (int i = 0; i < 5; ++i) polyline->addVertexAt(unsigned(i), {i * 0.1, i / 7.0}, i == 2 ? 0.5 : 0.0);
+  polyline->setClosed(true);
+  add(db, polyline);
+  add(db, new AcDbText({1, 2, 0}, L"caf\u00E9 \u0421 ^ \u03A9", AcDbObjectId::kNull, 2.5, 0.3));
+  add(db, new AcDbMText)->close();
+  const std::string first = writeText(db);
+  const Read read = readText(first);
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  EXPECT_TRUE(read.report.clean()) << messages(read.report);
+  EXPECT_TRUE(writeText(*read.db) == first);
+}
+
+TEST(DxfWriter, KeepsPlainEntitiesToTheBit) {
+  AcDbDatabase db;
+  auto* const line = add(db, new AcDbLine({1.0 / 3, -0.0, 3}, {4, 5e-7, 6e12}));
+  auto* const arc = add(db, new AcDbArc({1, 2, 3}, 4, 0.123456789, 5.987654321));
+  const Read read = readText(writeText(db));
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const std::vector<AcDbEntity*> entities = entitiesOf(*read.db, read.db->modelSpaceId());
+  ASSERT_EQ(entities.size(), 2U);
+  EXPECT_EQ(AcDbLine::cast(entities[0])->data().tie(), line->data().tie());
+  EXPECT_EQ(AcDbArc::cast(entities[1])->data().tie(), arc->data().tie());
+  EXPECT_EQ(entities[0]->objectId().handle(), line->objectId().handle());
+}
+
+TEST(DxfWriter, KeepsCommonProperties) {
+  AcDbDatabase db;
+  auto* const line = new AcDbLine({0, 0, 0}, {1, 1, 1});
+  line->setColorIndex(5);
+  line->setLinetypeScale(2.5);
+  line->setLineWeight(AcDb::kLnWt050);
+  line->setVisibility(AcDb::kInvisible);
+  add(db, line);
+  const Read read = readText(writeText(db));
+  const AcDbEntity::Common common = onlyEntity<AcDbLine>(read)->common();
+  EXPECT_EQ(common.color.colorIndex(), 5);
+  EXPECT_EQ(common.linetypeScale, 2.5);
+  EXPECT_EQ(common.lineWeight, AcDb::kLnWt050);
+  EXPECT_TRUE(common.invisible);
+}
+
+TEST(DxfWriter, KeepsExtendedDataDictionariesAndReactors) {
+  AcDbDatabase db;
+  auto* const line = new AcDbLine({0, 0, 0}, {1, 1, 1});
+  resbuf* const data = acutBuildList(1001, L"KRTEST", 1000, L"text", 1040, 0.25, 1070, 7, 1071, 70000, 0);
+  line->setXData(data);
+  acutRelRb(data);
+  const AcDbObjectPointer<AcDbBlockTableRecord> space(db.modelSpaceId(), AcDb::kForWrite);
+  ASSERT_EQ(space->appendAcDbEntity(line), Acad::eOk);
+  ASSERT_EQ(line->createExtensionDictionary(), Acad::eOk);
+  line->addPersistentReactor(db.layerZero());
+  line->close();
+  const std::string text = writeText(db);
+  const Read read = readText(text);
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const AcDbLine* const again = onlyEntity<AcDbLine>(read);
+  const resbuf* link = again->xDataChain();
+  ASSERT_NE(link, nullptr);
+  EXPECT_STREQ(link->resval.rstring, L"KRTEST");
+  link = link->rbnext->rbnext;
+  EXPECT_EQ(link->resval.rreal, 0.25);
+  EXPECT_EQ(link->rbnext->resval.rint, 7);
+  EXPECT_EQ(link->rbnext->rbnext->resval.rlong, 70000);
+  ASSERT_TRUE(again->extensionDictionaryReference().isResident());
+  EXPECT_NE(AcDbDictionary::cast(again->extensionDictionaryReference().stub()->object), nullptr);
+  ASSERT_NE(again->reactors(), nullptr);
+  EXPECT_EQ(acdbPersistentReactorObjectId(again->reactors()->at(0)).handle(), db.layerZero().handle());
+}
+
+TEST(DxfWriter, KeepsTextsOfEveryScript) {
+  AcDbDatabase db;
+  add(db, new AcDbText({0, 0, 0}, L"\u65E5\u672C ^ x\ty \u00E9\u0421 \\P 5'10\"", AcDbObjectId::kNull, 1));
+  const Read read = readText(writeText(db));
+  EXPECT_EQ(onlyEntity<AcDbText>(read)->data().text, L"\u65E5\u672C ^ x\ty \u00E9\u0421 \\P 5'10\"");
+}
+
+// --- Classes that aren't the host's
+// -------------------------------------------------------------------------------------
+
+namespace {
+
+/// An entity of an application: reads what it writes, unless its first number is 13, or leaves groups over at 14.
+class OwnEntity : public AcDbEntity {
+ public:
+  ACRX_DECLARE_MEMBERS(OwnEntity);
+  int number = 0;
+  double angle = 0;
+  AcGePoint3d place;
+
+  Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const override {
+    if (const Acad::ErrorStatus es = AcDbEntity::dxfOutFields(filer); es != Acad::eOk) return es;
+    filer->writeItem(100, L"OwnEntity");
+    filer->writeItem(170, Adesk::Int16(number));
+    filer->writeItem(50, angle);
+    filer->writeItem(10, place);
+    return filer->filerStatus();
+  }
+  Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override {
+    if (const Acad::ErrorStatus es = AcDbEntity::dxfInFields(filer); es != Acad::eOk) return es;
+    if (!filer->atSubclassData(L"OwnEntity")) return filer->filerStatus();
+    resbuf item{};
+    filer->readItem(&item);
+    number = item.resval.rint;
+    constexpr int kRefused = 13;
+    constexpr int kLeaves = 14;
+    if (number == kRefused) return filer->setError(Acad::eInvalidDxfCode, L"\nnot this one");
+    if (number == kLeaves) return filer->filerStatus();
+    filer->readItem(&item);
+    angle = item.resval.rreal;
+    filer->readItem(&item);
+    place.set(item.resval.rpoint[0], item.resval.rpoint[1], item.resval.rpoint[2]);
+    return filer->filerStatus();
+  }
+};
+ACRX_DXF_DEFINE_MEMBERS(OwnEntity, AcDbEntity, 0, 0, 0, KROWN, KR Own)
+
+class DxfOwnClass : public testing::Test {
+ protected:
+  void SetUp() override {
+    OwnEntity::rxInit();
+    acrxBuildClassHierarchy();
+  }
+  void TearDown() override { deleteAcRxClass(OwnEntity::desc()); }
+
+  std::string written(int number) {
+    AcDbDatabase db;
+    auto* const own = new OwnEntity;
+    own->number = number;
+    own->angle = std::numbers::pi / 2;
+    own->place.set(1, 2, 3);
+    add(db, own);
+    return writeText(db);
+  }
+};
+
+}  // namespace
+
+TEST_F(DxfOwnClass, ReadsItselfThroughTheFiler) {
+  const std::string text = written(1);
+  // Degrees in the file, and the class in its list.
+  EXPECT_THAT(text, HasSubstr("100\nOwnEntity\n170\n     1\n 50\n90.0\n 10\n1.0\n 20\n2.0\n 30\n3.0\n"));
+  EXPECT_THAT(text, HasSubstr("  0\nCLASS\n  1\nKROWN\n  2\nOwnEntity\n  3\nKR Own\n"));
+  const Read read = readText(text);
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const OwnEntity* const own = onlyEntity<OwnEntity>(read);
+  ASSERT_NE(own, nullptr);
+  EXPECT_DOUBLE_EQ(own->angle, std::numbers::pi / 2);
+  EXPECT_EQ(own->place, AcGePoint3d(1, 2, 3));
+  EXPECT_TRUE(writeText(*read.db) == text);
+}
+
+TEST_F(DxfOwnClass, StaysAsAProxyWhenItRefuses) {
+  for (const int number : {13, 14}) {
+    const std::string text = written(number);
+    const Read read = readText(text);
+    ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+    const AcDbProxyEntity* const proxy = onlyEntity<AcDbProxyEntity>(read);
+    ASSERT_NE(proxy, nullptr) << number;
+    EXPECT_EQ(proxy->data().classRecord.cppName, L"OwnEntity");
+    EXPECT_EQ(proxy->data().groups.size(), 6U);
+    EXPECT_THAT(messages(read.report), HasSubstr("KROWN"));
+    EXPECT_THAT(messages(read.report), HasSubstr(number == 13 ? "not this one" : "left over"));
+    // But for the class's mark of having been a proxy.
+    std::string marked = text;
+    const std::size_t place = marked.find("  3\nKR Own\n 90\n        0\n280\n     0\n");
+    ASSERT_NE(place, std::string::npos);
+    marked[marked.find("280\n     0\n", place) + 9] = '1';
+    EXPECT_TRUE(writeText(*read.db) == marked);
+  }
+}
+
+TEST_F(DxfOwnClass, StaysWithItsPictureWhenTheClassIsUnknown) {
+  const std::string text = entitiesFile(groups({{0, "KRNEVER"},
+                                                {5, "A1"},
+                                                {100, "AcDbEntity"},
+                                                {8, "0"},
+                                                {92, "8"},
+                                                {310, "0800000000000000"},
+                                                {100, "KrNever"},
+                                                {90, "7"},
+                                                {1, "caf\xE9 ^ \\U+0421"},
+                                                {1001, "ACAD"},
+                                                {1070, "3"}}));
+  const Read read = readText(text);
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const AcDbProxyEntity* const proxy = onlyEntity<AcDbProxyEntity>(read);
+  ASSERT_NE(proxy, nullptr);
+  EXPECT_EQ(proxy->fileGraphics().size(), 8U);
+  EXPECT_THAT(messages(read.report), HasSubstr("KRNEVER"));
+  const std::string again = writeText(*read.db);
+  EXPECT_THAT(again, HasSubstr(" 92\n        8\n310\n0800000000000000\n100\nKrNever\n 90\n7\n  1\ncaf\xE9 ^ "
+                               "\\U+0421\n1001\nACAD\n1070\n     3\n"));
+}
+
+TEST(DxfProxy, KeepsBitsAndReferencesOfADwg) {
+  AcDbDatabase db;
+  auto* const proxy = new AcDbProxyEntity;
+  AcDbProxyData& data = proxy->dataAsRead();
+  data.form = AcDbProxyData::kDwgBits;
+  data.classRecord.dxfName = L"KRFAR";
+  data.classRecord.cppName = L"KrFar";
+  data.classRecord.appName = L"KR Far";
+  data.classRecord.itemClassId = AcDbClassRecord::kEntityClass;
+  data.bits = {std::byte(0xAB), std::byte(0xC0)};
+  data.bitCount = 11;
+  data.references = {
+      {5, db.layerZero()}, {4, AcDbObjectId::kNull}, {2, db.byLayerLinetype()}, {3, AcDbObjectId::kNull}};
+  add(db, proxy);
+  const std::string text = writeText(db);
+  const Read read = readText(text);
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const AcDbProxyEntity* const again = onlyEntity<AcDbProxyEntity>(read);
+  ASSERT_NE(again, nullptr);
+  EXPECT_EQ(again->data().classRecord.cppName, L"KrFar");
+  EXPECT_EQ(again->data().bits, data.bits);
+  EXPECT_EQ(again->data().bitCount, 11U);
+  ASSERT_EQ(again->data().references.size(), 4U);
+  EXPECT_EQ(again->data().references[0].code, 5);
+  EXPECT_EQ(again->data().references[0].id.handle(), db.layerZero().handle());
+  EXPECT_TRUE(again->data().references[1].id.isNull());
+  EXPECT_EQ(again->data().references[2].code, 2);
+  EXPECT_EQ(again->data().references[3].code, 3);
+  EXPECT_TRUE(writeText(*read.db) == text);
+}
+
+// --- Drawings of other programs
+// -----------------------------------------------------------------------------------------
+
+TEST(DxfSamples, OpenAndComeBackTheSame) {
+  if (samples().empty()) GTEST_SKIP() << "KR_SAMPLES names no folder of sample drawings";
+  int count = 0;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(samples())) {
+    if (entry.path().extension() != ".dxf") continue;
+    ++count;
+    SCOPED_TRACE(entry.path().filename().string());
+    const Read read = readText(fileText(entry.path()));
+    ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+    const std::string first = writeText(*read.db);
+    const Read again = readText(first);
+    ASSERT_EQ(again.status, Acad::eOk) << messages(again.report);
+    EXPECT_TRUE(writeText(*again.db) == first);
+    ASSERT_EQ(again.db->approxNumObjects() > 0, true);
+  }
+  EXPECT_GT(count, 0);
+}
