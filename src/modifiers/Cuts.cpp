@@ -175,6 +175,24 @@ void closeSection(KrObjectArray<KrVector>& lista, std::vector<AcGePoint3d>& cros
   }
 }
 
+/// Removes the elements of holes that lie, in space, in what a cut throws away. Where a cut stands askew its trace
+/// bounds the picture at the last steel that is left, and such a hole may lie before that. `origin` is the outline's
+/// reference origin.
+void removeHolesPast(KrObjectArray<KrVector>& lista, const KrFuro& holes, const NoPlano& cut,
+                     const AcGeVector3d& origin) {
+  const bool towardsNormal = cut.plane.signedDistanceTo(cut.side) > 0;
+  const auto past = [&](const AcGeVector3d& end) {
+    // Holes count along the bar and contain the reference origin; planes count against it and from it.
+    const double d = cut.plane.signedDistanceTo(AcGePoint3d(end.x - origin.x, end.y - origin.y, -end.z));
+    return (towardsNormal ? d : -d) > AcGeContext::gTol.equalPoint();
+  };
+  for (int i = lista.length() - 1; i >= 0; --i) {
+    const KrVector& v = lista[i];
+    if (!v.isFuro() || v.IndexFur() < 0 || v.IndexFur() >= holes.Qtd()) continue;
+    if (past(holes.getIni(v.IndexFur())) && past(holes.getFim(v.IndexFur()))) lista.removeAt(i);
+  }
+}
+
 }  // namespace
 
 // --- Cutting by a polygon
@@ -314,6 +332,7 @@ void KrObject::cutAlong(const AcGeLine3d& linha, AcGePoint3d& lado, int i, int r
   x0 += x0 - x1;
   x1 += x1 - x0;
   CorteVista(x0, x1, lado, vista_, reservado, cortaEixo, i);
+  if (furos_.Qtd() != 0) removeHolesPast(vertexList(VistaCorrente), furos_, cortes_.GetNo(i), secao_.GetRefOrigin());
 }
 
 // --- Trimming a list -------------------------------------------------------------------------------------------------

@@ -178,6 +178,29 @@ TEST(CutInSpace, TwoMitresThatMeetInAPointEndTheOtherViewsThere) {
   EXPECT_NEAR(left.storedLength(), 850, 1e-8);
 }
 
+TEST(CutInSpace, AHoleInWhatWasTakenIsDrawnInNoView) {
+  // The mitre of a bar along x = 850 + y: on the lower side, at y = -30, steel ends at 820.
+  CutBar master;
+  master.cut({850, 0, 0}, {860, 10, 0}, {900, 0, 0});
+  KrFuro holes;
+  holes.Add({30, -20, 830}, {30, 20, 830}, 10, 0, 0);  // through the bar's depth, past the cut
+  holes.Add({30, -20, 810}, {30, 20, 810}, 10, 0, 0);  // before it
+  holes.Add({-50, 0, 860}, {50, 0, 860}, 10, 0, 0);    // across, from the upper side's steel out of the cut
+  for (const KrVistas view : kElevations) {
+    CutBar bar(view);
+    bar.addCortes(master.stored(), 0);
+    bar.setFurosSemLink(holes);
+    bar.Gera_KrVector();
+    for (const KrVector& v : bar.elements()) EXPECT_FALSE(v.isFuro() && v.IndexFur() == 0) << "view " << view;
+    const auto drawn = [&](int hole) {
+      const std::vector<KrVector> all = bar.elements();
+      return std::any_of(all.begin(), all.end(), [&](const KrVector& v) { return v.isFuro() && v.IndexFur() == hole; });
+    };
+    EXPECT_TRUE(drawn(1)) << "view " << view;
+    EXPECT_TRUE(drawn(2)) << "view " << view;
+  }
+}
+
 TEST(CutInSpace, APlaneAskewHasNoLineWithoutTurning) {
   CutBar master;
   master.cut({850, 0, 0}, {860, 10, 0}, {900, 0, 0});
