@@ -2,24 +2,13 @@
 
 #include <cmath>
 
+#include "editing/DimensionScale.h"
+#include "editing/PointScale.h"
 #include "editing/RoundElements.h"
 #include "object/KrObject.h"
 #include "object/Rotation.h"
 
 namespace {
-
-/// The scaling of points about one of them, per axis.
-struct PointScale {
-  AcGePoint3d operator()(const AcGePoint3d& p) const {
-    return {base.x + (p.x - base.x) * a, base.y + (p.y - base.y) * b, base.z + (p.z - base.z) * c};
-  }
-  AcGePoint2d operator()(const AcGePoint2d& p) const {
-    return {base.x + (p.x - base.x) * a, base.y + (p.y - base.y) * b};
-  }
-
-  AcGePoint3d base;
-  double a, b, c;
-};
 
 /// Gives each entity of a list to `change`, open for write; one that can't be opened is left out.
 template <class Change>
@@ -60,6 +49,8 @@ void scaleMark(AcDbEntity& entity, const PointScale& scale) {
       polyline->getPointAt(i, vertex);
       polyline->setPointAt(i, scale(vertex));
     }
+  } else if (auto* leader = exactly<AcDbLeader>(entity)) {
+    for (int i = 0; i < leader->numVertices(); ++i) leader->setVertexAt(i, scale(leader->vertexAt(i)));
   } else if (entity.isKindOf(KrObject::desc())) {
     // A member has a scale of its own: it only follows its place.
     const AcGePoint3d at = static_cast<KrObject&>(entity).startPoint();
@@ -156,7 +147,11 @@ void KrObject::ExecutaVertexScale(double a, double b, double c, const AcGePoint3
   }
 }
 
-void KrObject::ExecutaDimScale(double, double, double) {}
+void KrObject::ExecutaDimScale(double a, double b, double c) {
+  const PointScale scale{startPoint_, a, b, c};
+  const AcGeMatrix3d asDrawn = AcGeMatrix3d::rotation(angleVista_, AcGeVector3d::kZAxis, startPoint_);
+  forEachEntity(relativeDim_, [&](AcDbEntity& entity) { scaleDimension(entity, scale, asDrawn); });
+}
 
 void KrObject::ExecutaPosScale(double a, double b, double c) {
   const PointScale scale{startPoint_, a, b, c};

@@ -383,4 +383,105 @@ TEST_F(MarksOfAMember, StandStillInARegeneration) {
   EXPECT_LT(read<AcDbLine>(0, [](auto& e) { return e.endPoint(); }).distanceTo(along(20, 25)), 1e-9);
 }
 
+// --- Dimensions of the member ----------------------------------------------------------------------------------------
+
+class DimensionsOfAMember : public MarksOfAMember {
+ protected:
+  void dimension(const std::vector<AcDbEntity*>& dimensions) {
+    for (AcDbEntity* entity : dimensions) ids.append(drawing.append(entity));
+    member.make(kAngle, Superior, 1000, 0.7, {500, 80, 0});
+    member.setRelativeDim(&ids);
+  }
+
+  std::wstring textOf(int i) {
+    return read<AcDbDimension>(i, [](const AcDbDimension& d) {
+      ACHAR* text = d.dimensionText();
+      const std::wstring copy = text;
+      acutDelString(text);
+      return copy;
+    });
+  }
+};
+
+TEST_F(DimensionsOfAMember, FollowTheScaleAndTellTheRealSize) {
+  dimension({new AcDbAlignedDimension(along(100, 0), along(350, 0), along(200, 60)),
+             new AcDbRotatedDimension(0.7 + kPi / 2, along(100, 0), along(120, 50), along(90, 20))});
+  ASSERT_EQ(member.ObjectScale(0.1, 0.5, 1), Acad::eOk);
+  const auto near = [](const AcGePoint3d& p, const AcGePoint3d& q) { return p.distanceTo(q) < 1e-9; };
+  EXPECT_TRUE(near(read<AcDbAlignedDimension>(0, [](auto& d) { return d.xLine1Point(); }), along(10, 0)));
+  EXPECT_TRUE(near(read<AcDbAlignedDimension>(0, [](auto& d) { return d.xLine2Point(); }), along(35, 0)));
+  EXPECT_TRUE(near(read<AcDbAlignedDimension>(0, [](auto& d) { return d.dimLinePoint(); }), along(20, 30)));
+  EXPECT_TRUE(near(read<AcDbRotatedDimension>(1, [](auto& d) { return d.xLine2Point(); }), along(12, 25)));
+  EXPECT_NEAR(read<AcDbRotatedDimension>(1, [](auto& d) { return d.rotation(); }), 0.7 + kPi / 2, 1e-12)
+      << "across the bar stays across";
+  EXPECT_EQ(std::stod(textOf(0)), 250);
+  EXPECT_EQ(std::stod(textOf(1)), 50);
+  ASSERT_EQ(member.ObjectScale(1, 1, 1), Acad::eOk);
+  EXPECT_TRUE(near(read<AcDbAlignedDimension>(0, [](auto& d) { return d.xLine2Point(); }), along(350, 0)));
+  EXPECT_EQ(std::stod(textOf(0)), 250);
+}
+
+TEST_F(DimensionsOfAMember, AddedAtAScaleTellTheRealSizeFromTheNextOn) {
+  member.make(kAngle, Superior, 1000, 0.7, {500, 80, 0});
+  member.ObjectScale(0.1, 0.1, 0.1);
+  ids.append(drawing.append(new AcDbAlignedDimension(along(10, 0), along(35, 0), along(20, 60))));
+  member.setRelativeDim(&ids);
+  member.Gera_KrVector();
+  EXPECT_EQ(std::stod(textOf(0)), 250);
+  EXPECT_LT(read<AcDbAlignedDimension>(0, [](auto& d) { return d.xLine2Point(); }).distanceTo(along(35, 0)), 1e-9);
+}
+
+TEST_F(DimensionsOfAMember, KeepATextOfTheirOwn) {
+  dimension({new AcDbAlignedDimension(along(100, 0), along(350, 0), along(200, 60), L"to suit")});
+  member.ObjectScale(0.1, 0.1, 0.1);
+  EXPECT_EQ(textOf(0), L"to suit");
+}
+
+TEST_F(DimensionsOfAMember, ARotatedOneMeasuresAlongWhatItMeasured) {
+  // 45 degrees to the bar; at half the scale along it, that line rises by 2 in 1.
+  dimension({new AcDbRotatedDimension(0.7 + kPi / 4, along(100, 0), along(200, 100), along(90, 20))});
+  member.ObjectScale(0.5, 1, 1);
+  EXPECT_NEAR(read<AcDbRotatedDimension>(0, [](auto& d) { return d.rotation(); }), 0.7 + std::atan2(2, 1), 1e-12);
+}
+
+TEST_F(DimensionsOfAMember, AnOrdinateTellsItsPlaceInTheDrawing) {
+  auto* ordinate = new AcDbOrdinateDimension(true, along(300, 0), along(300, 80));
+  ordinate->setOrigin(along(0, 0));
+  dimension({ordinate});
+  member.ObjectScale(0.1, 0.1, 0.1);
+  EXPECT_LT(read<AcDbOrdinateDimension>(0, [](auto& d) { return d.definingPoint(); }).distanceTo(along(30, 0)), 1e-9);
+  EXPECT_LT(read<AcDbOrdinateDimension>(0, [](auto& d) { return d.leaderEndPoint(); }).distanceTo(along(30, 8)), 1e-9);
+  // The style's number of decimals rounds it: 300 cos 0.7 = 229.4526.
+  EXPECT_NEAR(std::stod(textOf(0)), 300 * std::cos(0.7), 0.005) << "along the drawing's X, at real size";
+}
+
+TEST_F(DimensionsOfAMember, ALeaderFollowsByItsVertices) {
+  const auto leader = [] {
+    auto* made = new AcDbLeader;
+    made->appendVertex(along(100, 20));
+    made->appendVertex(along(200, 60));
+    return made;
+  };
+  dimension({leader()});
+  AcDbObjectIdArray marks;
+  marks.append(drawing.append(leader()));
+  member.setRelativePos(&marks);
+  ids.append(marks[0]);
+  member.ObjectScale(0.1, 0.5, 1);
+  for (const int i : {0, 1}) {
+    EXPECT_LT(read<AcDbLeader>(i, [](auto& l) { return l.vertexAt(0); }).distanceTo(along(10, 10)), 1e-9);
+    EXPECT_LT(read<AcDbLeader>(i, [](auto& l) { return l.vertexAt(1); }).distanceTo(along(20, 30)), 1e-9);
+  }
+}
+
+TEST_F(DimensionsOfAMember, OfAnyOtherKindStay) {
+  auto* radial = new AcDbRadialDimension;
+  radial->setCenter(along(100, 0));
+  radial->setChordPoint(along(120, 0));
+  dimension({radial});
+  member.ObjectScale(0.1, 0.5, 1);
+  EXPECT_LT(read<AcDbRadialDimension>(0, [](auto& d) { return d.center(); }).distanceTo(along(100, 0)), 1e-9);
+  EXPECT_EQ(textOf(0), L"");
+}
+
 }  // namespace
