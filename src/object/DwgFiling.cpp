@@ -286,8 +286,12 @@ bool KrObject::readExtensions(AcDbDwgFiler* filer) {
     if (className.empty()) continue;
     AcRxClass* cls = AcRxClass::cast(acrxClassDictionary->at(className.c_str()));
     if (cls == nullptr) return false;
-    KrObjectExtension* extension = KrObjectExtension::cast(cls->create());
-    if (extension == nullptr) return false;
+    AcRxObject* const made = cls->create();
+    KrObjectExtension* extension = KrObjectExtension::cast(made);
+    if (extension == nullptr) {
+      delete made;
+      return false;
+    }
     extensions_.back() = extension;
     extension->dwgInFieldsExtension(filer);
     extension->setCurExtendedObj(this);

@@ -192,6 +192,8 @@ TEST_F(MemberLayouts, ABarThatHasItsReferenceLineGetsNoSecond) {
 TEST_F(MemberLayouts, AnEmptyListRegeneratesAndAFullOneDoesNot) {
   MemberLayout layout = MemberLayout::plate();
   layout.lists[Superior].clear();
+  layout.cuts.clear();
+  layout.notches = {};
   TestMember drawn;
   ASSERT_EQ(read(drawn, layout), Acad::eOk);
   EXPECT_GT(drawn.GetNumVertex(Superior), 4);
@@ -261,4 +263,37 @@ TEST_F(MemberLayouts, ASaveDropsLinksToDimensionsThatAreGoneAndACopyKeepsThem) {
   member.dwgOutFieldsData(&save);
   layout.relativeDim = {living};
   EXPECT_EQ(save.buffer(), layout.bytes()) << "dimensions only: other links stay";
+}
+
+TEST_F(MemberLayouts, AnExtensionOfAClassThatIsNotLoadedStopsTheReadingWithoutAnError) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.lists[Superior].clear();
+  layout.extensions = {{L"SomeoneElsesMark", [](AcDbDwgFiler& filer) { filer.writeInt32(5); }}};
+  TestMember member;
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler, layout.bytes());
+  ASSERT_EQ(member.dwgInFieldsData(&filer), Acad::eOk);
+  EXPECT_FALSE(filer.atEnd()) << "the extension's own items stay unread";
+  EXPECT_EQ(member.numFuros(), 2) << "what stood ahead of it was read";
+  EXPECT_EQ(member.GetNumVertex(Superior), 0) << "and nothing is regenerated";
+}
+
+TEST_F(MemberLayouts, AClassThatIsNoExtensionStopsItToo) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.extensions = {{L"AcDbLine", {}}};
+  TestMember member;
+  EXPECT_EQ(read(member, layout), Acad::eOk);
+  EXPECT_EQ(member.getKrObjectExtension(1), nullptr);
+}
+
+TEST_F(MemberLayouts, AnEmptySlotOfAnExtensionHasNothingBehindItsName) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.hidden = drawing.layer(L"L-HIDDEN");
+  layout.hideFace = drawing.layer(L"KR_HIDE_FACE");
+  layout.axis = drawing.layer(L"EIXO");
+  layout.extensions = {{L"", {}}, {L"", {}}};
+  TestMember member;
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  member.dwgOutFieldsData(&filer);
+  EXPECT_EQ(filer.buffer(), layout.bytes());
 }

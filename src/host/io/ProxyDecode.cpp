@@ -479,4 +479,7 @@ void drawProxyGraphics(std::span<const std::byte> bytes, AcGiWorldDraw* draw) {
   if (draw != nullptr) Player(draw).play(bytes);
 }
 
+// From the loading of the library on, proxies are drawn by the format that this layer knows.
+[[maybe_unused]] const bool kProxiesAreDrawn = (acdbSetProxyGraphicsDraw(&drawProxyGraphics), true);
+
 }  // namespace krio

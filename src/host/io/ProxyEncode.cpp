@@ -66,7 +66,9 @@ class Encoder final : public gi::WorldDrawBase {
     writeTraits(arc.isCircle || arc.type != kAcGiArcSimple);
     if (arc.byPoints) {
       begin(Chunk::kArcByPoints, sizeof arc.given + sizeof(std::uint32_t));
-      put(arc.given, sizeof arc.given);
+      // From the other end if it runs clockwise: some readers take every arc for a counter-clockwise one.
+      const bool turned = arc.u.crossProduct(arc.v).z < 0.0;
+      for (const int i : {turned ? 2 : 0, 1, turned ? 0 : 2}) put(arc.given[i]);
       return put(std::uint32_t(arc.type));
     }
     AcGeVector3d normal = arc.u.crossProduct(arc.v).normal();

@@ -184,6 +184,15 @@ TEST_F(ProxyGraphics, AnArcDrawnBackwardsTurnsItsNormalSinceReadersGoCounterCloc
   EXPECT_NEAR(calls[0].points[2].distanceTo({0, -2, 0}), 0.0, 1e-14);
 }
 
+TEST_F(ProxyGraphics, AnArcThroughPointsIsToldCounterClockwise) {
+  const Bytes bytes = encoded([](AcGiWorldDraw& draw) {
+    draw.geometry().circularArc(AcGePoint3d(-5, 0, 0), AcGePoint3d(3, 4, 0), AcGePoint3d(5, 0, 0));
+  });
+  Stream expected;
+  plain(expected).chunk(5).point(5, 0).point(3, 4).point(-5, 0).number(0);
+  EXPECT_EQ(bytes, expected.bytes());
+}
+
 TEST_F(ProxyGraphics, PropertiesAreWrittenWhenTheyChangeAndMarkersNever) {
   const AcDbObjectId steel = addLayer(L"STEEL");
   const AcDbObjectId dashed = addLinetype(L"DASHED");
@@ -325,7 +334,7 @@ TEST_F(ProxyGraphics, WhatWasDrawnIsDrawnAgain) {
     geometry.polygon(4, corners);
     traits.setLineType(database_.byLayerLinetype());
     traits.setColor(1);
-    geometry.circularArc({1, 1, 0}, {2, 2, 0}, {3, 1, 0}, kAcGiArcSector);
+    geometry.circularArc({3, 1, 0}, {2, 2, 0}, {1, 1, 0}, kAcGiArcSector);
     traits.setFillType(kAcGiFillNever);
     AcGeMatrix3d move;
     move.setToTranslation({100, 0, 0});
