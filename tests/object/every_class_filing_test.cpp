@@ -336,8 +336,9 @@ TEST_F(MemberWithMark, KeepsItInACopyAndThroughUndo) {
 TEST_F(MemberWithMark, DrawsItBehindItsElements) {
   gi::Recorder recorder;
   recorder.drawWhole(*member);
-  ASSERT_FALSE(recorder.figures().empty());
-  const gi::DrawCall& last = recorder.figures().back();
+  const std::vector<gi::DrawCall> figures = recorder.figures();
+  ASSERT_FALSE(figures.empty());
+  const gi::DrawCall& last = figures.back();
   EXPECT_EQ(last.kind, gi::CallKind::circle);
   EXPECT_NEAR(last.radius, 25, 1e-12);
   EXPECT_TRUE(last.center.isEqualTo(everyclass::kStart + AcGeVector3d(5, 6, 0)));
