@@ -506,6 +506,67 @@ TEST(DxfProxy, KeepsBitsAndReferencesOfADwg) {
   EXPECT_TRUE(writeText(*read.db) == text);
 }
 
+// --- Readers of another hand
+// ------------------------------------------------------------------------------------------
+
+namespace {
+
+/// What a command prints.
+std::string outputOf(const std::string& command) {
+  std::string output;
+  std::FILE* const pipe = popen((command + " 2>/dev/null").c_str(), "r");
+  if (pipe == nullptr) return output;
+  char buffer[4096];
+  while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, pipe)) output.append(buffer, count);
+  pclose(pipe);
+  return output;
+}
+
+class DxfPeers : public testing::Test {
+ protected:
+  void SetUp() override {
+    add(db_, new AcDbLine({1, 2, 3}, {4.5, -5, 6}));
+    add(db_, new AcDbArc({10, 20, 0}, 5, std::numbers::pi / 6, std::numbers::pi));
+    add(db_, new AcDbCircle({-7, 8, 0}, AcGeVector3d::kZAxis, 2.25));
+    auto* const polyline = new AcDbPolyline;
+    polyline->addVertexAt(0, {0, 0}, 0.5);
+    polyline->addVertexAt(1, {10, 0});
+    polyline->addVertexAt(2, {10, 5});
+    add(db_, polyline);
+    add(db_, new AcDbText({3, 4, 0}, L"caf\u00E9", AcDbObjectId::kNull, 2.5));
+    add(db_, new AcDbPoint(AcGePoint3d(9, 9, 9)));
+    path_ = std::filesystem::temp_directory_path() / "kr_dxf_peers.dxf";
+    std::ofstream(path_, std::ios::binary) << writeText(db_);
+  }
+  void TearDown() override { std::filesystem::remove(path_); }
+
+  AcDbDatabase db_;
+  std::filesystem::path path_;
+};
+
+}  // namespace
+
+TEST_F(DxfPeers, FindEveryEntityWhereItIsAndNoError) {
+  const std::string seen = outputOf("/usr/bin/python3 " KR_SOURCE_DIR "/tests/host/io/dxf_peers.py " + path_.string());
+  if (seen.starts_with("ezdxf missing")) GTEST_SKIP() << "ezdxf isn't installed for /usr/bin/python3";
+  EXPECT_EQ(seen,
+            "LINE 1.0 2.0 3.0 4.5 -5.0 6.0\n"
+            "ARC 10.0 20.0 0.0 5.0 30.0 180.0\n"
+            "CIRCLE -7.0 8.0 0.0 2.25\n"
+            "LWPOLYLINE 0.0 0.0 0.5 10.0 0.0 0.0 10.0 5.0 0.0\n"
+            "TEXT 3.0 4.0 0.0 2.5 caf\u00E9\n"
+            "POINT\n");
+}
+
+TEST_F(DxfPeers, FindThePlainGeometryByOgr) {
+  if (outputOf("ogrinfo --version").empty()) GTEST_SKIP() << "ogrinfo isn't installed";
+  const std::string seen = outputOf("ogrinfo -ro -al -q " + path_.string());
+  EXPECT_THAT(seen, HasSubstr("LINESTRING Z (1 2 3,4.5 -5 6)"));
+  EXPECT_THAT(seen, HasSubstr("POINT Z (3 4 0)"));
+  EXPECT_THAT(seen, HasSubstr("POINT Z (9 9 9)"));
+  EXPECT_THAT(seen, HasSubstr("caf\u00E9"));
+}
+
 // --- Drawings of other programs
 // -----------------------------------------------------------------------------------------
 

@@ -61,6 +61,14 @@ TEST(DxfScanner, TellsOfALineThatIsNoCode) {
   EXPECT_EQ(scanner.code(), 10);
 }
 
+TEST(DxfScanner, TakesNoCodeThatAFileCannotHave) {
+  for (const char* text : {"-1\nx\n", "1072\nx\n", "99999999999\nx\n", "1 2\nx\n", "0x\nx\n"}) {
+    Scanner scanner(std::as_bytes(std::span(std::string_view(text))));
+    EXPECT_FALSE(scanner.next()) << text;
+    EXPECT_TRUE(scanner.fault()) << text;
+  }
+}
+
 TEST(DxfScanner, ReadsAGroupAgain) {
   const std::string_view text = "0\nLINE\n8\n0\n";
   Scanner scanner(std::as_bytes(std::span(text)));

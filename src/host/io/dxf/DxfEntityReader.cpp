@@ -308,6 +308,10 @@ AcRxClass* EntityReader::classAhead(std::string_view name, const ObjectKind& kin
 }
 
 void EntityReader::readByClass(std::string_view name) {
+  if (isStructural(name)) {
+    if (in_.fault("an entity was due; it was left out")) in_.skipFields();
+    return;
+  }
   const std::size_t first = in_.scanner().nextPlace();
   const ObjectKind& kind = frames_.kindOf(name, true);
   AcRxClass* const rxClass = classAhead(name, kind);

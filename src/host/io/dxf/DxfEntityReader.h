@@ -98,6 +98,9 @@ class FrameReader {
   AcDbStub* lastOwner_ = nullptr;
 };
 
+/// Whether the name is one of those that the file's own structure has: no object's.
+bool isStructural(std::string_view name);
+
 /// Number of the fixed type of an object in a DWG; 0 for a name that has none.
 int fixedTypeOf(std::string_view dxfName);
 

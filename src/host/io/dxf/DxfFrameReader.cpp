@@ -23,7 +23,39 @@ constexpr FixedType kFixedTypes[] = {
     {"TOLERANCE", 0x2E}, {"MLINE", 0x2F}, {"OLE2FRAME", 0x4A}, {"POLYLINE", 0x1E},
 };
 
+/// Whether a value is of the kind of its group.
+bool isOfItsKind(int code, std::string_view value) {
+  double real = 0;
+  std::uint64_t handle = 0;
+  Adesk::Int16 narrow = 0;
+  Adesk::Int32 whole = 0;
+  std::int64_t wide = 0;
+  std::string bytes;
+  switch (kindOf(code)) {
+    case Kind::kReal:
+    case Kind::kPoint:
+      return parseReal(value, real);
+    case Kind::kInt16:
+      return parseInteger(value, narrow);
+    case Kind::kInt32:
+      return parseInteger(value, whole);
+    case Kind::kInt64:
+      return parseInteger(value, wide);
+    case Kind::kObjectId:
+      return parseHandle(value, handle);
+    case Kind::kBinary:
+      return decodeHex(value, bytes);
+    default:
+      return true;
+  }
+}
+
 }  // namespace
+
+bool isStructural(std::string_view name) {
+  constexpr std::string_view kNames[] = {"", "SECTION", "ENDSEC", "TABLE", "ENDTAB", "BLOCK", "ENDBLK", "CLASS", "EOF"};
+  return std::find(std::begin(kNames), std::end(kNames), name) != std::end(kNames);
+}
 
 int fixedTypeOf(std::string_view dxfName) {
   for (const FixedType& type : kFixedTypes) {
@@ -50,8 +82,7 @@ void Frame::reset() {
   extendedData = nullptr;
 }
 
-FrameReader::FrameReader(Drawing& drawing)
-    : drawing_(drawing), in_(drawing.in()), filer_(in_.scanner(), in_.page(), drawing.db()) {
+FrameReader::FrameReader(Drawing& drawing) : drawing_(drawing), in_(drawing.in()), filer_(in_) {
   const std::unique_ptr<AcRxDictionaryIterator> classes(acrxClassDictionary->newIterator());
   for (; !classes->done(); classes->next()) {
     auto* const each = static_cast<AcRxClass*>(classes->object());
@@ -202,11 +233,7 @@ void FrameReader::readExtendedData() {
     }
     in_.scanner().pushBack();
     resbuf item{};
-    if (filer_.readResBuf(&item) != Acad::eOk) {
-      if (!in_.fault("extended data: " + filer_.fault(), frame_.handle)) return;
-      filer_.resetFilerStatus();
-      continue;
-    }
+    if (filer_.readResBuf(&item) != Acad::eOk) return;
     *tail = valuechain::copyLink(item);
     if (*tail != nullptr) tail = &(*tail)->rbnext;
   }
@@ -239,10 +266,8 @@ bool FrameReader::readFields(AcDbObject& object, bool markers, bool isHosts, std
   // A record of values keeps each as it stands in the file.
   filer_.beginObject(object.isKindOf(AcDbXrecord::desc()), !markers);
   const Acad::ErrorStatus es = object.dxfInFields(&filer_);
-  if (!filer_.fault().empty()) {
-    why = filer_.fault();
-    in_.fault(why, frame_.handle);
-  } else if (es != Acad::eOk) {
+  if (in_.stopped()) return false;
+  if (es != Acad::eOk) {
     why = os::toUtf8(filer_.errorMessage());
     std::replace(why.begin(), why.end(), '\n', ' ');
     if (why.empty()) why = "status " + std::to_string(int(es));
@@ -270,7 +295,12 @@ void FrameReader::keepGroups(AcDbProxyData& data) {
       in_.scanner().pushBack();
       break;
     }
-    const std::string_view value = in_.value();
+    std::string_view value = in_.value();
+    if (in_.recovers() && !isOfItsKind(in_.code(), value)) {
+      // Kept as it is, it would make the saved file faulty again.
+      in_.fault("a value isn't of its group's kind");
+      value = dxf::kindOf(in_.code()) == Kind::kBinary ? "" : "0";
+    }
     const bool ascii = std::all_of(value.begin(), value.end(), [](char c) { return c > 0; });
     data.groups.push_back({in_.code(), ascii ? std::string(value) : os::toUtf8(in_.page().decode(value))});
   }

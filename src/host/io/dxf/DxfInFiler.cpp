@@ -15,7 +15,6 @@ namespace krio::dxf {
 void InFiler::beginObject(bool keepsAngles, bool withoutMarkers) {
   withoutMarkers_ = withoutMarkers;
   keepsAngles_ = keepsAngles;
-  fault_.clear();
   resetFilerStatus();
   start_ = scanner_.nextPlace();
   last_ = start_;
@@ -60,9 +59,8 @@ Acad::ErrorStatus InFiler::pushBackItem() {
   return Acad::eOk;
 }
 
-Acad::ErrorStatus InFiler::refuse(const char* what) {
-  fault_ = what;
-  return status_ = Acad::eInvalidResBuf;
+void InFiler::refuse(const char* what) {
+  if (!in_.fault(what)) status_ = Acad::eInvalidResBuf;
 }
 
 Acad::ErrorStatus InFiler::readResBuf(resbuf* item) {
@@ -126,7 +124,7 @@ bool InFiler::readValue(resbuf& item) {
       chunk_.clear();
       if (!decodeHex(value, chunk_) || chunk_.size() > std::size_t(std::numeric_limits<short>::max())) {
         refuse("a binary value isn't hexadecimal");
-        break;
+        chunk_.clear();
       }
       to.rbinary.clen = short(chunk_.size());
       to.rbinary.buf = chunk_.data();

@@ -3,26 +3,23 @@
 #include <string>
 
 #include "host/db/AcDbDxfFiler.h"
-#include "host/io/CodePage.h"
-#include "host/io/dxf/DxfScanner.h"
+#include "host/io/dxf/DxfInput.h"
 
 namespace krio::dxf {
 
 /// The filer through which an object reads its groups from a file. The reader has read the groups that all objects
 /// have: the filer stands at the first marker behind them. At the end of the object it tells that it is at the end of
-/// its data, so a reader can't run into the next object.
+/// its data, so a reader can't run into the next object. A value of the file that isn't of its group's kind is a fault
+/// of the input: a recovering reading gives the object a plain value for it.
 class InFiler : public AcDbDxfFiler {
  public:
-  InFiler(Scanner& scanner, const CodePage& page, AcDbDatabase& database)
-      : scanner_(scanner), page_(page), database_(database) {}
+  explicit InFiler(Input& input)
+      : in_(input), scanner_(input.scanner()), page_(input.page()), database_(input.database()) {}
 
   /// To be called ahead of each object, with the scanner ahead of its first group. With `keepsAngles`, groups 50 to 58
   /// are read as they are. With `withoutMarkers`, as in files of old versions, each class is led to the object's
   /// first group and picks its own.
   void beginObject(bool keepsAngles = false, bool withoutMarkers = false);
-  /// Why the filer's status isn't eOk any more, when a value of the file is the reason; else empty.
-  const std::string& fault() const { return fault_; }
-
   AcDbDatabase* database() const override { return &database_; }
   bool framesObjects() const override { return true; }
   void setFilerStatus(Acad::ErrorStatus status) override { status_ = status; }
@@ -58,11 +55,12 @@ class InFiler : public AcDbDxfFiler {
   static constexpr int kNoCode = -1;
   /// The code of the next group without reading it; kNoCode at the end of the file.
   int peekCode();
-  Acad::ErrorStatus refuse(const char* what);
+  void refuse(const char* what);
   bool readValue(resbuf& item);
   bool readCoordinates(resbuf& item);
   bool readReal(int code, std::string_view value, double& real) const;
 
+  Input& in_;
   Scanner& scanner_;
   const CodePage& page_;
   AcDbDatabase& database_;
@@ -72,7 +70,6 @@ class InFiler : public AcDbDxfFiler {
   bool withoutMarkers_ = false;
   std::wstring text_;
   std::string chunk_;
-  std::string fault_;
 };
 
 }  // namespace krio::dxf

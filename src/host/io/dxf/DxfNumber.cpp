@@ -47,7 +47,7 @@ bool parseRealSlowly(std::string_view text, double& value) {
   return true;
 }
 
-bool parseInteger(std::string_view text, std::int64_t& value) {
+bool parseIntegerSlowly(std::string_view text, std::int64_t& value) {
   const std::string_view number = withoutPlus(trimmed(text));
   const char* const end = number.data() + number.size();
   std::int64_t parsed = 0;
@@ -63,7 +63,7 @@ bool parseInteger(std::string_view text, std::int64_t& value) {
   return true;
 }
 
-bool parseHandle(std::string_view text, std::uint64_t& value) {
+bool parseHandleSlowly(std::string_view text, std::uint64_t& value) {
   constexpr std::ptrdiff_t kMaxDigits = 16;
   const std::string_view number = trimmed(text);
   const char* const end = number.data() + number.size();

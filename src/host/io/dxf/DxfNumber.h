@@ -48,8 +48,27 @@ inline bool parseReal(std::string_view text, double& value) {
   return true;
 }
 
+/// As parseInteger.
+bool parseIntegerSlowly(std::string_view text, std::int64_t& value);
+
 /// False for text that is no whole number, or one outside of the limits. A real number without a fraction counts.
-bool parseInteger(std::string_view text, std::int64_t& value);
+inline bool parseInteger(std::string_view text, std::int64_t& value) {
+  constexpr std::ptrdiff_t kMaxDigits = 18;
+  const char* p = text.data();
+  const char* const end = p + text.size();
+  while (p != end && *p == ' ') ++p;
+  const bool negative = p != end && *p == '-';
+  if (negative) ++p;
+  if (p == end || end - p > kMaxDigits) return parseIntegerSlowly(text, value);
+  std::int64_t parsed = 0;
+  for (; p != end; ++p) {
+    const unsigned digit = unsigned(*p) - unsigned('0');
+    if (digit > 9) return parseIntegerSlowly(text, value);
+    parsed = parsed * 10 + digit;
+  }
+  value = negative ? -parsed : parsed;
+  return true;
+}
 template <class T>
 bool parseInteger(std::string_view text, T& value) {
   std::int64_t wide = 0;
@@ -61,7 +80,24 @@ bool parseInteger(std::string_view text, T& value) {
   return true;
 }
 
+/// As parseHandle.
+bool parseHandleSlowly(std::string_view text, std::uint64_t& value);
+
 /// A handle in hexadecimal; 0 is one too. False for other text and for more than 16 digits.
-bool parseHandle(std::string_view text, std::uint64_t& value);
+inline bool parseHandle(std::string_view text, std::uint64_t& value) {
+  constexpr std::size_t kMaxDigits = 16;
+  if (text.empty() || text.size() > kMaxDigits) return parseHandleSlowly(text, value);
+  std::uint64_t parsed = 0;
+  for (const char c : text) {
+    unsigned digit = unsigned(c) - unsigned('0');
+    if (digit > 9) {
+      digit = unsigned(c) - unsigned('A') + 10;
+      if (digit < 10 || digit > 15) return parseHandleSlowly(text, value);
+    }
+    parsed = parsed << 4 | digit;
+  }
+  value = parsed;
+  return true;
+}
 
 }  // namespace krio::dxf

@@ -245,6 +245,10 @@ void Reader::readBlockEnd(AcDbBlockTableRecord* block) {
 void Reader::readObject() {
   constexpr std::size_t kAnyObject = 320;
   const std::string_view name = in_.value();
+  if (isStructural(name)) {
+    if (in_.fault("an object was due; it was left out")) in_.skipFields();
+    return;
+  }
   const std::size_t first = in_.scanner().nextPlace();
   const ObjectKind& kind = frames_.kindOf(name, false);
   frames_.begin();

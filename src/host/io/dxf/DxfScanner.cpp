@@ -21,10 +21,10 @@ bool Scanner::oddCode() {
     cursor_ = end_;
     return false;
   }
+  // Negative codes are a program's own and stand in no file.
   const char* q = cursor_;
   while (q != end_ && (*q == ' ' || *q == '\t')) ++q;
-  const bool negative = q != end_ && *q == '-';
-  if (negative || (q != end_ && *q == '+')) ++q;
+  if (q != end_ && *q == '+') ++q;
   int code = 0;
   const char* const digits = q;
   for (; q != end_ && *q >= '0' && *q <= '9' && code <= kMaxCode; ++q) code = code * 10 + (*q - '0');
@@ -32,7 +32,7 @@ bool Scanner::oddCode() {
     fault_ = true;
     return false;
   }
-  return oddCode(q, negative ? -code : code);
+  return oddCode(q, code);
 }
 
 bool Scanner::oddCode(const char* p, int code) {
