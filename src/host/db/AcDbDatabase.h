@@ -116,6 +116,13 @@ class AcDbDatabase : public AcRxObject {
   /// The list of classes as read, in order.
   std::vector<AcDbClassRecord>& classRecords() { return classRecords_; }
   const std::vector<AcDbClassRecord>& classRecords() const { return classRecords_; }
+  /// What a file has beside its drawing.
+  struct FileExtras {
+    Adesk::UInt16 codePage = 30;     ///< of its texts, by its number in a DWG file; 30 is Windows-1252
+    std::vector<std::byte> preview;  ///< the images of a DWG's preview, their addresses counted from its begin
+  };
+  FileExtras& fileExtras() { return fileExtras_; }
+  const FileExtras& fileExtras() const { return fileExtras_; }
 
   // --- Tables ------------------------------------------------------------------------------------------------------
 
@@ -329,4 +336,5 @@ class AcDbDatabase : public AcRxObject {
   AcDbHeader header_;
   bool dimscaleApart_ = false;  // DIMSCALE was set apart from that of the current style
   std::vector<AcDbClassRecord> classRecords_;
+  FileExtras fileExtras_;
 };

@@ -1,0 +1,125 @@
+#include <array>
+#include <unordered_set>
+
+#include "host/io/dwg/Writer.h"
+
+// Which class is written how, and under which number.
+
+namespace krio::dwg {
+
+namespace {
+
+/// The application that classes of the format's own are told to come from.
+constexpr const wchar_t* kSystemApplication = L"ObjectDBX Classes";
+
+struct ControlType {
+  AcRxClass* (*desc)();
+  std::uint16_t number;
+};
+constexpr std::array kControls = {
+    ControlType{[] { return AcDbBlockTable::desc(); }, kBlockControl},
+    ControlType{[] { return AcDbLayerTable::desc(); }, kLayerControl},
+    ControlType{[] { return AcDbTextStyleTable::desc(); }, kStyleControl},
+    ControlType{[] { return AcDbLinetypeTable::desc(); }, kLinetypeControl},
+    ControlType{[] { return AcDbViewTable::desc(); }, kViewControl},
+    ControlType{[] { return AcDbUCSTable::desc(); }, kUcsControl},
+    ControlType{[] { return AcDbViewportTable::desc(); }, kViewportControl},
+    ControlType{[] { return AcDbRegAppTable::desc(); }, kAppIdControl},
+    ControlType{[] { return AcDbDimStyleTable::desc(); }, kDimStyleControl},
+    ControlType{[] { return AcDbVXTable::desc(); }, kViewportHeaderControl},
+};
+
+const wchar_t* orEmpty(const wchar_t* text) {
+  return text != nullptr ? text : L"";
+}
+
+bool isLive(const AcDbStub& stub) {
+  return stub.object != nullptr && !stub.has(AcDbStub::kErased);
+}
+
+}  // namespace
+
+const Writer::Kind& Writer::findKind(const AcRxClass* isA) {
+  auto found = kinds_.find(isA);
+  if (found == kinds_.end()) found = kinds_.emplace(isA, makeKind(*isA)).first;
+  lastClass_ = isA;
+  lastKind_ = &found->second;
+  return found->second;
+}
+
+Writer::Kind Writer::makeKind(const AcRxClass& isA) {
+  Kind kind;
+  kind.isEntity = isA.isDerivedFrom(AcDbEntity::desc());
+  if ((kind.type = typeOf(&isA)) != nullptr) {
+    kind.how = Kind::kByType;
+    kind.number = kind.type->number;
+    if (kind.number == 0) {
+      AcDbClassRecord record;
+      record.appName = kSystemApplication;
+      record.cppName = isA.name();
+      record.dxfName = kind.type->dxfName;
+      kind.number = classNumber(record);
+    }
+    return kind;
+  }
+  for (const ControlType& control : kControls) {
+    if (control.desc() == &isA) return {Kind::kControl, control.number, nullptr, false};
+  }
+  if (&isA == AcDbBlockTableRecord::desc()) return {Kind::kBlockRecord, kBlockRecord, nullptr, false};
+  if (&isA == AcDbXrecord::desc()) return {Kind::kXrecord, kXrecord, nullptr, false};
+  if (&isA == AcDbBlockBegin::desc()) return {Kind::kBlockBegin, kBlockBegin, nullptr, true};
+  if (&isA == AcDbBlockEnd::desc()) return {Kind::kBlockEnd, kBlockEnd, nullptr, true};
+  if (&isA == AcDbProxyEntity::desc()) return {Kind::kProxy, 0, nullptr, true};
+  if (&isA == AcDbProxyObject::desc()) return {Kind::kProxy, 0, nullptr, false};
+  AcDbClassRecord record;
+  record.proxyFlags = isA.proxyFlags();
+  record.appName = orEmpty(isA.appName());
+  record.cppName = isA.name();
+  record.dxfName = isA.dxfName() != nullptr ? isA.dxfName() : isA.name();
+  record.itemClassId = kind.isEntity ? AcDbClassRecord::kEntityClass : AcDbClassRecord::kObjectClass;
+  kind.number = classNumber(record);
+  return kind;
+}
+
+/// The number of a class, which gets a place in the list when it has none.
+unsigned Writer::classNumber(const AcDbClassRecord& record) {
+  const auto [found, added] = classNumbers_.try_emplace(record.dxfName + L'\n' + record.cppName, classes_.size());
+  if (added) classes_.push_back(record);
+  return kFirstClass + found->second;
+}
+
+unsigned Writer::typeOfProxy(const AcDbProxyData& data, bool isEntity) {
+  if (data.classRecord.dxfName.empty()) {
+    if (data.fixedType != 0) return data.fixedType;
+    return isEntity ? kProxyEntity : kProxyObject;
+  }
+  const unsigned number = classNumber(data.classRecord);
+  const bool native = data.form == AcDbProxyData::kDwgBits && !data.asProxyRecord;
+  return native ? number : unsigned(isEntity ? kProxyEntity : kProxyObject);
+}
+
+/// The classes of the drawing's list first, then those that its objects need.
+void Writer::collectClasses() {
+  for (const AcDbClassRecord& record : database_.classRecords()) {
+    classNumbers_.try_emplace(record.dxfName + L'\n' + record.cppName, unsigned(classes_.size()));
+    classes_.push_back(record);
+  }
+  std::unordered_set<unsigned> ofProxies;
+  for (const AcDbStub& stub : database_.handleTable().stubs()) {
+    if (!isLive(stub)) continue;
+    const Kind& kind = kindOf(*stub.object);
+    if (kind.how != Kind::kProxy) continue;
+    const AcDbProxyData& data = kind.isEntity ? static_cast<const AcDbProxyEntity&>(*stub.object).data()
+                                              : static_cast<const AcDbProxyObject&>(*stub.object).data();
+    if (data.classRecord.dxfName.empty()) continue;
+    AcDbClassRecord record = data.classRecord;
+    record.itemClassId = kind.isEntity ? AcDbClassRecord::kEntityClass : AcDbClassRecord::kObjectClass;
+    ofProxies.insert(classNumber(record) - kFirstClass);
+  }
+  for (unsigned i = 0; i < classes_.size(); ++i) {
+    const bool known = typeOfClass(classes_[i].dxfName) != nullptr || customClassOf(classes_[i]) != nullptr;
+    if (known || ofProxies.contains(i)) classes_[i].wasProxy = !known;
+  }
+}
+
+}  // namespace krio::dwg
