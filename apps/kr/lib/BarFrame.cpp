@@ -45,4 +45,19 @@ MemberAxis memberAxis(const Job& job, const JobMember& member) {
           {to.x - u.x * member.endSetback, to.y - u.y * member.endSetback, to.z - u.z * member.endSetback}};
 }
 
+MemberAxis drawnAxis(const Job& job, const JobMember& member) {
+  MemberAxis axis = memberAxis(job, member);
+  if (member.modifiers == kNone) return axis;
+  const JobModifiers& modifiers = job.modifiers[member.modifiers];
+  const double along = modifiers.scaleAlong > 0 ? modifiers.scaleAlong : modifiers.scale;
+  if (along <= 0) return axis;
+  // Those that see the bar from behind are drawn from its end.
+  const bool fromEnd = member.view == 2 || member.view == 3;
+  JobPoint& fixed = fromEnd ? axis.end : axis.start;
+  JobPoint& moved = fromEnd ? axis.start : axis.end;
+  const AcGeVector3d bar = fromTo(fixed, moved) * along;
+  moved = {fixed.x + bar.x, fixed.y + bar.y, fixed.z + bar.z};
+  return axis;
+}
+
 }  // namespace kr

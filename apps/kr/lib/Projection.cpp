@@ -113,6 +113,8 @@ Job projected(const Job& job, const JobView& view) {
   flat.layers = job.layers;
   flat.profiles = job.profiles;
   flat.modifiers = job.modifiers;
+  // A member's own scale is of the plane of the job: a view has its own.
+  for (JobModifiers& modifiers : flat.modifiers) modifiers.scale = modifiers.scaleAlong = 0;
   flat.points.reserve(job.points.size());
   for (const JobPoint& point : job.points) flat.points.push_back(plane(point));
   for (std::uint32_t i = 0; i < job.members.size(); ++i) {

@@ -170,13 +170,23 @@ bool isDimensioned(const Job& job) {
   return std::any_of(job.members.begin(), job.members.end(), isBar);
 }
 
+namespace {
+
+double scaleAcross(const Job& job, const JobMember& member) {
+  const double own = member.modifiers == kNone ? 0 : job.modifiers[member.modifiers].scale;
+  return own > 0 ? own : 1;
+}
+
+}  // namespace
+
 std::vector<Stroke> memberStrokes(const Job& job, const Placement& place) {
   std::vector<Stroke> strokes;
   for (const JobMember& member : job.members) {
-    const MemberAxis axis = memberAxis(job, member);
+    const MemberAxis axis = drawnAxis(job, member);
     const JobProfile& profile = job.profiles[member.profile];
     strokes.push_back({place(axis.start), place(axis.end),
-                       reachAcross(*profile.profileClass, memberValues(job, member), member.view) * place.scale});
+                       reachAcross(*profile.profileClass, memberValues(job, member), member.view) * place.scale *
+                           scaleAcross(job, member)});
   }
   return strokes;
 }
