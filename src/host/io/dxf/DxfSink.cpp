@@ -50,7 +50,7 @@ void Sink::encode(std::wstring_view value, std::string& bytes) const {
 }
 
 void Sink::angle(int code, double radians) {
-  end(formatDegrees(begin(code, kMaxWideLength), radians));
+  end(formatDegrees(begin(code, kMaxWideLength), std::isfinite(radians) ? radians : 0.0));
 }
 
 void Sink::ratio(int code, double width, double height) {

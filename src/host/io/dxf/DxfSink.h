@@ -36,7 +36,10 @@ class Sink {
   void text(int code, std::wstring_view value);
   /// Appends the text as it would stand in the file.
   void encode(std::wstring_view value, std::string& bytes) const;
-  void real(int code, double value) { end(formatReal(begin(code, kMaxRealLength), value)); }
+  /// What is no finite number is written as 0.
+  void real(int code, double value) {
+    end(formatReal(begin(code, kMaxRealLength), std::isfinite(value) ? value : 0.0));
+  }
   /// An angle in radians.
   void angle(int code, double radians);
   /// The ratio of a view's width to its height.

@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "host/io/dxf/DxfAngle.h"
 #include "host/io/dxf/DxfTableReader.h"
 
@@ -134,6 +136,10 @@ void TableReader::readViewport() {
     }
   });
   view.width = widthOf(view.height, aspect);
+  if (!std::isfinite(view.width)) {
+    in_.fault("a viewport is wider than any number", frames_.frame().handle);
+    view.width = view.height;
+  }
   put(std::move(viewport), drawing_.roots().viewportTable);
 }
 
