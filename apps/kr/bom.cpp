@@ -3,7 +3,7 @@
 
 void commandBom(const CommandLine& line, kr::Report& report) {
   kr::BomRequest request;
-  request.job = line.argument("JOB");
+  request.job = line.argument("FILE");
   request.output = line.has("--output") ? line.value("--output") : "-";
   request.overwrite = line.has("--overwrite");
   request.data = line.value("--data");

@@ -6,7 +6,10 @@
 
 namespace {
 
-// A whole number of an option within its limits; false, reported, when it isn't one.
+constexpr int kMostSheets = 10000;
+
+}  // namespace
+
 bool wholeNumber(const CommandLine& line, std::string_view option, int low, int high, int& number, kr::Report& report) {
   if (!line.has(option)) return true;
   const std::string text = line.value(option);
@@ -18,14 +21,15 @@ bool wholeNumber(const CommandLine& line, std::string_view option, int low, int 
   return false;
 }
 
-constexpr int kMostSheets = 10000;
-
-}  // namespace
-
 void commandBuild(const CommandLine& line, kr::Report& report) {
   kr::BuildRequest request;
   request.job = line.argument("JOB");
   request.files = line.arguments("FILE");
+  if (line.has("--output")) request.files.push_back(line.value("--output"));
+  if (request.files.empty()) {
+    report.error(kr::Exit::kArguments, "no FILE given: name what to write; see kr help build");
+    return;
+  }
   request.format = line.value("--format");
   request.overwrite = line.has("--overwrite");
   request.data = line.value("--data");

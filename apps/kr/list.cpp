@@ -3,7 +3,7 @@
 
 void commandList(const CommandLine& line, kr::Report& report) {
   kr::ListRequest request;
-  request.job = line.argument("JOB");
+  request.job = line.argument("FILE");
   request.names = line.arguments("NAME");
   request.json = line.has("--json");
   request.output = line.has("--output") ? line.value("--output") : "-";

@@ -12,8 +12,9 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {"build", commandBuild}, {"bom", commandBom},   {"list", commandList},           {"catalogue", commandCatalogue},
-    {"about", commandAbout}, {"help", commandHelp}, {"documents", commandDocuments},
+    {"build", commandBuild},         {"bom", commandBom},     {"list", commandList},   {"info", commandInfo},
+    {"convert", commandConvert},     {"plot", commandPlot},   {"audit", commandAudit}, {"recover", commandRecover},
+    {"catalogue", commandCatalogue}, {"about", commandAbout}, {"help", commandHelp},   {"documents", commandDocuments},
 };
 
 void run(int count, char** words, kr::Report& report) {

@@ -18,7 +18,7 @@ _kr() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} place=0 i
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    COMPREPLY=($(compgen -W 'build bom list catalogue about help --help --version' -- "$word"))
+    COMPREPLY=($(compgen -W 'build bom list info convert plot audit recover catalogue about help --help --version' -- "$word"))
     return
   fi
   for ((i = 2; i < COMP_CWORD; i++)); do
@@ -27,20 +27,24 @@ _kr() {
   case $before in
     --catalogue) _kr_files ''; return ;;
     --data) _kr_files ''; return ;;
+    --format|-f) COMPREPLY=($(compgen -W 'dwg dxf' -- "$word")); return ;;
+    --format|-f) COMPREPLY=($(compgen -W 'pdf svg png dwg dxf' -- "$word")); return ;;
     --format|-f) COMPREPLY=($(compgen -W 'pdf svg png' -- "$word")); return ;;
     --output|-o) _kr_files ''; return ;;
     --resolution) return ;;
+    --scale) return ;;
     --sheet) return ;;
+    --size) COMPREPLY=($(compgen -W 'A0 A1 A2 A3 A4' -- "$word")); return ;;
   esac
   case ${COMP_WORDS[1]} in
     build)
       if [[ $word == -* ]]; then
-        COMPREPLY=($(compgen -W '-f --format --sheet --resolution --catalogue --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        COMPREPLY=($(compgen -W '-o --output -f --format --sheet --resolution --catalogue --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
         return
       fi
       case $place in
         0) _kr_files 'json' ;;
-        *) _kr_files 'pdf svg png' ;;
+        *) _kr_files 'pdf svg png dwg dxf' ;;
       esac
       ;;
     bom)
@@ -49,7 +53,7 @@ _kr() {
         return
       fi
       case $place in
-        0) _kr_files 'json' ;;
+        0) _kr_files 'json dwg dxf' ;;
       esac
       ;;
     list)
@@ -58,7 +62,54 @@ _kr() {
         return
       fi
       case $place in
-        0) _kr_files 'json' ;;
+        0) _kr_files 'json dwg dxf' ;;
+      esac
+      ;;
+    info)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '--json -o --output --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      case $place in
+        0) _kr_files 'dwg dxf' ;;
+      esac
+      ;;
+    convert)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '-f --format --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      case $place in
+        0) _kr_files 'dwg dxf' ;;
+        1) _kr_files 'dwg dxf' ;;
+      esac
+      ;;
+    plot)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '-f --format --size --scale --resolution --catalogue --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      case $place in
+        0) _kr_files 'json dwg dxf' ;;
+        1) _kr_files 'pdf svg png' ;;
+      esac
+      ;;
+    audit)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '--fix --json -o --output --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      case $place in
+        0) _kr_files 'dwg dxf' ;;
+      esac
+      ;;
+    recover)
+      if [[ $word == -* ]]; then
+        COMPREPLY=($(compgen -W '-o --output -f --format --json --overwrite -h --help -q --quiet -v --verbose --data' -- "$word"))
+        return
+      fi
+      case $place in
+        0) _kr_files 'dwg dxf' ;;
       esac
       ;;
     catalogue)
@@ -80,7 +131,7 @@ _kr() {
         COMPREPLY=($(compgen -W '--json -h --help -q --quiet -v --verbose --data' -- "$word"))
         return
       fi
-      COMPREPLY=($(compgen -W 'build bom list catalogue about help' -- "$word"))
+      COMPREPLY=($(compgen -W 'build bom list info convert plot audit recover catalogue about help' -- "$word"))
       ;;
   esac
 }

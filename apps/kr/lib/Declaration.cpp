@@ -3,7 +3,10 @@
 namespace kr {
 namespace {
 
-constexpr std::string_view kFormats[] = {"pdf", "svg", "png"};
+constexpr std::string_view kFormats[] = {"pdf", "svg", "png", "dwg", "dxf"};
+constexpr std::string_view kPageFormats[] = {"pdf", "svg", "png"};
+constexpr std::string_view kDrawingFormats[] = {"dwg", "dxf"};
+constexpr std::string_view kPageSizes[] = {"A0", "A1", "A2", "A3", "A4"};
 
 constexpr OptionDeclaration kCommon[] = {
     {"--help", 'h', {}, "show how the verb is used, and end"},
@@ -23,11 +26,12 @@ constexpr ArgumentDeclaration kJob{"JOB", "the job file, or - for standard input
 
 constexpr ArgumentDeclaration kBuildArguments[] = {
     kJob,
-    {"FILE", "a drawing to write, by its ending a pdf, svg or png; - for standard output", true, true, true,
-     "pdf svg png"},
+    {"FILE", "a file to write, by its ending a pdf, svg, png, dwg or dxf; - for standard output", false, true, true,
+     "pdf svg png dwg dxf"},
 };
 constexpr OptionDeclaration kBuildOptions[] = {
-    {"--format", 'f', "FORMAT", "the kind of drawing, where the ending doesn't tell it", kFormats},
+    {"--output", 'o', "FILE", "a file to write, as FILE", {}, true},
+    {"--format", 'f', "FORMAT", "the kind of file, where the ending doesn't tell it", kFormats},
     {"--sheet", '\0', "N", "draw only sheet N of the job, counted from 1"},
     {"--resolution", '\0', "DPI", "the dots per inch of a png, from 30 to 1200; 150 when not given"},
     kTables,
@@ -35,12 +39,20 @@ constexpr OptionDeclaration kBuildOptions[] = {
 };
 constexpr ExampleDeclaration kBuildExamples[] = {
     {"kr build roof-truss.json roof-truss.pdf", "Draw a job as PDF."},
+    {"kr build roof-truss.json -o roof-truss.dwg", "Save its members as a drawing."},
     {"kr build roof-truss.json roof-truss.pdf roof-truss.svg --overwrite",
      "Draw it twice, replacing what stands there."},
     {"generate-job | kr build - - --format svg > truss.svg", "Draw what another program writes."},
 };
 
-constexpr ArgumentDeclaration kBomArguments[] = {kJob};
+constexpr ArgumentDeclaration kWork{
+    "FILE", "a job (json) or a drawing (dwg, dxf), told by its contents; - for standard input",
+    true,   false,
+    true,   "json dwg dxf"};
+constexpr ArgumentDeclaration kDrawing{
+    "DRAWING", "the drawing, a dwg or dxf told by its contents; - for standard input", true, false, true, "dwg dxf"};
+
+constexpr ArgumentDeclaration kBomArguments[] = {kWork};
 constexpr OptionDeclaration kBomOptions[] = {
     kJson, {"--csv", '\0', {}, "write comma separated values, with a row of names"}, kTables, kOutput, kOverwrite,
 };
@@ -51,12 +63,73 @@ constexpr ExampleDeclaration kBomExamples[] = {
 };
 
 constexpr ArgumentDeclaration kListArguments[] = {
-    kJob,
+    kWork,
     {"NAME", "the names of the members to list; all when none is given", false, true, false},
 };
 constexpr OptionDeclaration kListOptions[] = {kJson, kTables, kOutput, kOverwrite};
 constexpr ExampleDeclaration kListExamples[] = {
     {"kr list roof-truss.json D1", "Show all that member D1 says of itself."},
+    {"kr list roof-truss.dwg --json", "Read the members of a drawing."},
+};
+
+constexpr ArgumentDeclaration kInfoArguments[] = {kDrawing};
+constexpr OptionDeclaration kInfoOptions[] = {kJson, kOutput, kOverwrite};
+constexpr ExampleDeclaration kInfoExamples[] = {
+    {"kr info roof-truss.dwg", "Show what is in a drawing."},
+    {"kr info roof-truss.dwg --json | jq .modelSpace.members", "Count its members."},
+};
+
+constexpr ArgumentDeclaration kConvertArguments[] = {
+    kDrawing,
+    {"FILE", "the drawing to write, by its ending a dwg or dxf; - for standard output", true, false, true, "dwg dxf"},
+};
+constexpr OptionDeclaration kConvertOptions[] = {
+    {"--format", 'f', "FORMAT", "the kind of drawing, where the ending doesn't tell it", kDrawingFormats},
+    kOverwrite,
+};
+constexpr ExampleDeclaration kConvertExamples[] = {
+    {"kr convert roof-truss.dwg roof-truss.dxf", "Write a drawing in the other format."},
+};
+
+constexpr ArgumentDeclaration kAuditArguments[] = {kDrawing};
+constexpr OptionDeclaration kAuditOptions[] = {
+    {"--fix", '\0', {}, "mend what can be mended, in the drawing's file; the file before stays with the ending .bak"},
+    kJson,
+    kOutput,
+    kOverwrite,
+};
+constexpr ExampleDeclaration kAuditExamples[] = {
+    {"kr audit roof-truss.dwg", "Look for faults; nothing is changed."},
+    {"kr audit roof-truss.dwg --fix", "Mend what can be mended."},
+};
+
+constexpr ArgumentDeclaration kRecoverArguments[] = {kDrawing};
+constexpr OptionDeclaration kRecoverOptions[] = {
+    {"--output", 'o', "FILE", "the drawing to save, by its ending a dwg or dxf", {}, true},
+    {"--format", 'f', "FORMAT", "the kind of drawing, where the ending doesn't tell it", kDrawingFormats},
+    kJson,
+    kOverwrite,
+};
+constexpr ExampleDeclaration kRecoverExamples[] = {
+    {"kr recover damaged.dwg -o saved.dwg", "Save what can be read of a damaged drawing."},
+};
+
+constexpr ArgumentDeclaration kPlotArguments[] = {
+    kWork,
+    {"OUTPUT", "the page to write, by its ending a pdf, svg or png; - for standard output", true, false, true,
+     "pdf svg png"},
+};
+constexpr OptionDeclaration kPlotOptions[] = {
+    {"--format", 'f', "FORMAT", "the kind of page, where the ending doesn't tell it", kPageFormats},
+    {"--size", '\0', "SIZE", "the size of the page; A3 when not given", kPageSizes},
+    {"--scale", '\0', "SCALE", "as 1:50 or 2:1; the largest usual one that fits when not given"},
+    {"--resolution", '\0', "DPI", "the dots per inch of a png, from 30 to 1200; 150 when not given"},
+    kTables,
+    kOverwrite,
+};
+constexpr ExampleDeclaration kPlotExamples[] = {
+    {"kr plot roof-truss.dwg roof-truss.pdf", "Draw what is in model space."},
+    {"kr plot roof-truss.dwg detail.png --size A4 --scale 1:100", "Draw it at a scale."},
 };
 
 constexpr ArgumentDeclaration kCatalogueArguments[] = {
@@ -99,18 +172,50 @@ constexpr VerbDeclaration kVerbs[] = {
     {"build", "draw a job",
      "Reads JOB, makes its members and draws them on the job's sheets: every member in elevation in its place, the "
      "distinct sections beside it, dimensions, marks, the bill of materials and the title block.\n\n"
-     "Each FILE is written by its ending. A pdf holds every sheet of the job, an svg or png one. Files are written "
-     "whole or not at all: a wrong job, a failure or a full disk leaves what was there.",
+     "Each FILE is written by its ending. A pdf holds every sheet of the job, an svg or png one. A dwg or dxf holds "
+     "the "
+     "members in model space, each as an entity of its class on its layer, with the picture that programs without the "
+     "classes show; sheets aren't in it. Files are written whole or not at all: a wrong job, a failure or a full disk "
+     "leaves what was there, and a drawing that --overwrite replaces is kept with the ending .bak.",
      kBuildArguments, kBuildOptions, kBuildExamples},
-    {"bom", "write a job's bill of materials",
-     "Reads JOB and writes its bill of materials: class, designation, dimensions, length, count, unit and total "
+    {"bom", "write the bill of materials of a job or a drawing",
+     "Reads FILE and writes the bill of materials: class, designation, dimensions, length, count, unit and total "
      "weight, and painted area. Equal members stand in one row.\n\n"
      "Lengths are in mm, weights in kg, areas in m2. Text is for people and may change; CSV and JSON are for programs.",
      kBomArguments, kBomOptions, kBomExamples, "bom.schema.json"},
     {"list", "write what members say of themselves",
-     "Reads JOB and writes the listing of its members, or of those named: points, view, role, lengths, painted area, "
+     "Reads FILE and writes the listing of its members, or of those named: points, view, role, lengths, painted area, "
      "weight and the dimensions of the class.",
      kListArguments, kListOptions, kListExamples, "list.schema.json"},
+    {"info", "show what is in a drawing",
+     "Reads DRAWING and writes its format and version, how many objects of each class it holds, its layers and blocks, "
+     "the extents of model space, the objects that are kept as proxies because their class isn't there, and its "
+     "handles.",
+     kInfoArguments, kInfoOptions, kInfoExamples, "info.schema.json"},
+    {"convert", "write a drawing in the other format",
+     "Reads DRAWING and writes all that it holds to FILE, by its ending a dwg or a dxf. What no class is there for "
+     "goes "
+     "along as it is.",
+     kConvertArguments, kConvertOptions, kConvertExamples},
+    {"plot", "draw the model space of a drawing or a job on one page",
+     "Reads FILE and draws what stands in its model space on a page, that lies or stands as the drawing does, in the "
+     "layers' colours and line weights. Objects whose class isn't there are drawn by the picture that came with them.",
+     kPlotArguments, kPlotOptions, kPlotExamples},
+    {"audit", "look for faults in a drawing, and mend them",
+     "Reads DRAWING and looks at its structure (101: lost, 102: put right in reading), at the links of every object "
+     "(201: owner, 202: layer, 203: another object that it needs, 204: its block's list, 205: an owner of itself, 206: "
+     "a block that inserts itself, 299: others), at what it holds (301: no finite extents), and has every object audit "
+     "itself (401: a fault that an object of a module, such as a member, finds). Findings are numbered, those fixed "
+     "told apart from those that aren't.\n\n"
+     "Nothing is changed without --fix. With it the file is replaced when something was mended, and the one before "
+     "stays with the ending .bak. A damaged file is never replaced: see recover. The run ends with code 5 when any "
+     "fault "
+     "is left.",
+     kAuditArguments, kAuditOptions, kAuditExamples, "audit.schema.json"},
+    {"recover", "save what can be read of a damaged drawing",
+     "Reads DRAWING, whatever it takes, saves what could be read to the file named with -o, and lists what was lost or "
+     "mended. The run ends with code 5 when anything was, and with 0 for a drawing that is whole.",
+     kRecoverArguments, kRecoverOptions, kRecoverExamples, "recover.schema.json"},
     {"catalogue", "list, search or show standard sections",
      "Without ACTION, lists the tables of standard sections and how many sections each has. search lists the sections "
      "in one of whose designations, or in whose series, every word stands. show tells which class draws a section and "
@@ -154,6 +259,9 @@ constexpr ReservedOption kReserved[] = {
     {"--data", '\0', true, "the install folder"},
     {"--catalogue", '\0', true, "a table of sections"},
     {"--sheet", '\0', true, "a sheet of the job, counted from 1"},
+    {"--size", '\0', true, "the size of a page"},
+    {"--scale", '\0', true, "lengths on paper to real ones"},
+    {"--fix", '\0', false, "mend what a check finds"},
     {"--progress", '\0', false, "show progress even when standard error is no terminal"},
     {"--no-progress", '\0', false, "never show progress"},
     {"--strict", '\0', false, "take warnings for errors"},
@@ -204,7 +312,7 @@ std::span<const VariableDeclaration> variables() {
   return kVariables;
 }
 std::string_view programSummary() {
-  return "draw and weigh steel members from a job file";
+  return "draw and weigh steel members of jobs and drawings";
 }
 
 }  // namespace kr

@@ -50,6 +50,24 @@ bool writeStream(std::FILE* file, std::string_view contents) {
   return std::fwrite(contents.data(), 1, contents.size(), file) == contents.size() && std::fflush(file) == 0;
 }
 
+bool writeWhole(const std::string& path, std::string_view contents, const os::ReplaceOptions& options, Report& report) {
+  if (path == kStandardStream) {
+    if (writeStream(stdout, contents)) return true;
+    report.error(Exit::kOutputConflict, "can't write standard output: " + reason());
+    return false;
+  }
+  if (isStream(path)) {
+    const File file(std::fopen(path.c_str(), "wb"));
+    if (file != nullptr && writeStream(file.get(), contents)) return true;
+    report.error(Exit::kOutputConflict, "can't write " + inQuotes(path) + ": " + reason());
+    return false;
+  }
+  const os::ReplaceResult result = os::replaceFile(path, contents, options);
+  if (result) return true;
+  report.error(Exit::kOutputConflict, result.message);
+  return false;
+}
+
 }  // namespace
 
 bool readInput(const std::string& path, std::string& contents, Report& report) {
@@ -86,23 +104,11 @@ bool checkOutput(const std::string& path, const std::string& input, bool overwri
 }
 
 bool writeOutput(const std::string& path, std::string_view contents, bool overwrite, Report& report) {
-  if (path == kStandardStream) {
-    if (writeStream(stdout, contents)) return true;
-    report.error(Exit::kOutputConflict, "can't write standard output: " + reason());
-    return false;
-  }
-  if (isStream(path)) {
-    const File file(std::fopen(path.c_str(), "wb"));
-    if (file != nullptr && writeStream(file.get(), contents)) return true;
-    report.error(Exit::kOutputConflict, "can't write " + inQuotes(path) + ": " + reason());
-    return false;
-  }
-  os::ReplaceOptions options;
-  options.overwrite = overwrite;
-  const os::ReplaceResult result = os::replaceFile(path, contents, options);
-  if (result) return true;
-  report.error(Exit::kOutputConflict, result.message);
-  return false;
+  return writeWhole(path, contents, {.overwrite = overwrite}, report);
+}
+
+bool writeDrawingOutput(const std::string& path, std::string_view contents, bool overwrite, Report& report) {
+  return writeWhole(path, contents, {.overwrite = overwrite, .keepBackup = true}, report);
 }
 
 }  // namespace kr

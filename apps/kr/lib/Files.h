@@ -24,4 +24,7 @@ bool checkOutput(const std::string& path, const std::string& input, bool overwri
 /// holds either all of `contents` or what it held before. False, with the reason reported, on failure.
 bool writeOutput(const std::string& path, std::string_view contents, bool overwrite, Report& report);
 
+/// The same of a drawing: a file that is replaced is kept with the ending .bak.
+bool writeDrawingOutput(const std::string& path, std::string_view contents, bool overwrite, Report& report);
+
 }  // namespace kr

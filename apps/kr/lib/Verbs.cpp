@@ -8,11 +8,10 @@
 #include <set>
 
 #include "Bom.h"
-#include "CatalogueTables.h"
 #include "Documents.h"
-#include "Drawing.h"
+#include "DrawingSource.h"
 #include "Files.h"
-#include "JobReader.h"
+#include "OpenWork.h"
 #include "Session.h"
 #include "Sheet.h"
 #include "Suggest.h"
@@ -24,72 +23,31 @@
 namespace kr {
 namespace {
 
-// A job read, with its members in the drawing of a session.
-struct OpenJob {
-  Job job;
-  std::unique_ptr<Session> session;
-  std::vector<AcDbObjectId> members;
+// One output of a build: pages, or the drawing itself.
+struct Output {
+  std::string file;
+  std::optional<plot::PlotFormat> pages;
+  std::optional<krio::DrawingFormat> drawing;
 };
 
-void tellProblems(const std::string& file, const std::vector<Problem>& problems, Report& report) {
-  const std::string name = file == kStandardStream ? "standard input" : file;
-  const std::size_t count = problems.size();
-  report.error(Exit::kBadInput, inQuotes(name) + " has " + std::to_string(count) + (count == 1 ? " error" : " errors") +
-                                    "; nothing was written");
-  for (const Problem& problem : problems) report.detail(describe(name, problem));
-}
-
-// Reads a job and draws its members. Null, reported, when something is wrong.
-std::unique_ptr<OpenJob> openJob(const std::string& file, const std::string& data, const std::string& tables,
-                                 Report& report) {
-  std::string text;
-  if (!readInput(file, text, report)) return nullptr;
-  const std::string folder = findInstallFolder(data);
-  auto open = std::make_unique<OpenJob>();
-  std::vector<Problem> problems;
-  report.note("install folder " + inQuotes(folder));
-  CatalogueShelf shelf(folder, std::filesystem::path(file).parent_path().string());
-  if (!addTables(shelf, tables, report)) return nullptr;
-  KnownNames known = knownNames(folder);
-  known.catalogues = &shelf;
-  const bool good = readJob(text, known, open->job, problems);
-  tellTables(shelf, report);
-  if (!good) {
-    tellProblems(file, problems, report);
-    return nullptr;
-  }
-  open->session = Session::start(folder, report);
-  if (open->session == nullptr) return nullptr;
-  if (!modelJob(text, open->job, problems)) {
-    tellProblems(file, problems, report);
-    return nullptr;
-  }
-  std::string why;
-  if (!drawMembers(open->job, *open->session->database(), open->members, why)) {
-    report.error(Exit::kJobFailed, why);
-    return nullptr;
-  }
-  report.note(std::to_string(open->members.size()) + " members drawn");
-  return open;
-}
-
-std::optional<plot::PlotFormat> formatFor(const std::string& file, const std::string& given, Report& report) {
-  std::optional<plot::PlotFormat> format = plot::formatOf(given.empty() ? file : "." + given);
-  if (!format) {
-    report.error(Exit::kArguments, file == kStandardStream
-                                       ? "standard output needs --format pdf, svg or png"
-                                       : inQuotes(file) + " ends in none of .pdf, .svg and .png: give --format");
-  }
-  return format;
+bool formatFor(const std::string& given, Output& output, Report& report) {
+  output.pages = plot::formatOf(given.empty() ? output.file : "." + given);
+  output.drawing = drawingFormatFor(output.file, given);
+  if (output.pages || output.drawing) return true;
+  report.error(Exit::kArguments,
+               output.file == kStandardStream
+                   ? "standard output needs --format pdf, svg, png, dwg or dxf"
+                   : inQuotes(output.file) + " ends in none of .pdf, .svg, .png, .dwg and .dxf: give --format");
+  return false;
 }
 
 // What the command line asks for and can't be: told before any work is done.
-bool checkBuild(const BuildRequest& request, std::vector<plot::PlotFormat>& formats, Report& report) {
+bool checkBuild(const BuildRequest& request, std::vector<Output>& outputs, Report& report) {
   std::set<std::string> seen;
   for (const std::string& file : request.files) {
-    const auto format = formatFor(file, request.format, report);
-    if (!format) return false;
-    formats.push_back(*format);
+    Output& output = outputs.emplace_back();
+    output.file = file;
+    if (!formatFor(request.format, output, report)) return false;
     std::error_code ignored;
     const std::filesystem::path whole = std::filesystem::weakly_canonical(file, ignored);
     if (!seen.insert(whole.empty() ? file : whole.string()).second) {
@@ -101,10 +59,10 @@ bool checkBuild(const BuildRequest& request, std::vector<plot::PlotFormat>& form
   return true;
 }
 
-bool layOut(const BuildRequest& request, const OpenJob& open, std::vector<plot::PlotSheet>& sheets, Report& report) {
-  const Bom bill = makeBom(piecesOf(open.job, open.members));
-  const DrawnJob drawn{open.job, bill, *open.session->database()};
-  const std::vector<JobSheet> asked = sheetsOf(open.job);
+bool layOut(const BuildRequest& request, const OpenWork& open, std::vector<plot::PlotSheet>& sheets, Report& report) {
+  const Bom bill = makeBom(open.pieces());
+  const DrawnJob drawn{*open.job, bill, *open.session->database()};
+  const std::vector<JobSheet> asked = sheetsOf(*open.job);
   const int count = static_cast<int>(asked.size());
   if (request.sheet > count) {
     report.error(Exit::kArguments,
@@ -136,6 +94,41 @@ plot::PlotOptions plotOptions(const BuildRequest& request, const Job& job) {
   return options;
 }
 
+// The drawing's own files, made before the sheets put theirs into it.
+bool makeDrawings(const OpenWork& open, const std::vector<Output>& outputs, std::vector<std::string>& made,
+                  Report& report) {
+  for (std::size_t i = 0; i < outputs.size(); ++i) {
+    if (!outputs[i].drawing) continue;
+    if (!drawingBytes(*open.session->database(), *outputs[i].drawing, made[i], report)) return false;
+  }
+  return true;
+}
+
+bool makePages(const BuildRequest& request, const OpenWork& open, const std::vector<Output>& outputs,
+               std::vector<std::string>& made, Report& report) {
+  const auto hasPages = [](const Output& output) { return output.pages.has_value(); };
+  if (std::none_of(outputs.begin(), outputs.end(), hasPages)) return true;
+  std::vector<plot::PlotSheet> sheets;
+  if (!layOut(request, open, sheets, report)) return false;
+  for (std::size_t i = 0; i < outputs.size(); ++i) {
+    if (!outputs[i].pages) continue;
+    report.progress("drawing", i + 1, outputs.size());
+    if (outputs[i].pages != plot::PlotFormat::pdf && sheets.size() > 1) {
+      report.error(Exit::kArguments, inQuotes(outputs[i].file) + " holds one sheet: choose it with --sheet");
+      return false;
+    }
+    plot::PlotOutput output = plot::plotToBytes(sheets, *outputs[i].pages, plotOptions(request, *open.job));
+    if (output.error) {
+      report.error(Exit::kJobFailed, output.error->text);
+      return false;
+    }
+    for (const std::string& warning : output.warnings) report.note(warning);
+    made[i] = std::move(output.bytes);
+  }
+  report.endProgress();
+  return true;
+}
+
 std::string joinedTitle(const JobTitle& title) {
   return title.subtitle.empty() ? title.title : title.title + ", " + title.subtitle;
 }
@@ -152,21 +145,45 @@ std::string listingOf(AcDbObjectId id) {
 }
 
 // The members of those names; false, reported, when one isn't there.
-bool pick(const OpenJob& open, const std::vector<std::string>& names, std::vector<std::size_t>& picked,
+bool pick(const std::vector<BomPiece>& pieces, const std::vector<std::string>& names, std::vector<std::size_t>& picked,
           Report& report) {
   std::vector<std::string_view> known;
-  for (const JobMember& member : open.job.members) known.push_back(open.job.names.text(member.name));
+  for (const BomPiece& piece : pieces) known.push_back(piece.name);
   for (std::size_t i = 0; names.empty() && i < known.size(); ++i) picked.push_back(i);
   for (const std::string& name : names) {
-    const auto found = std::find(known.begin(), known.end(), name);
-    if (found == known.end()) {
-      report.error(Exit::kArguments, "the job has no member " + inQuotes(name) + ": " +
-                                         suggestion(name, known, "kr bom --json names all"));
+    const std::size_t before = picked.size();
+    // In a drawing several members may have one name.
+    for (std::size_t i = 0; i < known.size(); ++i) {
+      if (known[i] == name) picked.push_back(i);
+    }
+    if (picked.size() == before) {
+      report.error(Exit::kArguments,
+                   "there is no member " + inQuotes(name) + ": " + suggestion(name, known, "kr bom --json names all"));
       return false;
     }
-    picked.push_back(static_cast<std::size_t>(found - known.begin()));
   }
   return true;
+}
+
+// What a listing tells of a member besides its piece.
+struct Place {
+  int view = 0;
+  int role = 0;
+  JobPoint start;
+  JobPoint end;
+};
+
+Place placeOf(const OpenWork& open, std::size_t i) {
+  if (open.job) {
+    const JobMember& member = open.job->members[i];
+    const MemberAxis axis = memberAxis(*open.job, member);
+    return {member.view, member.role, axis.start, axis.end};
+  }
+  const AcDbObjectPointer<KrObject> member(open.members[i], AcDb::kForRead);
+  if (member.openStatus() != Acad::eOk) return {};
+  const AcGePoint3d start = member->startPoint();
+  const AcGePoint3d end = member->endPoint();
+  return {member->Vista(0), member->tipoBarra(), {start.x, start.y, 0}, {end.x, end.y, 0}};
 }
 
 std::vector<double> coordinates(JobPoint point, bool spatial) {
@@ -175,24 +192,23 @@ std::vector<double> coordinates(JobPoint point, bool spatial) {
   return values;
 }
 
-std::string listJson(const OpenJob& open, const std::vector<std::size_t>& picked) {
+std::string listJson(const OpenWork& open, const std::vector<BomPiece>& pieces,
+                     const std::vector<std::size_t>& picked) {
   using nlohmann::ordered_json;
-  const std::vector<BomPiece> pieces = piecesOf(open.job, open.members);
-  const bool spatial = isSpatial(open.job);
+  const bool spatial = open.job && isSpatial(*open.job);
   ordered_json out{{"format", "kr-list"}, {"version", 1}};
   out["members"] = ordered_json::array();
   for (const std::size_t i : picked) {
-    const JobMember& member = open.job.members[i];
-    const MemberAxis axis = memberAxis(open.job, member);
+    const Place place = placeOf(open, i);
     const BomPiece& piece = pieces[i];
     out["members"].push_back({{"name", piece.name},
                               {"class", piece.profileClass},
                               {"designation", piece.designation},
                               {"dimensions", piece.dimensions},
-                              {"view", viewWord(member.view)},
-                              {"role", roleWord(member.role)},
-                              {"start", coordinates(axis.start, spatial)},
-                              {"end", coordinates(axis.end, spatial)},
+                              {"view", viewWord(place.view)},
+                              {"role", roleWord(place.role)},
+                              {"start", coordinates(place.start, spatial)},
+                              {"end", coordinates(place.end, spatial)},
                               {"length", piece.length},
                               {"weight", piece.weight},
                               {"paintedArea", piece.paintedArea},
@@ -212,53 +228,40 @@ std::string valueAfter(const std::string& text, std::string_view label) {
 }  // namespace
 
 void build(const BuildRequest& request, Report& report) {
-  std::vector<plot::PlotFormat> formats;
-  if (!checkBuild(request, formats, report)) return;
+  std::vector<Output> outputs;
+  if (!checkBuild(request, outputs, report)) return;
   const auto open = openJob(request.job, request.data, request.catalogue, report);
   if (open == nullptr) return;
-  std::vector<plot::PlotSheet> sheets;
-  if (!layOut(request, *open, sheets, report)) return;
-  std::vector<std::string> drawings;
-  for (std::size_t i = 0; i < formats.size(); ++i) {
-    report.progress("drawing", i + 1, formats.size());
-    if (formats[i] != plot::PlotFormat::pdf && sheets.size() > 1) {
-      report.error(Exit::kArguments, inQuotes(request.files[i]) + " holds one sheet: choose it with --sheet");
-      return;
-    }
-    plot::PlotOutput output = plot::plotToBytes(sheets, formats[i], plotOptions(request, open->job));
-    if (output.error) {
-      report.error(Exit::kJobFailed, output.error->text);
-      return;
-    }
-    for (const std::string& warning : output.warnings) report.note(warning);
-    drawings.push_back(std::move(output.bytes));
-  }
-  report.endProgress();
-  for (std::size_t i = 0; i < drawings.size(); ++i) {
-    if (!writeOutput(request.files[i], drawings[i], request.overwrite, report)) return;
-    report.note("wrote " + inQuotes(request.files[i]));
+  std::vector<std::string> made(outputs.size());
+  if (!makeDrawings(*open, outputs, made, report) || !makePages(request, *open, outputs, made, report)) return;
+  for (std::size_t i = 0; i < outputs.size(); ++i) {
+    const auto write = outputs[i].drawing ? writeDrawingOutput : writeOutput;
+    if (!write(outputs[i].file, made[i], request.overwrite, report)) return;
+    report.note("wrote " + inQuotes(outputs[i].file));
   }
 }
 
 void bom(const BomRequest& request, Report& report) {
   if (!checkOutput(request.output, request.job, request.overwrite, report)) return;
-  const auto open = openJob(request.job, request.data, request.catalogue, report);
+  const auto open = openWork(request.job, request.data, request.catalogue, report);
   if (open == nullptr) return;
-  const Bom bill = makeBom(piecesOf(open->job, open->members));
-  const std::string text = request.form == BomForm::kCsv ? bomCsv(bill)
-                           : request.form == BomForm::kJson
-                               ? bomJson(bill, open->job.title.project, joinedTitle(open->job.title))
-                               : bomText(bill);
+  const Bom bill = makeBom(open->pieces());
+  const JobTitle title = open->job ? open->job->title : JobTitle();
+  const std::string text = request.form == BomForm::kCsv    ? bomCsv(bill)
+                           : request.form == BomForm::kJson ? bomJson(bill, title.project, joinedTitle(title))
+                                                            : bomText(bill);
   writeOutput(request.output, text, request.overwrite, report);
 }
 
 void list(const ListRequest& request, Report& report) {
   if (!checkOutput(request.output, request.job, request.overwrite, report)) return;
-  const auto open = openJob(request.job, request.data, request.catalogue, report);
+  const auto open = openWork(request.job, request.data, request.catalogue, report);
+  if (open == nullptr) return;
+  const std::vector<BomPiece> pieces = open->pieces();
   std::vector<std::size_t> picked;
-  if (open == nullptr || !pick(*open, request.names, picked, report)) return;
+  if (!pick(pieces, request.names, picked, report)) return;
   std::string text;
-  if (request.json) text = listJson(*open, picked);
+  if (request.json) text = listJson(*open, pieces, picked);
   for (std::size_t i = 0; !request.json && i < picked.size(); ++i) {
     text += (i > 0 ? "\n" : "") + listingOf(open->members[picked[i]]);
   }

@@ -1,7 +1,9 @@
 #include "host/os/ReplaceFile.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -74,6 +76,27 @@ int writeAll(FileSystem& files, int descriptor, std::string_view contents) {
   return 0;
 }
 
+bool isRest(int descriptor, std::string_view contents) {
+  std::array<char, 65536> buffer;
+  for (;;) {
+    const ssize_t got = ::read(descriptor, buffer.data(), buffer.size());
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) return got == 0 && contents.empty();
+    const std::string_view piece(buffer.data(), std::size_t(got));
+    if (!contents.starts_with(piece)) return false;
+    contents.remove_prefix(piece.size());
+  }
+}
+
+// Whether a file, read back, holds exactly `contents`.
+bool holds(const std::string& path, std::string_view contents) {
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) return false;
+  const bool same = isRest(descriptor, contents);
+  ::close(descriptor);
+  return same;
+}
+
 /// The temporary file beside the target: closed and removed unless it has taken the target's place.
 class TemporaryFile {
  public:
@@ -107,6 +130,9 @@ class TemporaryFile {
     const int closing = files_.close(std::exchange(descriptor_, -1));
     return error != 0 ? error : closing;
   }
+
+  // Only what gives back what was written may take the place of what was there.
+  int prove(std::string_view contents) { return holds(path_, contents) ? 0 : EIO; }
 
   int moveTo(const std::string& target) {
     const int error = files_.rename(path_, target);
@@ -177,6 +203,7 @@ int replace(FileSystem& files, const std::string& target, std::string_view conte
   if (const int error = temporary.write(contents)) return error;
   if (const int error = old.present ? temporary.setMode(old.mode) : 0) return error;
   if (const int error = temporary.finish()) return error;
+  if (const int error = temporary.prove(contents)) return error;
   if (const int error = old.present && options.keepBackup ? backUp(files, target) : 0) return error;
   const int error = options.overwrite ? temporary.moveTo(target) : putNew(temporary, target);
   return error != 0 ? error : files.syncFolder(folderOf(target));

@@ -98,6 +98,28 @@ TEST(Replace, KeepsTheOldFileAsBackupWhenAsked) {
   EXPECT_THAT(scratch.names(), testing::UnorderedElementsAre("a.dxf", "a.bak"));
 }
 
+/// The real file system on a disk that stores other bytes than it was given.
+class LyingFileSystem final : public FailingFileSystem {
+ public:
+  LyingFileSystem() : FailingFileSystem(0, 0) {}
+  int write(int descriptor, const char* bytes, std::size_t size, std::size_t& written) override {
+    std::string changed(bytes, size);
+    changed.back() = char(changed.back() ^ 1);
+    return os::realFileSystem().write(descriptor, changed.data(), size, written);
+  }
+};
+
+TEST(Replace, KeepsTheOldFileAndItsBackupWhenTheDiskGivesBackOtherBytes) {
+  const Scratch scratch;
+  scratch.write("a.dxf", kOld);
+  scratch.write("a.bak", "older still");
+  LyingFileSystem files;
+  EXPECT_FALSE(os::replaceFile(scratch.path("a.dxf"), kNew, {.keepBackup = true}, files));
+  EXPECT_EQ(scratch.read("a.dxf"), kOld);
+  EXPECT_EQ(scratch.read("a.bak"), "older still");
+  EXPECT_THAT(scratch.names(), testing::UnorderedElementsAre("a.dxf", "a.bak"));
+}
+
 TEST(Replace, WithoutLeaveToOverwriteSaysThatTheFileExists) {
   const Scratch scratch;
   scratch.write("a.dxf", kOld);

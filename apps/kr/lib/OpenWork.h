@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Bom.h"
+#include "Job.h"
+#include "Report.h"
+#include "Session.h"
+#include "host/db/AcDbObjectId.h"
+
+namespace kr {
+
+/// What a verb works on: a job read, its members made in a session's drawing, or a drawing opened from a file.
+struct OpenWork {
+  std::unique_ptr<Session> session;
+  std::optional<Job> job;  ///< none for a drawing
+  std::vector<AcDbObjectId> members;
+
+  /// What a bill of materials counts.
+  std::vector<BomPiece> pieces() const;
+};
+
+/// Opens a job or, told by its bytes, a drawing. Null, reported, when something is wrong.
+std::unique_ptr<OpenWork> openWork(const std::string& file, const std::string& data, const std::string& tables,
+                                   Report& report);
+
+/// As above; a drawing is told to be no job.
+std::unique_ptr<OpenWork> openJob(const std::string& file, const std::string& data, const std::string& tables,
+                                  Report& report);
+
+}  // namespace kr
