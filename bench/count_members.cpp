@@ -15,6 +15,18 @@ std::function<long()> regeneration(const bench::Subject& subject, KrVistas view)
   };
 }
 
+// Two views by turns: nothing of the elevation before serves the next.
+std::function<long()> regenerationByTurns(const bench::Subject& subject) {
+  const std::shared_ptr<KrObject> member = subject.make(Superior);
+  return [member] {
+    for (int i = 0; i < kCalls; i += 2) {
+      member->Gera_KrVector(Superior);
+      member->Gera_KrVector(Direita);
+    }
+    return long{kCalls};
+  };
+}
+
 std::function<long()> construction(const bench::Subject& subject, KrVistas view) {
   return [subject, view] {
     for (int i = 0; i < kCalls; ++i) subject.make(view);
@@ -62,5 +74,7 @@ int main(int argc, char** argv) {
     all.push_back({"draw_section_" + subject.name, [subject] { return drawing(subject, Secao); }});
   }
   all.push_back({"transform_40_elements", [] { return transformation(40); }});
+  const bench::Subject drilled = bench::drilledSubject(8);
+  all.push_back({"elevation_by_turns_" + drilled.name, [drilled] { return regenerationByTurns(drilled); }});
   return bench::countMain(argc, argv, all);
 }

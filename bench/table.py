@@ -14,8 +14,9 @@ END = "<!-- end of figures -->\n"
 
 # How many times faster than exact hidden lines an elevation is to be: every profile class, and those that stand out.
 LEAST_RATIO_OF_CLASSES = 500
-LEAST_RATIO = {"KrTubo": 1000, "KrILaminadoUSA": 1000, "rolledI": 1000}
 LEAST_RATIO_OF_CLIP = 10
+LEAST_RATIO = {"KrTubo": 1000, "KrILaminadoUSA": 1000, "rolledI": 1000, "drilledI8": 1500, "drilledI40": 3000}
+LEAST_RATIO_WITH_CUT = {"drilledI8": 5000}
 LEAST_MEMBERS_A_SECOND = 70000
 MOST_BYTES_A_MEMBER = 12 * 1024
 # Instructions: work, limit, what it is.
@@ -23,6 +24,7 @@ LIMITS = {
     "elevation_KrTubo": (22000, "elevation of a tube"),
     "elevation_KrILaminadoUSA": (22000, "elevation of a rolled I"),
     "elevation_rolledI": (22000, "elevation of the outline *rolledI*"),
+    "elevation_drilledI8": (26000, "elevation of *rolledI* with 8 holes"),
     "construct_elevation_KrUDobrado": (60000, "lipped folded channel, from its middle line to its elevation"),
     "transform_40_elements": (8000, "a member of 40 elements turned"),
     "clip": (44000, "clip of 20 lines and 4 arcs by a notch with arcs"),
@@ -79,13 +81,13 @@ def print_table(head, rows):
     print()
 
 
-def ratios(times):
+def ratios(times, peer="occt"):
     """How many times faster than the peer: by subject."""
     found = {}
     for name, run in times.items():
         work, _, subject = name.partition("/")
-        if work == "elevation" and "occt/" + subject in times:
-            found[subject] = nanoseconds(times["occt/" + subject]) / nanoseconds(run)
+        if work == "elevation" and f"{peer}/{subject}" in times:
+            found[subject] = nanoseconds(times[f"{peer}/{subject}"]) / nanoseconds(run)
     return found
 
 
@@ -115,6 +117,10 @@ def targets(times, counts):
     if clips:
         add("times faster than Boost.Geometry and Clipper, one clip", min(clips) / nanoseconds(times["clip/ours"]),
             LEAST_RATIO_OF_CLIP, at_most=False)
+    with_cut = ratios(times, "occt_cut")
+    for subject, least in LEAST_RATIO_WITH_CUT.items():
+        if subject in with_cut:
+            add(f"times faster than solid, cut and hidden lines, {subject}", with_cut[subject], least, at_most=False)
     for name, (limit, what) in LIMITS.items():
         if name in counts:
             add("instructions: " + what, counts[name], limit, at_most=True)
@@ -176,7 +182,7 @@ def print_figures(reports):
     print("Times:\n")
     used = print_matrix(times, "/", lambda run: duration(nanoseconds(run)))
     print_table(["other work", "time"], [[name, duration(nanoseconds(run))] for name, run in times.items()
-                                         if name not in used and not name.startswith("occt/")])
+                                         if name not in used and not name.startswith("occt")])
 
 
 def main(folder, document=None):

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cmath>
+#include <optional>
 
 #include "object/KrObject.h"
 #include "object/Rotation.h"
@@ -39,14 +40,15 @@ class HoleElements {
   /// A hole whose centre is at `at`: the hole and the arms of its cross.
   void addFaceOn(const AcGeVector3d& at, int hole) {
     const Measures m = measuresOf(hole);
-    if (faceOn_.empty || !(m == faceOn_.measures)) makeFaceOn(m);
+    if (!faceOn_.elements[0] || !(m == faceOn_.measures)) makeFaceOn(m);
     place(faceOn_, at, hole);
   }
   /// A hole from one face of its wall to the other: the centre line and the band.
   void addEdgeOn(const AcGeVector3d& from, const AcGeVector3d& to, int hole) {
     const Measures m = measuresOf(hole);
     const AcGeVector3d depth = to - from;
-    if (edgeOn_.empty || !(m == edgeOn_.measures) || depth.x != depth_.x || depth.y != depth_.y) makeEdgeOn(m, depth);
+    if (!edgeOn_.elements[0] || !(m == edgeOn_.measures) || depth.x != depth_.x || depth.y != depth_.y)
+      makeEdgeOn(m, depth);
     place(edgeOn_, from, hole);
   }
 
@@ -56,10 +58,8 @@ class HoleElements {
     bool operator==(const Measures&) const = default;
   };
   struct Shape {
-    bool empty = true;
     Measures measures{};
-    std::array<KrVector, 3> elements;
-    std::size_t count = 0;
+    std::array<std::optional<KrVector>, 3> elements;
   };
 
   Measures measuresOf(int hole) const {
@@ -70,16 +70,15 @@ class HoleElements {
   void makeFaceOn(const Measures& m) {
     const double a = (mirrored_ ? kPi - m.angle : m.angle) + angleVista_;
     const AcGePoint3d centre;
-    KrVector hole(centre, m.diameter / 2, 0, 0, KR_VT_FURO, m.stretch > 0 ? KR_VF_FURO_OBLONGO : KR_VF_FURO_REDONDO, a,
-                  m.stretch);
+    const KrVector hole(centre, m.diameter / 2, 0, 0, KR_VT_FURO,
+                        m.stretch > 0 ? KR_VF_FURO_OBLONGO : KR_VF_FURO_REDONDO, a, m.stretch);
     const AcGeVector3d along = Rotation(a)(AcGeVector3d(m.diameter, 0, 0));
     const AcGeVector3d across = AcGeVector3d::kZAxis.crossProduct(along);
-    faceOn_ = {false,
-               m,
-               {hole, KrVector(centre - along, centre + along, KR_VT_FURO_EIXO),
-                KrVector(centre - across, centre + across, KR_VT_FURO_EIXO)},
-               3};
-    for (KrVector& v : faceOn_.elements) v.setTypeEx(KR_VTX_FURO);
+    faceOn_.measures = m;
+    faceOn_.elements[0].emplace(hole);
+    faceOn_.elements[1].emplace(centre - along, centre + along, KR_VT_FURO_EIXO);
+    faceOn_.elements[2].emplace(centre - across, centre + across, KR_VT_FURO_EIXO);
+    for (std::optional<KrVector>& v : faceOn_.elements) v->setTypeEx(KR_VTX_FURO);
   }
 
   // Neither element gets a `typeEx`, unlike a hole seen face on: a stretch finds them by their type and index.
@@ -87,15 +86,17 @@ class HoleElements {
     depth_ = depth;
     const AcGePoint3d from;
     const AcGePoint3d to = from + turned_.turn(depth);
-    KrVector band(from, to, KR_VT_FURO_LINHA);
-    band.setRaio(std::fabs(m.diameter + m.stretch * std::cos(m.angle)) / 2);
-    edgeOn_ = {false, m, {KrVector(to + (to - from), from + (from - to), KR_VT_FURO_EIXO), band}, 2};
+    edgeOn_.measures = m;
+    edgeOn_.elements[0].emplace(to + (to - from), from + (from - to), KR_VT_FURO_EIXO);
+    edgeOn_.elements[1].emplace(from, to, KR_VT_FURO_LINHA);
+    edgeOn_.elements[1]->setRaio(std::fabs(m.diameter + m.stretch * std::cos(m.angle)) / 2);
   }
 
   void place(const Shape& shape, const AcGeVector3d& at, int hole) {
     const AcGeVector3d move = turned_.base + turned_.turn(at);
-    for (std::size_t i = 0; i < shape.count; ++i) {
-      list_.append(shape.elements[i]);
+    for (const std::optional<KrVector>& element : shape.elements) {
+      if (!element) break;
+      list_.append(*element);
       KrVector& placed = list_.last();
       placed.translateBy(move);
       placed.setIndexFur(hole);

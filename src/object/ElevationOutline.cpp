@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "object/ArcGeometry.h"
 #include "object/KrTypes.h"
@@ -39,11 +40,25 @@ void ElevationOutline::assign(const KrGeratriz& outline) {
 }
 
 void ElevationOutline::assignPrepared(const KrGeratriz& outline) {
+  if (prepared_ && isSource(outline)) return;
   clear();
   prepareOutline(outline, nodes_);
   qtd_ = static_cast<int>(nodes_.size()) - 1;
   prepared_ = true;
   finish();
+  sourceQtd_ = outline.Qtd();
+  sourceTol_ = AcGeContext::gTol.equalPoint();
+  source_.clear();
+  for (int i = 0; i < outline.numNodes(); ++i) source_.push_back(outline.GetNo(i));
+}
+
+// To the last bit: what looks alike may still be prepared differently.
+bool ElevationOutline::isSource(const KrGeratriz& outline) const {
+  static_assert(sizeof(NoGeratriz) == 4 * sizeof(double), "compared as bytes");
+  const NoGeratriz* nodes = outline.data();
+  return nodes != nullptr && outline.numNodes() == static_cast<int>(source_.size()) && outline.Qtd() == sourceQtd_ &&
+         AcGeContext::gTol.equalPoint() == sourceTol_ &&
+         std::memcmp(nodes, source_.data(), source_.size() * sizeof(NoGeratriz)) == 0;
 }
 
 void ElevationOutline::finish() {

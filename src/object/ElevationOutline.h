@@ -39,6 +39,9 @@ class ElevationOutline {
   ///  length
   ///     where need be, and a tangent joint doesn't;
   ///  4. a closed contour starts at a corner, or at its leftmost point where it has none.
+  ///
+  /// Given the same outline again, it keeps the copy that it has: members are regenerated many times over between two
+  /// changes of their section.
   void assignPrepared(const KrGeratriz& outline);
 
   /// Whether this is a working copy, in which no arc reaches beyond its ends in X.
@@ -91,6 +94,7 @@ class ElevationOutline {
   }
   void clear();
   void finish();
+  bool isSource(const KrGeratriz& outline) const;
   const Arc& arc(int i) const;
   bool isEdgeAt(int i, double x) const;
   bool isAcute(int k, double yk) const;
@@ -102,5 +106,8 @@ class ElevationOutline {
   mutable std::vector<Arc> arcs_;
   int qtd_ = 0;
   bool prepared_ = false;
+  std::vector<NoGeratriz> source_;  ///< what the prepared copy was made from
+  int sourceQtd_ = 0;
+  double sourceTol_ = 0;
   double height_ = 0;
 };
