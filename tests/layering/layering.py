@@ -50,6 +50,7 @@ OTHERS = [  # pattern of the header, what it is, layers that may include it
     (re.compile(r"^(cairo|ft2build|freetype|fontconfig|FT_)"), "the drawing library", {"host/io", "host/gi"}),
     (re.compile(r"^fmt/"), "the formatting library", {"host/io", "host/gi", "apps"}),
     (re.compile(r"^nlohmann/"), "the JSON library", {"apps"}),
+    (re.compile(r"^emmintrin\.h$"), "the processor's vector instructions", {"host/io"}),
     (re.compile(r"^CLI/"), "the command line library", {"apps"}),
     (re.compile(r"^(unistd|dlfcn|fcntl|strings|dirent|langinfo|iconv|pthread|stdlib|stdio|wchar)\.h$|^(sys|linux)/"),
      "the operating system", {"host/os", "apps"}),
