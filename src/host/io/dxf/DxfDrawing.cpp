@@ -236,7 +236,7 @@ void Drawing::makeRest() {
   findOrMake<AcDbViewportTableRecord>(roots_.viewportTable, L"*Active");
   makeTable<AcDbDictionary>(roots_.namedObjects);
   if (!roots_.viewportHeaderTable.isResident()) {
-    // It isn't in a DXF, and has a handle all the same: one that the file leaves out, so that the seed stays.
+    // A DXF holds none, but it takes a handle: one that the file leaves free, so that the next handle stays the same.
     AcDbVXTable* const made = put(std::make_unique<AcDbVXTable>(), unusedHandle(), nullptr);
     if (made != nullptr) roots_.viewportHeaderTable = made->objectId();
   }

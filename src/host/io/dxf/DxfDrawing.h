@@ -57,7 +57,7 @@ class Drawing {
   }
   /// A handle above all those of the file.
   std::uint64_t freshHandle();
-  /// A handle below the seed that nothing has or names; 0 when there is none.
+  /// A handle below the next one that no object has and nothing refers to; 0 when there is none.
   std::uint64_t unusedHandle() const;
 
   // Records by name. One that isn't there is made where a drawing can do with a plain one, and reported.
