@@ -1,0 +1,362 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <thread>
+
+#include "RunProgram.h"
+
+// Drawings as files: what the program writes, reads, mends and never loses.
+
+namespace {
+
+using nlohmann::json;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace fs = std::filesystem;
+
+// A tube of 3-4-5 and a bar along it.
+const std::string kSmallJob = R"({"kr": 1,
+  "nodes": {"A": [0, 0], "B": [3000, 4000], "C": [3000, 0]},
+  "layers": {"DIAGONALS": {"color": 3}},
+  "profiles": {"tube": {"class": "KrTubo", "Diametro": 100, "DiametroInt": 80},
+               "bar": {"class": "KrBarraRedonda", "diametro": 20}},
+  "members": [{"name": "T1", "profile": "tube", "from": "A", "to": "B", "role": "Diagonal", "layer": "DIAGONALS"},
+              {"name": "T2", "profile": "tube", "from": "B", "to": "A"},
+              {"name": "R1", "profile": "bar", "from": "A", "to": "C"}]})";
+
+// Two lines, of which the second lies on a layer that no table holds.
+const std::string kPlainDxf =
+    "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n"
+    "  0\nLINE\n  8\n0\n 10\n0\n 20\n0\n 11\n30\n 21\n40\n"
+    "  0\nLINE\n  8\nSTRAY\n 10\n0\n 20\n0\n 11\n30\n 21\n0\n  0\nENDSEC\n  0\nEOF\n";
+
+std::string quoted(const std::string& text) {
+  return "'" + text + "'";
+}
+
+testing::AssertionResult fitsSchema(const std::string& text, const std::string& schema) {
+  const TestFolder folder;
+  const std::string file = folder.write("data.json", text);
+  const Outcome run = runShell("/usr/bin/python3 -m jsonschema -i " + quoted(file) +
+                               " '" KR_SOURCE_DIR "/data/schemas/" + schema + "'");
+  if (run.code == 0) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << run.out << run.err;
+}
+
+json infoOf(const std::string& path) {
+  const Outcome run = runShell("kr info --json " + quoted(path));
+  EXPECT_EQ(run.code, 0) << run.err;
+  EXPECT_TRUE(fitsSchema(run.out, "info.schema.json"));
+  return run.code == 0 ? json::parse(run.out) : json();
+}
+
+json named(const json& rows, const std::string& name) {
+  for (const json& row : rows) {
+    if (row.at("name") == name) return row;
+  }
+  return {};
+}
+
+/// A folder with the small job as a.dwg and a.dxf.
+class Drawings : public testing::Test {
+ protected:
+  Drawings() {
+    const Outcome run =
+        runShell("kr build - " + quoted(folder.path("a.dwg")) + " -o " + quoted(folder.path("a.dxf")), kSmallJob);
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_EQ(run.err, "");
+  }
+  std::string path(const std::string& name) const { return quoted(folder.path(name)); }
+  std::string saved(const std::string& name) const { return folder.read(name); }
+
+  TestFolder folder;
+};
+
+TEST_F(Drawings, HoldTheMembersOfTheJobOnTheirLayers) {
+  const json dwg = infoOf(folder.path("a.dwg"));
+  EXPECT_EQ(dwg.at("drawing").at("format"), "DWG");
+  EXPECT_EQ(dwg["drawing"]["version"], "AC1015");
+  EXPECT_EQ(dwg["drawing"]["bytes"], saved("a.dwg").size());
+  EXPECT_EQ(dwg["modelSpace"]["members"], 3);
+  EXPECT_EQ(named(dwg["classes"], "KrTubo")["entities"], 2);
+  EXPECT_EQ(named(dwg["classes"], "KrBarraRedonda")["entities"], 1);
+  EXPECT_EQ(named(dwg["layers"], "DIAGONALS")["entities"], 1);
+  EXPECT_EQ(named(dwg["layers"], "DIAGONALS")["color"], 3);
+  EXPECT_EQ(named(dwg["layers"], "PERFIL")["entities"], 2);
+  EXPECT_TRUE(dwg["proxies"].empty());
+  // The tubes reach half their diameter beyond the nodes, across their axis of 3-4-5: by 50 * 4/5 to the left.
+  EXPECT_NEAR(dwg["extents"]["min"][0], -40, 1e-6);
+  EXPECT_NEAR(dwg["extents"]["max"][1], 4000 + 30, 1e-6);
+  const json dxf = infoOf(folder.path("a.dxf"));
+  EXPECT_EQ(dxf["drawing"]["format"], "DXF");
+  EXPECT_EQ(dxf["drawing"]["version"], "AC1015");
+  EXPECT_EQ(dxf["modelSpace"]["entities"], 3);
+}
+
+TEST_F(Drawings, HoldTheLayersThatTheirMembersDrawOn) {
+  // They are made when a member is first drawn or filed: a save must not be too early for them.
+  const json info = infoOf(folder.path("a.dwg"));
+  EXPECT_EQ(info.at("findings"), json::array());
+  EXPECT_FALSE(named(info.at("layers"), "EIXO").is_null());
+}
+
+TEST_F(Drawings, GiveTheBillAndTheListOfTheJob) {
+  const Outcome ofJob = runShell("kr bom - --csv", kSmallJob);
+  const Outcome ofDrawing = runShell("kr bom --csv " + path("a.dwg"));
+  ASSERT_EQ(ofDrawing.code, 0) << ofDrawing.err;
+  EXPECT_EQ(ofDrawing.out, ofJob.out);
+  const Outcome listed = runShell("kr list --json " + path("a.dwg"));
+  ASSERT_EQ(listed.code, 0) << listed.err;
+  EXPECT_TRUE(fitsSchema(listed.out, "list.schema.json"));
+  json fromDrawing = json::parse(listed.out);
+  json fromJob = json::parse(runShell("kr list --json -", kSmallJob).out);
+  // A listing tells the handle, which a drawing gives anew.
+  for (json* list : {&fromDrawing, &fromJob}) {
+    for (json& member : list->at("members")) member.erase("listing");
+  }
+  // The end is worked out anew from the length, in the last digits.
+  for (std::size_t i = 0; i < 3; ++i) {
+    json& end = fromDrawing["members"][i].at("end");
+    const json& wanted = fromJob["members"][i].at("end");
+    for (std::size_t j = 0; j < 2; ++j) EXPECT_NEAR(end.at(j), wanted.at(j).get<double>(), 1e-9);
+    end = wanted;
+  }
+  EXPECT_EQ(fromDrawing, fromJob);
+  EXPECT_EQ(runShell("kr list " + path("a.dwg") + " T9").code, 1);
+  EXPECT_THAT(runShell("kr list " + path("a.dwg") + " R1").out, HasSubstr("Nome            R1"));
+}
+
+TEST_F(Drawings, AreTheSameBytesWhenOpenedAndSavedAgain) {
+  for (const std::string ending : {".dwg", ".dxf"}) {
+    ASSERT_EQ(runShell("kr convert " + path("a" + ending) + " " + path("b" + ending)).code, 0);
+    ASSERT_EQ(runShell("kr convert " + path("b" + ending) + " " + path("c" + ending)).code, 0);
+    EXPECT_EQ(saved("b" + ending), saved("c" + ending)) << ending;
+  }
+}
+
+TEST_F(Drawings, AreConvertedWithAllThatTheyHold) {
+  ASSERT_EQ(runShell("kr convert " + path("a.dwg") + " " + path("b.dxf")).code, 0);
+  ASSERT_EQ(runShell("kr convert " + path("b.dxf") + " " + path("b.dwg")).code, 0);
+  const json before = infoOf(folder.path("a.dwg"));
+  const json after = infoOf(folder.path("b.dwg"));
+  EXPECT_EQ(after.at("modelSpace").at("entities"), before.at("modelSpace").at("entities"));
+  EXPECT_EQ(after["extents"], before["extents"]);
+  EXPECT_EQ(named(after["layers"], "DIAGONALS"), named(before["layers"], "DIAGONALS"));
+  const Outcome toStream = runShell("kr convert " + path("a.dwg") + " - --format dxf");
+  EXPECT_EQ(toStream.code, 0);
+  EXPECT_EQ(toStream.out, saved("b.dxf"));
+}
+
+TEST_F(Drawings, ArePlottedAsTheJobIs) {
+  const Outcome ofJob = runShell("kr plot - " + path("job.svg"), kSmallJob);
+  ASSERT_EQ(ofJob.code, 0) << ofJob.err;
+  ASSERT_EQ(runShell("kr plot " + path("a.dwg") + " " + path("dwg.svg")).code, 0);
+  EXPECT_EQ(saved("dwg.svg"), saved("job.svg"));
+  ASSERT_EQ(runShell("kr plot " + path("a.dxf") + " " + path("a.pdf") + " --size A4 --scale 1:50").code, 0);
+  EXPECT_THAT(runShell("pdfinfo " + path("a.pdf")).out, HasSubstr("595.276 x 841.89 pts"))
+      << "what is higher than wide stands on an upright page";
+  const Outcome large = runShell("kr plot " + path("a.dwg") + " " + path("b.png") + " --scale 1:2");
+  EXPECT_EQ(large.code, 3);
+  EXPECT_THAT(large.err, HasSubstr("the largest scale that does is 1:20"));
+  for (const char* scale : {"0", "1:0", "-1:5", "1:50x", "a", "nan:1"}) {
+    EXPECT_EQ(runShell("kr plot " + path("a.dwg") + " " + path("b.png") + " --scale " + scale).code, 1) << scale;
+  }
+  EXPECT_FALSE(folder.has("b.png"));
+}
+
+TEST_F(Drawings, EndTheirVerbsWithCode3WhenTheyCannotBeRead) {
+  const std::string dwg = saved("a.dwg");
+  const std::string dxf = saved("a.dxf");
+  folder.write("empty.dwg", "");
+  folder.write("text.dwg", "this is no drawing\n");
+  folder.write("newer.dwg", "AC1032" + dwg.substr(6));
+  folder.write("cut.dwg", dwg.substr(0, dwg.size() / 2));
+  folder.write("cut.dxf", dxf.substr(0, dxf.size() / 2));
+  fs::create_directory(folder.path("folder.dwg"));
+  for (const char* name : {"none.dwg", "empty.dwg", "text.dwg", "newer.dwg", "cut.dwg", "cut.dxf", "folder.dwg"}) {
+    for (const std::string verb : {"info", "convert", "plot", "bom", "list"}) {
+      const std::string output = verb == "convert" ? " " + path("out.dxf")
+                                 : verb == "plot"  ? " " + path("out.pdf")
+                                                   : "";
+      const Outcome run = runShell("kr " + verb + " " + path(name) + output);
+      EXPECT_EQ(run.code, 3) << verb << " " << name;
+      EXPECT_EQ(run.out, "") << verb << " " << name;
+      EXPECT_THAT(run.err, StartsWith("kr: ")) << verb << " " << name;
+    }
+  }
+  EXPECT_FALSE(folder.has("out.dxf") || folder.has("out.pdf"));
+  EXPECT_THAT(runShell("kr info " + path("newer.dwg")).err, HasSubstr("AC1032"));
+  EXPECT_THAT(runShell("kr info " + path("cut.dwg")).err, HasSubstr("kr recover"));
+  for (const char* name : {"none.dwg", "empty.dwg", "text.dwg", "newer.dwg", "folder.dwg"}) {
+    EXPECT_EQ(runShell("kr audit " + path(name)).code, 3) << name;
+    EXPECT_EQ(runShell("kr recover " + path(name) + " -o " + path("out.dwg")).code, 3) << name;
+  }
+  EXPECT_FALSE(folder.has("out.dwg"));
+}
+
+TEST_F(Drawings, AreNoJobs) {
+  const Outcome run = runShell("kr build " + path("a.dwg") + " " + path("b.pdf"));
+  EXPECT_EQ(run.code, 3);
+  EXPECT_THAT(run.err, HasSubstr("is a drawing, not a job"));
+}
+
+TEST_F(Drawings, PassAnAuditWhenTheyAreWhole) {
+  for (const char* name : {"a.dwg", "a.dxf"}) {
+    const Outcome run = runShell("kr audit " + path(name));
+    EXPECT_EQ(run.code, 0) << run.out << run.err;
+    EXPECT_THAT(run.out, HasSubstr("no errors found"));
+  }
+  const std::string before = saved("a.dwg");
+  EXPECT_EQ(runShell("kr audit --fix " + path("a.dwg")).code, 0);
+  EXPECT_EQ(saved("a.dwg"), before);
+  EXPECT_FALSE(folder.has("a.bak")) << "nothing was mended, so nothing is saved";
+}
+
+TEST(Audit, TellsFirstAndMendsOnlyWhenAsked) {
+  const TestFolder folder;
+  const std::string file = quoted(folder.write("plain.dxf", kPlainDxf));
+  const Outcome dry = runShell("kr audit --json " + file);
+  EXPECT_EQ(dry.code, 5);
+  ASSERT_TRUE(fitsSchema(dry.out, "audit.schema.json"));
+  const json found = json::parse(dry.out);
+  EXPECT_GE(found.at("unfixed"), 1);
+  EXPECT_EQ(found["fixed"], 0);
+  EXPECT_THAT(dry.out, HasSubstr("STRAY"));
+  EXPECT_EQ(folder.read("plain.dxf"), kPlainDxf);
+  const Outcome mended = runShell("kr audit --fix --json " + file);
+  const json after = json::parse(mended.out);
+  EXPECT_EQ(mended.code, 0) << mended.out << mended.err;
+  EXPECT_EQ(after.at("unfixed"), 0);
+  EXPECT_EQ(after["fixed"], found["found"]);
+  EXPECT_EQ(folder.read("plain.bak"), kPlainDxf);
+  const Outcome again = runShell("kr audit " + file);
+  EXPECT_EQ(again.code, 0) << again.out;
+  EXPECT_EQ(infoOf(folder.path("plain.dxf")).at("modelSpace").at("entities"), 2);
+}
+
+TEST_F(Drawings, ThatWereCutOffAreNeverSaidToBeWhole) {
+  for (const std::string ending : {".dwg", ".dxf"}) {
+    const std::string whole = saved("a" + ending);
+    // The last line end of a DXF is no part of its last group.
+    constexpr std::size_t kPlaces = 12;
+    for (std::size_t i = 1; i < kPlaces; ++i) {
+      const std::size_t size = whole.size() * i / kPlaces;
+      SCOPED_TRACE(ending + " cut at " + std::to_string(size));
+      folder.write("cut" + ending, whole.substr(0, size));
+      const Outcome audited = runShell("kr audit " + path("cut" + ending));
+      EXPECT_THAT(audited.code, testing::AnyOf(3, 5));
+      EXPECT_THAT(audited.out, Not(HasSubstr("no errors")));
+      EXPECT_EQ(runShell("kr audit --fix " + path("cut" + ending)).code, audited.code);
+      EXPECT_EQ(saved("cut" + ending).size(), size) << "a damaged file is never replaced";
+      const Outcome run = runShell("kr recover " + path("cut" + ending) + " -o " + path("out" + ending));
+      EXPECT_THAT(run.code, testing::AnyOf(3, 5)) << run.err;
+      EXPECT_EQ(folder.has("out" + ending), run.code == 5);
+      if (run.code != 5) continue;
+      EXPECT_THAT(run.out, AllOf(HasSubstr("is damaged"), HasSubstr("1. ")));
+      EXPECT_EQ(runShell("kr info " + path("out" + ending)).code, 0);
+      fs::remove(folder.path("out" + ending));
+    }
+  }
+}
+
+TEST_F(Drawings, ThatAreWholeAreRecoveredWhole) {
+  const Outcome run = runShell("kr recover --json " + path("a.dwg") + " -o " + path("b.dwg"));
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_TRUE(fitsSchema(run.out, "recover.schema.json"));
+  const json told = json::parse(run.out);
+  EXPECT_EQ(told.at("damaged"), false);
+  EXPECT_EQ(told.at("members"), 3);
+  EXPECT_EQ(runShell("kr recover " + path("a.dwg")).code, 1) << "it needs to be told where";
+  EXPECT_EQ(runShell("kr recover " + path("a.dwg") + " -o " + path("a.dwg") + " --overwrite").code, 4);
+}
+
+TEST_F(Drawings, AreReplacedOnlyWhenAskedAndKeptAsBackup) {
+  const std::string old = saved("a.dwg");
+  EXPECT_EQ(runShell("kr convert " + path("a.dxf") + " " + path("a.dwg")).code, 4);
+  EXPECT_EQ(saved("a.dwg"), old);
+  EXPECT_FALSE(folder.has("a.bak"));
+  ASSERT_EQ(runShell("kr convert " + path("a.dxf") + " " + path("a.dwg") + " --overwrite").code, 0);
+  EXPECT_NE(saved("a.dwg"), old);
+  EXPECT_EQ(saved("a.bak"), old);
+}
+
+TEST_F(Drawings, StayWhenTheNewOneCannotBeSaved) {
+  const std::string old = saved("a.dwg");
+  const std::size_t files = folder.count();
+  // No file may grow beyond 4 KiB: the save breaks off as on a full disk.
+  const Outcome full =
+      runShell("trap '' XFSZ; ulimit -f 8; kr build - -o " + path("a.dwg") + " --overwrite", kSmallJob);
+  EXPECT_EQ(full.code, 4);
+  EXPECT_THAT(full.err, HasSubstr("a.dwg"));
+  EXPECT_EQ(saved("a.dwg"), old);
+  EXPECT_EQ(folder.count(), files) << "neither a backup nor a temporary file";
+  fs::create_directory(folder.path("dir.dwg"));
+  for (const std::string& to :
+       {folder.path("dir.dwg"), folder.path("no/such.dwg"), std::string("/proc/a.dwg"), std::string("/dev/full")}) {
+    const Outcome run = runShell("kr convert " + path("a.dwg") + " " + quoted(to) + " --overwrite --format dwg");
+    EXPECT_EQ(run.code, 4) << to;
+    EXPECT_THAT(run.err, HasSubstr(to));
+  }
+  EXPECT_EQ(runShell("kr convert " + path("a.dwg") + " - --format dxf > /dev/full").code, 4);
+  EXPECT_EQ(runShell("kr convert " + path("a.dwg") + " " + path("b.pdf")).code, 1);
+}
+
+// Starts the program, ends it after `life`, and tells whether that was before its own end.
+bool runAndKill(const std::string& from, const std::string& to, std::chrono::microseconds life) {
+  const pid_t child = fork();
+  if (child == 0) {
+    execl(KR_BINARY_DIR "/bin/kr", "kr", "convert", from.c_str(), to.c_str(), "--overwrite", nullptr);
+    _exit(127);
+  }
+  std::this_thread::sleep_for(life);
+  kill(child, SIGKILL);
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFSIGNALED(status);
+}
+
+TEST_F(Drawings, AreTheOldOrTheNewOneWhenTheProgramIsKilled) {
+  // Two drawings take turns in the place of one; each run dies at a moment of its own.
+  std::string other = kSmallJob;
+  other.replace(other.find("\"diametro\": 20"), 14, "\"diametro\": 25");
+  ASSERT_EQ(runShell("kr build - -o " + path("b.dwg"), other).code, 0);
+  const auto begin = std::chrono::steady_clock::now();
+  for (const std::string name : {"a", "b"}) {
+    ASSERT_EQ(runShell("kr convert " + path(name + ".dwg") + " " + path("target.dwg") + " --overwrite").code, 0);
+    fs::copy(folder.path("target.dwg"), folder.path(name + ".saved"));
+  }
+  const auto whole =
+      std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin) / 2;
+  const std::string first = saved("a.saved");
+  const std::string second = saved("b.saved");
+  ASSERT_NE(first, second);
+  std::mt19937 random(20261);
+  std::uniform_int_distribution<std::int64_t> moment(0, whole.count() * 5 / 4);
+  int killed = 0;
+  constexpr int kRounds = 200;
+  constexpr auto kMostTime = std::chrono::seconds(12);  // on a machine that is busy
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < kRounds && std::chrono::steady_clock::now() - start < kMostTime; ++i) {
+    const std::string from = folder.path(i % 2 == 0 ? "a.dwg" : "b.dwg");
+    killed += runAndKill(from, folder.path("target.dwg"), std::chrono::microseconds(moment(random))) ? 1 : 0;
+    const std::string target = saved("target.dwg");
+    ASSERT_TRUE(target == first || target == second) << "round " << i;
+    const std::string backup = saved("target.bak");
+    ASSERT_TRUE(backup.empty() || backup == first || backup == second) << "round " << i;
+  }
+  EXPECT_GT(killed, 0);
+  EXPECT_EQ(runShell("kr audit " + path("target.dwg")).code, 0);
+}
+
+}  // namespace
