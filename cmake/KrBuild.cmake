@@ -33,6 +33,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   # clang 14 warns of things g++ takes and that are harmless here.
   target_compile_options(kr_flags INTERFACE -Wno-sign-conversion -Wno-implicit-int-float-conversion)
 endif()
+if(KR_PCH AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # So that ccache can keep what is made with a precompiled header.
+  target_compile_options(kr_flags INTERFACE -fpch-preprocess)
+endif()
 if(KR_SANITIZE)
   target_compile_options(kr_flags INTERFACE -fsanitize=${KR_SANITIZE} -fno-sanitize-recover=all
     -fno-omit-frame-pointer)

@@ -526,6 +526,9 @@ TEST(Program, CompletionOffersVerbsOptionsAndFiles) {
   EXPECT_EQ(complete("kr bu", 1), "build\n");
   EXPECT_THAT(complete("kr bom --", 2), AllOf(HasSubstr("--json\n"), HasSubstr("--overwrite\n")));
   EXPECT_EQ(complete("kr build --format s", 3), "svg\n");
+  // The same option takes what its verb can write.
+  EXPECT_EQ(complete("kr convert --format d", 3), "dwg\ndxf\n");
+  EXPECT_EQ(complete("kr plot -f d", 3), "\n");
 }
 
 TEST(Program, ItsDocumentsAreThoseOfTheRepository) {

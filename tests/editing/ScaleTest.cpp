@@ -217,7 +217,6 @@ TEST(DrawingScale, RegenerationOfAnotherViewLeavesTheListShown) {
   member.Gera_KrVector(Esquerda);
   EXPECT_THAT(lists::of(member, Esquerda), lists::Are(once));
   EXPECT_THAT(lists::of(member, Superior), lists::Are(shown));
-  AcGePoint3d p0, p1, p2, p3;
   EXPECT_NEAR(member.GetMaxX(Esquerda) - member.GetMinX(Esquerda), 100 * std::cos(0.7) + 12 * std::sin(0.7), 1e-8)
       << "list 3 at 1:10: 100 long, 12 high";
   EXPECT_EQ(member.Vista(0), Superior);

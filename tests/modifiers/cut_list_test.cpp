@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
 constexpr KrVistas kElevations[] = {Superior, Inferior, Esquerda, Direita};
 
 AcArray<int> indices(std::initializer_list<int> values) {

@@ -24,17 +24,17 @@ _kr() {
   for ((i = 2; i < COMP_CWORD; i++)); do
     [[ ${COMP_WORDS[i]} == -?* ]] || ((place++))
   done
-  case $before in
-    --catalogue) _kr_files ''; return ;;
-    --data) _kr_files ''; return ;;
-    --format|-f) COMPREPLY=($(compgen -W 'dwg dxf' -- "$word")); return ;;
-    --format|-f) COMPREPLY=($(compgen -W 'pdf svg png dwg dxf' -- "$word")); return ;;
-    --format|-f) COMPREPLY=($(compgen -W 'pdf svg png' -- "$word")); return ;;
-    --output|-o) _kr_files ''; return ;;
-    --resolution) return ;;
-    --scale) return ;;
-    --sheet) return ;;
-    --size) COMPREPLY=($(compgen -W 'A0 A1 A2 A3 A4' -- "$word")); return ;;
+  case "${COMP_WORDS[1]} $before" in
+    build' --catalogue'|bom' --catalogue'|list' --catalogue'|plot' --catalogue'|catalogue' --catalogue') _kr_files ''; return ;;
+    *' --data') _kr_files ''; return ;;
+    convert' --format'|convert' -f'|recover' --format'|recover' -f') COMPREPLY=($(compgen -W 'dwg dxf' -- "$word")); return ;;
+    build' --format'|build' -f') COMPREPLY=($(compgen -W 'pdf svg png dwg dxf' -- "$word")); return ;;
+    plot' --format'|plot' -f') COMPREPLY=($(compgen -W 'pdf svg png' -- "$word")); return ;;
+    build' --output'|build' -o'|bom' --output'|bom' -o'|list' --output'|list' -o'|info' --output'|info' -o'|audit' --output'|audit' -o'|recover' --output'|recover' -o'|catalogue' --output'|catalogue' -o'|about' --output'|about' -o') _kr_files ''; return ;;
+    build' --resolution'|plot' --resolution') return ;;
+    plot' --scale') return ;;
+    build' --sheet') return ;;
+    plot' --size') COMPREPLY=($(compgen -W 'A0 A1 A2 A3 A4' -- "$word")); return ;;
   esac
   case ${COMP_WORDS[1]} in
     build)

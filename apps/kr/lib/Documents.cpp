@@ -1,6 +1,7 @@
 #include "Documents.h"
 
 #include <algorithm>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <vector>
 
@@ -190,18 +191,32 @@ std::string optionNames(const VerbDeclaration& v) {
   return names;
 }
 
-// One case of the completion: the words that may follow an option that takes a value.
+// What completes the value of an option: an option of one name may take other values in another verb.
 std::string completionValue(const OptionDeclaration& o) {
-  if (o.value.empty()) return {};
-  std::string out = "    " + std::string(o.name);
-  if (o.letter != '\0') out += "|-" + std::string(1, o.letter);
-  out += ")";
   if (!o.choices.empty()) {
     std::string words = choicesOf(o);
     words.erase(std::remove(words.begin(), words.end(), ','), words.end());
-    return out + " COMPREPLY=($(compgen -W '" + words + "' -- \"$word\")); return ;;\n";
+    return "COMPREPLY=($(compgen -W '" + words + "' -- \"$word\")); return ;;\n";
   }
-  return out + (o.isFile ? " _kr_files ''; return ;;\n" : " return ;;\n");
+  return o.isFile ? "_kr_files ''; return ;;\n" : "return ;;\n";
+}
+
+// The cases of the completion after an option that takes a value, each under "verb option".
+std::string completionValues() {
+  std::map<std::pair<std::string, std::string>, std::string> patterns;
+  const auto add = [&](const std::string& verb, const OptionDeclaration& o) {
+    if (o.value.empty()) return;
+    std::string& pattern = patterns[{std::string(o.name), completionValue(o)}];
+    pattern += (pattern.empty() ? "" : "|") + verb + "' " + std::string(o.name) + "'";
+    if (o.letter != '\0') pattern += "|" + verb + "' -" + std::string(1, o.letter) + "'";
+  };
+  for (const VerbDeclaration* v : shownVerbs()) {
+    for (const OptionDeclaration& o : v->options) add(std::string(v->name), o);
+  }
+  for (const OptionDeclaration& o : commonOptions()) add("*", o);
+  std::string out;
+  for (const auto& [key, pattern] : patterns) out += "    " + pattern + ") " + key.second;
+  return out;
 }
 
 std::string completionVerb(const VerbDeclaration& v) {
@@ -352,15 +367,8 @@ std::string completionScript() {
       "  for ((i = 2; i < COMP_CWORD; i++)); do\n"
       "    [[ ${COMP_WORDS[i]} == -?* ]] || ((place++))\n"
       "  done\n"
-      "  case $before in\n";
-  std::vector<std::string> cases;
-  for (const VerbDeclaration* v : shownVerbs()) {
-    for (const OptionDeclaration& o : v->options) cases.push_back(completionValue(o));
-  }
-  for (const OptionDeclaration& o : commonOptions()) cases.push_back(completionValue(o));
-  std::sort(cases.begin(), cases.end());
-  cases.erase(std::unique(cases.begin(), cases.end()), cases.end());
-  for (const std::string& one : cases) out += one;
+      "  case \"${COMP_WORDS[1]} $before\" in\n";
+  out += completionValues();
   out += "  esac\n  case ${COMP_WORDS[1]} in\n";
   for (const VerbDeclaration* v : shownVerbs()) out += completionVerb(*v);
   return out + "  esac\n}\n\ncomplete -o filenames -F _kr kr\n";

@@ -24,7 +24,7 @@ class Filler {
  public:
   template <fields::Tied T>
   void fill(T& data) {
-    std::apply([this](auto&... each) { (fill(each), ...); }, data.tie());
+    std::apply([this](auto&... each) { (this->fill(each), ...); }, data.tie());
   }
   void fill(bool& v) { v = (++n_ % 2) == 0; }
   void fill(double& v) { v = 0.1 * ++n_; }

@@ -531,7 +531,7 @@ bool Reader::readBlockRecord(const Frame& frame, AcDbStub* stub) {
   data.preview.resize(previewBytes);
   d.data.bytes(data.preview.data(), previewBytes);
 
-  AcDbObjectId begin, end, insert, layout;
+  AcDbObjectId begin, end, insert;
   d.id(kHardOwner, begin);
   if (!data.external && !data.overlaid) {
     block.first = absoluteHandle(d.handles.h(), d.own());

@@ -35,8 +35,8 @@ class Writer {
 
   /// How the objects of one class are written.
   struct Kind {
-    enum How { kByType, kBlockRecord, kControl, kXrecord, kBlockBegin, kBlockEnd, kProxy, kCustom };
-    How how = kCustom;
+    enum class How { kByType, kBlockRecord, kControl, kXrecord, kBlockBegin, kBlockEnd, kProxy, kCustom };
+    How how = How::kCustom;
     unsigned number = 0;  ///< type number; of proxies each has its own
     const TypeInfo* type = nullptr;
     bool isEntity = false;

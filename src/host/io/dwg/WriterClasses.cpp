@@ -51,7 +51,7 @@ Writer::Kind Writer::makeKind(const AcRxClass& isA) {
   Kind kind;
   kind.isEntity = isA.isDerivedFrom(AcDbEntity::desc());
   if ((kind.type = typeOf(&isA)) != nullptr) {
-    kind.how = Kind::kByType;
+    kind.how = Kind::How::kByType;
     kind.number = kind.type->number;
     if (kind.number == 0) {
       AcDbClassRecord record;
@@ -63,14 +63,14 @@ Writer::Kind Writer::makeKind(const AcRxClass& isA) {
     return kind;
   }
   for (const ControlType& control : kControls) {
-    if (control.desc() == &isA) return {Kind::kControl, control.number, nullptr, false};
+    if (control.desc() == &isA) return {Kind::How::kControl, control.number, nullptr, false};
   }
-  if (&isA == AcDbBlockTableRecord::desc()) return {Kind::kBlockRecord, kBlockRecord, nullptr, false};
-  if (&isA == AcDbXrecord::desc()) return {Kind::kXrecord, kXrecord, nullptr, false};
-  if (&isA == AcDbBlockBegin::desc()) return {Kind::kBlockBegin, kBlockBegin, nullptr, true};
-  if (&isA == AcDbBlockEnd::desc()) return {Kind::kBlockEnd, kBlockEnd, nullptr, true};
-  if (&isA == AcDbProxyEntity::desc()) return {Kind::kProxy, 0, nullptr, true};
-  if (&isA == AcDbProxyObject::desc()) return {Kind::kProxy, 0, nullptr, false};
+  if (&isA == AcDbBlockTableRecord::desc()) return {Kind::How::kBlockRecord, kBlockRecord, nullptr, false};
+  if (&isA == AcDbXrecord::desc()) return {Kind::How::kXrecord, kXrecord, nullptr, false};
+  if (&isA == AcDbBlockBegin::desc()) return {Kind::How::kBlockBegin, kBlockBegin, nullptr, true};
+  if (&isA == AcDbBlockEnd::desc()) return {Kind::How::kBlockEnd, kBlockEnd, nullptr, true};
+  if (&isA == AcDbProxyEntity::desc()) return {Kind::How::kProxy, 0, nullptr, true};
+  if (&isA == AcDbProxyObject::desc()) return {Kind::How::kProxy, 0, nullptr, false};
   AcDbClassRecord record;
   record.proxyFlags = isA.proxyFlags();
   record.appName = orEmpty(isA.appName());
@@ -108,7 +108,7 @@ void Writer::collectClasses() {
   for (const AcDbStub& stub : database_.handleTable().stubs()) {
     if (!isLive(stub)) continue;
     const Kind& kind = kindOf(*stub.object);
-    if (kind.how != Kind::kProxy) continue;
+    if (kind.how != Kind::How::kProxy) continue;
     const AcDbProxyData& data = kind.isEntity ? static_cast<const AcDbProxyEntity&>(*stub.object).data()
                                               : static_cast<const AcDbProxyObject&>(*stub.object).data();
     if (data.classRecord.dxfName.empty()) continue;

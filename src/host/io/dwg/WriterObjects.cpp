@@ -45,13 +45,13 @@ void Writer::writeObjects() {
     const AcDbStub* const owner = stub.owner;
     const Kind& kind = kindOf(*stub.object);
     if (kind.isEntity) {
-      const bool isEnd = kind.how == Kind::kBlockBegin || kind.how == Kind::kBlockEnd;
+      const bool isEnd = kind.how == Kind::How::kBlockBegin || kind.how == Kind::How::kBlockEnd;
       if (!isEnd && isLive(owner) && !lists(owner)) strays.push_back(&stub);
       continue;
     }
     if (AcDbObjectId(&stub).isEffectivelyErased()) continue;
     objects.push_back(&stub);
-    if (kind.how == Kind::kBlockRecord) blocks.push_back(&stub);
+    if (kind.how == Kind::How::kBlockRecord) blocks.push_back(&stub);
   }
   const auto byHandle = [](const AcDbStub* a, const AcDbStub* b) { return a->handle < b->handle; };
   std::sort(objects.begin(), objects.end(), byHandle);
@@ -65,24 +65,25 @@ void Writer::writeObject(AcDbStub* stub) {
   const OpenForRead open(stub);
   const AcDbObject& object = *stub->object;
   const Kind& kind = kindOf(object);
-  const unsigned number =
-      kind.how == Kind::kProxy ? typeOfProxy(static_cast<const AcDbProxyObject&>(object).data(), false) : kind.number;
+  const unsigned number = kind.how == Kind::How::kProxy
+                              ? typeOfProxy(static_cast<const AcDbProxyObject&>(object).data(), false)
+                              : kind.number;
   const OpenFrame frame = openFrame(number, object, stub->handle);
   writeHead(object, stub);
   switch (kind.how) {
-    case Kind::kByType:
+    case Kind::How::kByType:
       kind.type->write(encoder_, object);
       break;
-    case Kind::kBlockRecord:
+    case Kind::How::kBlockRecord:
       writeBlockRecord(static_cast<const AcDbBlockTableRecord&>(object));
       break;
-    case Kind::kControl:
+    case Kind::How::kControl:
       writeControl(static_cast<const AcDbSymbolTable&>(object));
       break;
-    case Kind::kXrecord:
+    case Kind::How::kXrecord:
       writeXrecord(static_cast<const AcDbXrecord&>(object));
       break;
-    case Kind::kProxy:
+    case Kind::How::kProxy:
       writeProxyData(static_cast<const AcDbProxyObject&>(object).data());
       break;
     default:
@@ -140,12 +141,13 @@ void Writer::writeEntity(AcDbStub* stub, const Links& links) {
   const OpenForRead open(stub);
   const auto& entity = static_cast<const AcDbEntity&>(*stub->object);
   const Kind& kind = kindOf(entity);
-  const unsigned number =
-      kind.how == Kind::kProxy ? typeOfProxy(static_cast<const AcDbProxyEntity&>(entity).data(), true) : kind.number;
+  const unsigned number = kind.how == Kind::How::kProxy
+                              ? typeOfProxy(static_cast<const AcDbProxyEntity&>(entity).data(), true)
+                              : kind.number;
   const OpenFrame frame = openFrame(number, entity, stub->handle);
-  writeHead(entity, stub, links, kind.how == Kind::kCustom);
+  writeHead(entity, stub, links, kind.how == Kind::How::kCustom);
   switch (kind.how) {
-    case Kind::kByType:
+    case Kind::How::kByType:
       if (number == kLine) {
         code(encoder_, static_cast<const AcDbLine&>(entity).data());
       } else if (number == kArc) {
@@ -158,14 +160,14 @@ void Writer::writeEntity(AcDbStub* stub, const Links& links) {
         kind.type->write(encoder_, entity);
       }
       break;
-    case Kind::kBlockBegin: {
+    case Kind::How::kBlockBegin: {
       const auto* const block = AcDbBlockTableRecord::cast(stub->owner != nullptr ? stub->owner->object : nullptr);
       encoder_.tv(block != nullptr ? block->nameText() : std::wstring());
       break;
     }
-    case Kind::kBlockEnd:
+    case Kind::How::kBlockEnd:
       break;
-    case Kind::kProxy:
+    case Kind::How::kProxy:
       writeProxyData(static_cast<const AcDbProxyEntity&>(entity).data());
       break;
     default:

@@ -11,9 +11,7 @@ namespace krio::dwg {
 
 namespace {
 
-constexpr std::size_t kRecordsPlace = 0x15;
 constexpr std::size_t kHeaderBytes = 0x61;
-constexpr std::size_t kPreviewPlacePlace = 0x0D;
 constexpr std::size_t kFillerBytes = 0x200;
 constexpr std::uint32_t kNoHandle32 = 0xffffffffU;  // where a handle takes more than 31 bits
 constexpr std::uint16_t kSaves = 1;                 // a count of saves would make each save of a drawing another file
