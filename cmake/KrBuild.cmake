@@ -27,7 +27,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # g++ 12 sees these inside std::string where they are not, as soon as it optimises; clang and the sanitizers look for
   # the real ones.
   target_compile_options(kr_flags INTERFACE -Wno-restrict -Wno-maybe-uninitialized -Wno-array-bounds
-                                             -Wno-stringop-overflow)
+                                             -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   # clang 14 warns of things g++ takes and that are harmless here.

@@ -27,7 +27,7 @@
 
 namespace {
 
-using Node = ElevationOutline::Node;
+using OutlineNode = ElevationOutline::Node;
 
 /// Ends closer than this are one point, in millimetres; well below the drawing tolerance and above rounding.
 constexpr double kSamePoint = 1e-7;
@@ -96,7 +96,7 @@ class Ring {
   }
 
   // Writes the ring as nodes, closed by a copy of the first that carries `endBulge`.
-  void write(double endBulge, std::vector<Node>& out) const {
+  void write(double endBulge, std::vector<OutlineNode>& out) const {
     const std::size_t n = edges_.size();
     const std::size_t start = startEdge();
     const std::size_t begin = out.size();
@@ -111,7 +111,7 @@ class Ring {
       }
       out.push_back({e.x, e.y, e.z, e.bulge});
     }
-    const Node first = out[begin];
+    const OutlineNode first = out[begin];
     if (edges_[start].sharp && isArc(previous(start).bulge)) out.push_back({first.x, first.y, first.z, 0});
     out.push_back({first.x, first.y, first.z, endBulge});
   }
@@ -275,7 +275,7 @@ class Ring {
 };
 
 // An open contour keeps its nodes but for the edges of no length.
-void writeOpen(const KrGeratriz& outline, int from, int to, std::vector<Node>& out) {
+void writeOpen(const KrGeratriz& outline, int from, int to, std::vector<OutlineNode>& out) {
   const std::size_t begin = out.size();
   for (int i = from; i <= to; ++i) {
     const NoGeratriz& n = outline.GetNo(i);
@@ -286,7 +286,7 @@ void writeOpen(const KrGeratriz& outline, int from, int to, std::vector<Node>& o
   }
 }
 
-void writeContour(const KrGeratriz& outline, int from, int to, std::vector<Node>& out) {
+void writeContour(const KrGeratriz& outline, int from, int to, std::vector<OutlineNode>& out) {
   static Ring ring;
   const NoGeratriz& head = outline.GetNo(from);
   const NoGeratriz& tail = outline.GetNo(to);
@@ -306,7 +306,7 @@ void writeContour(const KrGeratriz& outline, int from, int to, std::vector<Node>
 
 }  // namespace
 
-void prepareOutline(const KrGeratriz& outline, std::vector<Node>& out) {
+void prepareOutline(const KrGeratriz& outline, std::vector<OutlineNode>& out) {
   const int qtd = outline.Qtd();
   int from = 0;
   for (int i = 0; i < qtd; ++i) {

@@ -17,6 +17,17 @@ constexpr double kLabelRoom = 8;  // above the views of a bar, for their names
 constexpr double kLabelGap = 2;
 constexpr double kSmallestScale = 1e-6;
 
+// Each name stands right above what is drawn of its view, however much of the bar was taken away.
+void putAbove(const std::vector<AcDbObjectId>& members, std::vector<BarViewLabel>& labels) {
+  for (std::size_t i = 0; i < labels.size() && i < members.size(); ++i) {
+    const AcDbObjectPointer<AcDbEntity> member(members[i], AcDb::kForRead);
+    AcDbExtents box;
+    if (member.openStatus() == Acad::eOk && member->getGeomExtents(box) == Acad::eOk) {
+      labels[i].at.y = box.maxPoint().y;
+    }
+  }
+}
+
 }  // namespace
 
 double ViewSet::Shown::before() const {
@@ -58,6 +69,7 @@ bool ViewSet::make(const DrawnJob& drawn, const JobSheet& sheet, const std::vect
       why = "view " + std::to_string(views_.size() + 1) + " shows no member";
       return false;
     }
+    putAbove(members, shown.labels);
     views_.push_back(std::move(shown));
   }
   return true;

@@ -150,41 +150,41 @@ Acad::ErrorStatus AcDbMemoryDwgFiler::seek(Adesk::Int64 offset, int method) {
   return Acad::eOk;
 }
 
-#define KR_DB_FIELD(NAME, TYPE)                                   \
+#define KR_FILED_KIND(NAME, TYPE)                                 \
   Acad::ErrorStatus AcDbMemoryDwgFiler::write##NAME(TYPE value) { \
     return put(Tag::k##NAME, value);                              \
   }                                                               \
   Acad::ErrorStatus AcDbMemoryDwgFiler::read##NAME(TYPE* value) { \
     return get(Tag::k##NAME, value);                              \
   }
-KR_DB_FIELD(Int8, Adesk::Int8)
-KR_DB_FIELD(Int16, Adesk::Int16)
-KR_DB_FIELD(Int32, Adesk::Int32)
-KR_DB_FIELD(Int64, Adesk::Int64)
-KR_DB_FIELD(UInt8, Adesk::UInt8)
-KR_DB_FIELD(UInt16, Adesk::UInt16)
-KR_DB_FIELD(UInt32, Adesk::UInt32)
-KR_DB_FIELD(UInt64, Adesk::UInt64)
-KR_DB_FIELD(Double, double)
-#undef KR_DB_FIELD
+KR_FILED_KIND(Int8, Adesk::Int8)
+KR_FILED_KIND(Int16, Adesk::Int16)
+KR_FILED_KIND(Int32, Adesk::Int32)
+KR_FILED_KIND(Int64, Adesk::Int64)
+KR_FILED_KIND(UInt8, Adesk::UInt8)
+KR_FILED_KIND(UInt16, Adesk::UInt16)
+KR_FILED_KIND(UInt32, Adesk::UInt32)
+KR_FILED_KIND(UInt64, Adesk::UInt64)
+KR_FILED_KIND(Double, double)
+#undef KR_FILED_KIND
 
-#define KR_DB_FIELD(NAME, TAG, TYPE)                                     \
+#define KR_FILED_KIND(NAME, TAG, TYPE)                                   \
   Acad::ErrorStatus AcDbMemoryDwgFiler::write##NAME(const TYPE& value) { \
     return put(Tag::TAG, value);                                         \
   }                                                                      \
   Acad::ErrorStatus AcDbMemoryDwgFiler::read##NAME(TYPE* value) {        \
     return get(Tag::TAG, value);                                         \
   }
-KR_DB_FIELD(HardOwnershipId, kHardOwner, AcDbHardOwnershipId)
-KR_DB_FIELD(HardPointerId, kHardPointer, AcDbHardPointerId)
-KR_DB_FIELD(SoftOwnershipId, kSoftOwner, AcDbSoftOwnershipId)
-KR_DB_FIELD(SoftPointerId, kSoftPointer, AcDbSoftPointerId)
-KR_DB_FIELD(AcDbHandle, kHandle, AcDbHandle)
-KR_DB_FIELD(Point2d, kPoint2d, AcGePoint2d)
-KR_DB_FIELD(Point3d, kPoint3d, AcGePoint3d)
-KR_DB_FIELD(Vector2d, kVector2d, AcGeVector2d)
-KR_DB_FIELD(Vector3d, kVector3d, AcGeVector3d)
-#undef KR_DB_FIELD
+KR_FILED_KIND(HardOwnershipId, kHardOwner, AcDbHardOwnershipId)
+KR_FILED_KIND(HardPointerId, kHardPointer, AcDbHardPointerId)
+KR_FILED_KIND(SoftOwnershipId, kSoftOwner, AcDbSoftOwnershipId)
+KR_FILED_KIND(SoftPointerId, kSoftPointer, AcDbSoftPointerId)
+KR_FILED_KIND(AcDbHandle, kHandle, AcDbHandle)
+KR_FILED_KIND(Point2d, kPoint2d, AcGePoint2d)
+KR_FILED_KIND(Point3d, kPoint3d, AcGePoint3d)
+KR_FILED_KIND(Vector2d, kVector2d, AcGeVector2d)
+KR_FILED_KIND(Vector3d, kVector3d, AcGeVector3d)
+#undef KR_FILED_KIND
 
 Acad::ErrorStatus AcDbMemoryDwgFiler::writeBoolean(Adesk::Boolean value) {
   return put(Tag::kBoolean, Adesk::UInt8(value != 0));
