@@ -10,6 +10,7 @@
 #include "editing/Links.h"
 #include "host/ed/ed.h"
 #include "object/KrObject.h"
+#include "object/ListsNotShown.h"
 
 namespace {
 
@@ -198,6 +199,7 @@ Acad::ErrorStatus KrObject::SetPointsOfEixoBarra(const AcGePoint3d& a, const AcG
   }
   angleVista_ = angle;
   comprimento_ = length;
+  dropListsNotShown(*this);
   Gera_KrVector(vista_);
   return Acad::eOk;
 }

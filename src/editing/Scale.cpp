@@ -6,6 +6,7 @@
 #include "editing/PointScale.h"
 #include "editing/RoundElements.h"
 #include "object/KrObject.h"
+#include "object/ListsNotShown.h"
 #include "object/Rotation.h"
 
 namespace {
@@ -100,6 +101,7 @@ Acad::ErrorStatus KrObject::ObjectScale(double x, double y, double z) {
   xScale_ = x;
   yScale_ = y;
   zScale_ = z;
+  dropListsNotShown(*this);
   return Acad::eOk;
 }
 

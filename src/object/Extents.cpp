@@ -99,17 +99,21 @@ class Corner {
   bool empty_ = true;
 };
 
-/// Whether the ends of an element are points of the member as drawn: axes only measure, and circles have no ends.
+/// Circles and round holes seen face on have no ends: what stands there is no point of the drawing.
+bool hasEnds(const KrVector& v) {
+  return v.type() != KR_VT_CIRCULO && (v.type() != KR_VT_FURO || v.tipo() == KR_VF_FURO_OBLONGO);
+}
+
+/// Whether the ends of an element are points of the member as drawn: axes only measure.
 bool hasEndsOnTheMember(const KrVector& v) {
   switch (v.type()) {
     case KR_VT_EIXO:
     case KR_VT_REFERENCIA:
     case KR_VT_FURO_EIXO:
     case KR_VT_FURO:
-    case KR_VT_CIRCULO:
       return false;
     default:
-      return true;
+      return hasEnds(v);
   }
 }
 
@@ -241,6 +245,7 @@ void KrObject::GetLimitsPoints(AcGePoint3d& a, AcGePoint3d& b, KrVistas v) const
   bool first = true;
   AcGePoint3d left, right;
   for (const Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no)) {
+    if (!hasEnds(*no->value)) continue;
     for (const AcGePoint3d& p : {no->value->startPoint(), no->value->endPoint()}) {
       if (first || p.x < left.x) left = p;
       if (first || p.x > right.x) right = p;

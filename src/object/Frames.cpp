@@ -6,6 +6,7 @@
 
 #include "host/companion/companion.h"
 #include "object/KrObject.h"
+#include "object/ListsNotShown.h"
 #include "object/Rotation.h"
 
 namespace {
@@ -152,6 +153,7 @@ Acad::ErrorStatus KrObject::setPositionNoRegen(const Position& posicao, int eixo
   startPoint_ = axis->startPoint();
   endPoint_ = axis->endPoint();
   angleVista_ = GetAngle(std::atan2(posicao.direcao.y, posicao.direcao.x));
+  dropListsNotShown(*this);
   // The reference line measures the steel, whichever of the two the placement is based on.
   return setComprimento(eixoBase != 0 ? posicao.fim - posicao.inicio : posicao.comprimento);
 }

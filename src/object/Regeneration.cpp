@@ -1,5 +1,6 @@
 // The regeneration: from the model of a member to the drawn elements of one view.
 
+#include <array>
 #include <cmath>
 #include <memory>
 #include <vector>
@@ -43,6 +44,32 @@ class WorkspaceLease {
   Workspace* workspace_;
 };
 
+/// Keeps the lists of the other views through a regeneration: its passage to real size and back moves nothing, unlike a
+/// change of the scale, which drops them.
+class ListsBeside {
+ public:
+  using List = KrObjectArray<KrVector>;
+
+  ListsBeside(std::array<List, kNumVistas>& lists, const List& made, bool passesToRealSize) {
+    if (!passesToRealSize) return;
+    for (List& list : lists)
+      if (&list != &made && list.IsEmpty() == 0) kept_.push_back({&list, list});
+  }
+  ~ListsBeside() {
+    for (const Kept& k : kept_)
+      if (k.list->IsEmpty() != 0) *k.list = k.elements;
+  }
+  ListsBeside(const ListsBeside&) = delete;
+  ListsBeside& operator=(const ListsBeside&) = delete;
+
+ private:
+  struct Kept {
+    List* list;
+    List elements;
+  };
+  std::vector<Kept> kept_;
+};
+
 }  // namespace
 
 void KrObject::Gera_KrVector(const AcGePoint3d& ponto, KrGeratriz& geratriz, KrVistas vista, double espessura,
@@ -69,12 +96,23 @@ void KrObject::Gera_KrVector(KrVistas vista) {
   const double x = xScale_;
   const double y = yScale_;
   const double z = zScale_;
-  ObjectScale(1, 1, 1);
-  regenerate(vista);
-  ObjectScale(x, y, z);
+  const AcGePoint3d start = startPoint_;
+  const AcGePoint3d end = endPoint_;
+  {
+    const bool passes = x != 1 || y != 1 || z != 1;
+    const ListsBeside beside(vertexLists_, vertexList(vista), passes);
+    ObjectScale(1, 1, 1);
+    regenerate(vista);
+    ObjectScale(x, y, z);
+  }
   AplicaCropping();
   comprimento_ = getComprimento();
+  if (vista == shown) return;
   vista_ = shown;
+  if (vertexList(shown).IsEmpty() != 0) return;
+  // The end points are those of the axis line shown.
+  startPoint_ = start;
+  endPoint_ = end;
 }
 
 void KrObject::regenerate(KrVistas vista) {

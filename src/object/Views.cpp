@@ -5,6 +5,7 @@
 
 #include "host/companion/companion.h"
 #include "object/KrObject.h"
+#include "object/ListsNotShown.h"
 
 namespace {
 
@@ -196,6 +197,7 @@ void KrObject::switchToVista(KrVistas vista) {
   angleSecao_ = quarters >= 4 ? 0.0 : quarters * (kPi / 2);
   vertexList(vista_).Clear();
   vista_ = vista;
+  dropListsNotShown(*this);
   // The new view starts from the two lines alone: what its list held stands where the bar stood when it was made.
   KrObjectArray<KrVector>& lista = vertexList(vista_);
   lista.Clear();

@@ -56,10 +56,20 @@ TEST(Split, OfNoLengthIsATenth) {
 TEST(Split, TakesTheHoleInItsGap) {
   TestMember bar;
   makeBar(bar);
+  KrFuro holes;
+  holes.Add({0, -30, 300}, {0, 30, 300}, 14, 0, 0);
+  holes.Add({0, -30, 500}, {0, 30, 500}, 14, 0, 0);
+  bar.setFurosSemLink(holes);
+  bar.Gera_KrVector();
+  ASSERT_EQ(bar.GetNumFuros(), 2);
   bar.addSplit(splitAt(300, 20), 0);
   bar.addSplit(splitAt(700, 20), 0);
   EXPECT_EQ(contoursOf(bar), 3);
   EXPECT_EQ(bar.numSplits(), 2);
+  KrObjectArray<KrVector> drawn;
+  ASSERT_EQ(bar.GetFuros(drawn), 1);
+  ASSERT_EQ(drawn.length(), 1);
+  EXPECT_EQ(drawn[0].IndexFur(), 1) << "the hole between the gaps stays";
 }
 
 TEST(Split, LiesAtItsPlaceInEveryViewScaleAndQuarter) {
