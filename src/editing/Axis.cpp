@@ -9,6 +9,7 @@
 
 #include "editing/Links.h"
 #include "host/ed/ed.h"
+#include "object/Finite.h"
 #include "object/KrObject.h"
 #include "object/ListsNotShown.h"
 
@@ -30,10 +31,6 @@ bool crossLines(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d& c
 
 AcGePoint3d middle(const AcGePoint3d& a, const AcGePoint3d& b) {
   return a + (b - a) * 0.5;
-}
-
-bool isFinite(const AcGePoint3d& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
 }
 
 /// Holes face on and circles are no chord from start to end.
@@ -209,6 +206,7 @@ Acad::ErrorStatus KrObject::SetPointsOfEixoBarra(const AcGePoint3d& a, const AcG
 Acad::ErrorStatus KrObject::moveEixo(const AcGeVector3d& v) {
   assertWriteEnabled();
   KrVector* axis = nullptr;
+  if (!isFinite(v)) return Acad::eInvalidInput;
   if (const Acad::ErrorStatus es = getVectorEixo(VistaCorrente, axis, 0); es != Acad::eOk) return es;
   axis->transformBy(AcGeMatrix3d::translation(v));
   startPoint_ = axis->startPoint();
@@ -279,6 +277,7 @@ int KrObject::testEixo(int naOrigem) const {
 
 Acad::ErrorStatus KrObject::transformByNoEixo(const AcGeMatrix3d& m) {
   assertWriteEnabled();
+  if (!isFinite(m)) return Acad::eInvalidInput;
   const bool elevation = isSecao() == Acad::eNotApplicable;
   KrObjectArray<KrVector>& lista = vertexList(elevation ? vista_ : Secao);
   for (Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no))

@@ -5,6 +5,7 @@
 #include "editing/DimensionScale.h"
 #include "editing/PointScale.h"
 #include "editing/RoundElements.h"
+#include "object/Finite.h"
 #include "object/KrObject.h"
 #include "object/ListsNotShown.h"
 #include "object/Rotation.h"
@@ -107,6 +108,7 @@ Acad::ErrorStatus KrObject::ObjectScale(double x, double y, double z) {
 
 Acad::ErrorStatus KrObject::ObjectScaleAxl(AcGePoint3d base, double x) {
   const double before = xScale_;
+  if (!isFinite(base)) return Acad::eInvalidInput;
   if (const Acad::ErrorStatus es = ObjectScale(x, 1.0, 1.0); es != Acad::eOk) return es;
   const AcGeVector3d along(std::cos(angleVista_), std::sin(angleVista_), 0);
   const double gain = along.dotProduct(base - startPoint_) * (1 - xScale_ / before);

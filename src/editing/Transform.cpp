@@ -5,6 +5,7 @@
 
 #include "editing/RoundElements.h"
 #include "host/companion/companion.h"
+#include "object/Finite.h"
 #include "object/KrObject.h"
 #include "records/ChordAngle.h"
 
@@ -13,13 +14,6 @@ namespace {
 constexpr double kQuarter = 1.5707963267948966;
 /// What rounding leaves of a factor of 1, and of a whole quarter.
 constexpr double kRounding = 1e-12;
-
-bool isFinite(const AcGeMatrix3d& m) {
-  double sum = 0;
-  for (const auto& row : m.entry)
-    for (const double e : row) sum += e * 0.0;
-  return sum == 0.0;
-}
 
 /// An angle within one turn; a whole quarter stays one, since what works on quarters takes no hair less than them.
 double withinTurn(double angle) {
@@ -126,6 +120,7 @@ Acad::ErrorStatus KrObject::subTransformBy(const AcGeMatrix3d& xform) {
 
 Acad::ErrorStatus KrObject::transformByFuros(const AcGeMatrix3d& m) {
   assertWriteEnabled();
+  if (!isFinite(m)) return Acad::eInvalidInput;
   if (vista_ == Secao) return Acad::eOk;
   KrObjectArray<KrVector>& lista = vertexList(VistaCorrente);
   for (Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no))

@@ -4,6 +4,7 @@
 
 #include "host/ed/ed.h"
 #include "host/ge/ge.h"
+#include "object/Finite.h"
 #include "records/KrVector.h"
 #include "support/Units.h"
 
@@ -20,8 +21,8 @@ class CutLine {
   CutLine(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& side)
       : p1_(p1), p2_(p2), side_(side), length_(p1.distanceTo(p2)), along_((p2 - p1) / length_), away_(offset(side)) {}
 
-  /// False for a segment of no length, or not of numbers: such a one cuts nothing.
-  bool isValid() const { return length_ > AcGeContext::gTol.equalPoint() && std::isfinite(length_); }
+  /// False for a segment of no length, and where it or the side isn't told in numbers: such a one cuts nothing.
+  bool isValid() const { return length_ > AcGeContext::gTol.equalPoint() && std::isfinite(length_) && isFinite(side_); }
   const AcGeVector3d& direction() const { return along_; }
 
   /// Whether a point lies on the segment.

@@ -13,15 +13,12 @@
 #include "host/companion/companion.h"
 #include "modifiers/CutLine.h"
 #include "modifiers/CutTraces.h"
+#include "object/Finite.h"
 #include "object/KrObject.h"
 
 namespace {
 
 constexpr int kMostCuts = std::numeric_limits<unsigned short>::max();
-
-bool isFinite(const AcGePoint3d& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
 
 /// A vector that keeps its memory from one use to the next. A use within a use gets an empty one.
 template <class T>

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "editing/Links.h"
+#include "object/Finite.h"
 #include "object/KrObject.h"
 #include "object/OutlineCrossings.h"
 #include "object/Rotation.h"
@@ -14,11 +15,7 @@ constexpr double kPi = 3.141592653589793;
 /// The centre line of a hole's trace reaches past each end by this many times the hole's depth.
 constexpr double kTraceReach = 2.0;
 
-bool isFinite(const AcGeVector3d& v) {
-  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
-}
-
-bool isFinite(const NoFuro& hole) {
+bool isOfNumbers(const NoFuro& hole) {
   return isFinite(hole.Ini) && isFinite(hole.Fim) && std::isfinite(hole.Diametro) && std::isfinite(hole.Stretch) &&
          std::isfinite(hole.Angle);
 }
@@ -40,7 +37,7 @@ Acad::ErrorStatus KrObject::ajustaFuros(KrVistas vista, KrFuro& furos, const AcG
 Acad::ErrorStatus KrObject::setFurosSemLink(const KrFuro& furos) {
   assertWriteEnabled();
   for (const NoFuro* hole = furos.getNode(0); hole != nullptr; hole = hole->next)
-    if (!isFinite(*hole)) return Acad::eInvalidInput;
+    if (!isOfNumbers(*hole)) return Acad::eInvalidInput;
   furos_ = furos;
   return Acad::eOk;
 }

@@ -9,6 +9,7 @@
 #include "host/companion/companion.h"
 #include "modifiers/Contours.h"
 #include "modifiers/Flat.h"
+#include "object/Finite.h"
 #include "object/KrObject.h"
 
 namespace {
@@ -21,12 +22,9 @@ struct Outline {
   AcArray<double> bulges;
 };
 
-bool isFinite(const AcGePoint2d& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y);
-}
-
-bool isUsable(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, const AcGePoint2d& side) {
-  return points.length() > 1 && isFinite(side) && std::all_of(points.begin(), points.end(), isFinite) &&
+bool isOfNumbers(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, const AcGePoint2d& side) {
+  return isFinite(side) &&
+         std::all_of(points.begin(), points.end(), [](const AcGePoint2d& p) { return isFinite(p); }) &&
          std::all_of(bulges.begin(), bulges.end(), [](double b) { return std::isfinite(b); });
 }
 
@@ -244,7 +242,8 @@ Acad::ErrorStatus KrObject::RecorteVisual(const AcArray<AcGePoint2d>& pontos, co
                                           AcGePoint2d& lado, int atualizaEixo, RecorteOutLinesOpts opcoes,
                                           AcArray<void*>* saida) {
   assertWriteEnabled();
-  if (isSecao() != Acad::eNotApplicable || !isUsable(pontos, bulges, lado)) return Acad::eNotApplicable;
+  if (isSecao() != Acad::eNotApplicable || pontos.length() < 2 || !isOfNumbers(pontos, bulges, lado))
+    return Acad::eNotApplicable;
   if (PolygonEdges(pontos, bulges).holds(lado)) return Acad::eNotApplicable;
 
   Outline outline{pontos, bulges};
@@ -368,6 +367,8 @@ Acad::ErrorStatus KrObject::addRecortesWCS(const KrObjectRecorteArray& lista) {
   assertWriteEnabled();
   const NotchFrame frame(*this);
   if (frame.status != Acad::eOk) return Acad::eNotApplicable;
+  for (int i = 0; i < lista.length(); ++i)
+    if (!isOfNumbers(lista[i].points(), lista[i].bulges(), lista[i].lado())) return Acad::eInvalidInput;
   for (int i = 0; i < lista.length(); ++i) {
     KrObjectRecorte notch(lista[i]);
     frame.toBar(notch);
@@ -422,6 +423,7 @@ Acad::ErrorStatus KrObject::moveRecortesVista(const AcGeVector3d& v, const AcArr
   assertWriteEnabled();
   const NotchFrame frame(*this);
   if (frame.status != Acad::eOk) return frame.status;
+  if (!isFinite(v)) return Acad::eInvalidInput;
   AcGeVector3d real = v;
   unscaleRef(real);
   // The frame itself, not its inverse: so the vector is told, and so it stays.

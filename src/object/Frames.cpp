@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/companion/companion.h"
+#include "object/Finite.h"
 #include "object/KrObject.h"
 #include "object/ListsNotShown.h"
 #include "object/Rotation.h"
@@ -41,10 +42,6 @@ Acad::ErrorStatus fixedPoint(const KrObject& member, AcGePoint3d& fixed) {
   if (const Acad::ErrorStatus es = member.GetPointsOfEixo(a, b, 1); es != Acad::eOk) return es;
   fixed = member.isInverted() != 0 ? b : a;
   return Acad::eOk;
-}
-
-bool isFinite(const AcGePoint3d& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
 }
 
 template <class T>

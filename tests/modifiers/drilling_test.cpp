@@ -7,6 +7,7 @@
 
 #include "HoleSpace.h"
 #include "Sections.h"
+#include "object/TestMember.h"
 
 namespace {
 
@@ -176,6 +177,20 @@ TEST(DrillingASection, ThatMeetsNoWallMakesNothing) {
   EXPECT_EQ(bar.FurarSecao({60, 0, 100}, {0, 1}, 18, 0, 0, -1, 0, 0), Acad::eNotApplicable);
   EXPECT_EQ(bar.FurarSecao({20, 0, 100}, {0, 0}, 18, 0, 0, -1, 0, 0), Acad::eNotApplicable);
   EXPECT_EQ(bar.numFuros(), 0);
+}
+
+TEST(DrillingASection, ALineThatTouchesACornerMakesNoHoleOfNoLength) {
+  // Two squares on their corners, the one upon the other.
+  TestMember bar;
+  bar.make({{{0, 10}, {10, 0}, {0, -10}, {-10, 0}}, {{0, 30}, {10, 20}, {0, 10}, {-10, 20}}}, Secao, 600);
+  for (const double y : {30.0, 10.0, -10.0}) {
+    for (const int walls : {-1, 0, 1, 2})
+      EXPECT_EQ(bar.FurarSecao({-30, y, 100}, {60, 0}, 18, 0, 0, walls, 0, 0), Acad::eNotApplicable)
+          << y << " " << walls;
+  }
+  EXPECT_EQ(bar.numFuros(), 0);
+  EXPECT_EQ(bar.FurarSecao({-30, 9, 100}, {60, 0}, 18, 0, 0, -1, 0, 0), Acad::eOk);
+  EXPECT_EQ(bar.numFuros(), 1);
 }
 
 TEST(DrillingASection, RefusesNumbersThatAreNotFinite) {

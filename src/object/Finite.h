@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cmath>
+
+#include "host/ge/ge.h"
+
+/// Whether values consist of numbers alone. What isn't one is refused where it comes in, so that no list ever holds it.
+
+inline bool isFinite(const AcGePoint2d& p) {
+  return std::isfinite(p.x) && std::isfinite(p.y);
+}
+
+inline bool isFinite(const AcGePoint3d& p) {
+  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
+
+inline bool isFinite(const AcGeVector3d& v) {
+  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
+
+inline bool isFinite(const AcGeMatrix3d& m) {
+  double sum = 0;
+  for (const auto& row : m.entry)
+    for (const double e : row) sum += e * 0.0;
+  return sum == 0.0;
+}
