@@ -29,13 +29,27 @@ bool isUser(int profile) {
   return std::wstring(samples()[static_cast<std::size_t>(profile)].name) == L"KrUser";
 }
 
+bool isAllowed(Step::Kind kind, const Allowed& allowed) {
+  switch (kind) {
+    case Step::EdgeNotch:
+    case Step::CornerNotch:
+      return allowed.notches;
+    case Step::Split:
+      return allowed.splits;
+    case Step::Limits:
+      return allowed.limits;
+    default:
+      return true;
+  }
+}
+
 Step randomStep(Random& random, const Allowed& allowed) {
   Step step;
   do {
     static constexpr Step::Kind kOften[] = {Step::Hole,      Step::Hole,        Step::Cut,   Step::Cut,
                                             Step::EdgeNotch, Step::CornerNotch, Step::Split, Step::Limits};
     step.kind = kOften[random.below(8)];
-  } while ((step.kind == Step::Split && !allowed.splits) || (step.kind == Step::Limits && !allowed.limits));
+  } while (!isAllowed(step.kind, allowed));
   step.view = kElevations[random.below(4)];
   step.a = random.between(0.02, 0.98);
   step.b = std::min(0.99, step.a + random.between(0.02, 0.2));
@@ -45,7 +59,7 @@ Step randomStep(Random& random, const Allowed& allowed) {
   step.atEnd = random.oneIn(2);
   step.onTop = random.oneIn(2);
   step.closed = random.oneIn(2);
-  if (random.oneIn(3)) step.bulge = random.between(-0.6, 0.6);
+  if (random.oneIn(3) && allowed.arcs) step.bulge = random.between(-0.6, 0.6);
   if (step.kind == Step::Cut) {
     step.a = step.atEnd ? random.between(0.7, 0.99) : random.between(0.01, 0.3);
     step.b = random.oneIn(2) ? step.a : step.a + random.between(-0.04, 0.04);

@@ -65,6 +65,8 @@ class Random {
 struct Allowed {
   bool splits = true;
   bool limits = true;
+  bool notches = true;
+  bool arcs = true;  ///< in notches
   bool user = true;  ///< the class that files nothing
   int mostSteps = 6;
 };
