@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
+#include <memory>
 
 #include "modifiers/CutBar.h"
 #include "object/ElementLists.h"
@@ -134,7 +136,7 @@ TEST_P(NoNumber, IsNoPlaceOfASplitOrALimit) {
   EXPECT_EQ(split.zPos(), 100);
   bar.setVisualRepScale(none);
   // What is infinite is a limit past the end: it is clamped there.
-  if (none != none) {
+  if (std::isnan(none)) {
     bar.setVisualRepStart(none);
     bar.setVisualRepEnd(none);
     bar.setVisualRepStart(AcGePoint3d(none, 0, 0), 1);

@@ -13,7 +13,6 @@ namespace {
 
 using namespace property;
 
-constexpr double kPi = 3.141592653589793;
 const Allowed kAll;
 
 // What all properties rest on: a member that refuses what is done to it would hold them idly.
