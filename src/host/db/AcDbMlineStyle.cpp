@@ -1,6 +1,9 @@
 #include "host/db/AcDbMlineStyle.h"
 
-#include "host/db/AcDbSymbolTable.h"
+#include <algorithm>
+
+#include "host/db/AcDbDatabase.h"
+#include "host/db/AcDbLinetypeTable.h"
 #include "host/db/StructFiling.h"
 #include "host/db/entities/EntityTools.h"
 
@@ -12,9 +15,40 @@ namespace {
 constexpr Adesk::Int16 kByLayer = 32767;
 constexpr Adesk::Int16 kByBlock = 32766;
 
-const ACHAR* linetypeName(const AcDbMlineStyle::Line& line) {
-  if (!line.linetypeName.empty()) return line.linetypeName.c_str();
-  return line.linetype == kByBlock ? L"BYBLOCK" : line.linetype == kByLayer ? L"BYLAYER" : L"CONTINUOUS";
+/// The records that a number counts: all of the table but the two that stand for the block's and the layer's.
+std::vector<AcDbObjectId> countedLinetypes(const AcDbDatabase& database) {
+  std::vector<AcDbObjectId> records;
+  const auto* const table = static_cast<const AcDbLinetypeTable*>(database.linetypeTableId().stub()->object);
+  for (const AcDbObjectId id : table->recordIds()) {
+    if (id != database.byBlockLinetype() && id != database.byLayerLinetype()) records.push_back(id);
+  }
+  return records;
+}
+
+std::wstring linetypeName(const AcDbMlineStyle::Line& line, const AcDbDatabase* database) {
+  if (!line.linetypeName.empty()) return line.linetypeName;
+  if (line.linetype == kByBlock) return L"BYBLOCK";
+  if (line.linetype == kByLayer) return L"BYLAYER";
+  const std::vector<AcDbObjectId> counted = database != nullptr ? countedLinetypes(*database) : decltype(counted)();
+  const bool found = line.linetype >= 0 && std::size_t(line.linetype) < counted.size();
+  const AcDbObjectId record = found ? counted[std::size_t(line.linetype)] : AcDbObjectId::kNull;
+  if (!record.isResident()) return L"CONTINUOUS";
+  return static_cast<AcDbSymbolTableRecord*>(record.stub()->object)->nameText();
+}
+
+/// The number that a name stands for; the name stays where it has none.
+void setLinetype(AcDbMlineStyle::Line& line, std::wstring name, const AcDbDatabase* database) {
+  const std::wstring folded = acdbFoldedName(name.c_str());
+  line.linetypeName.clear();
+  line.linetype = folded == L"byblock" ? kByBlock : kByLayer;
+  if (folded == L"byblock" || folded == L"bylayer") return;
+  const std::vector<AcDbObjectId> counted = database != nullptr ? countedLinetypes(*database) : decltype(counted)();
+  const auto found = std::find_if(counted.begin(), counted.end(), [&](AcDbObjectId id) {
+    return id.isResident() &&
+           acdbFoldedName(static_cast<AcDbSymbolTableRecord*>(id.stub()->object)->nameText().c_str()) == folded;
+  });
+  line.linetype = Adesk::Int16(found != counted.end() ? found - counted.begin() : 0);
+  if (found == counted.end()) line.linetypeName = std::move(name);
 }
 
 }  // namespace
@@ -40,7 +74,7 @@ Acad::ErrorStatus AcDbMlineStyle::dxfOutFields(AcDbDxfFiler* filer) const {
   for (const Line& line : data_.lines) {
     filer->writeItem(49, line.offset);
     filer->writeItem(62, line.color);
-    filer->writeItem(6, linetypeName(line));
+    filer->writeItem(6, linetypeName(line, filer->database()).c_str());
   }
   return filer->filerStatus();
 }
@@ -58,10 +92,7 @@ Acad::ErrorStatus AcDbMlineStyle::dxfInFields(AcDbDxfFiler* filer) {
     if (group.restype == 49) data_.lines.emplace_back().offset = value.rreal;
     if (group.restype == 62) (data_.lines.empty() ? data_.fillColor : data_.lines.back().color) = value.rint;
     if (group.restype == 6 && !data_.lines.empty()) {
-      Line& line = data_.lines.back();
-      line.linetypeName = entities::textOf(group);
-      const std::wstring folded = acdbFoldedName(line.linetypeName.c_str());
-      line.linetype = folded == L"bylayer" ? kByLayer : folded == L"byblock" ? kByBlock : Adesk::Int16(0);
+      setLinetype(data_.lines.back(), entities::textOf(group), filer->database());
     }
   });
 }

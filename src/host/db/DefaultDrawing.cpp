@@ -292,6 +292,25 @@ void listInserts(AcDbDatabase& db, const std::vector<AcDbObjectId>& blocks) {
   }
 }
 
+/// Texts, dimensions and leaders that were given no style have the standard one: a file can't leave it out.
+void giveStyles(AcDbDatabase& db, AcDbObjectId textStyle, AcDbObjectId dimensionStyle) {
+  const auto give = [](AcDbHardPointerId& style, AcDbObjectId usual) {
+    if (style.isNull()) style = usual;
+  };
+  for (const AcDbStub& stub : db.handleTable().stubs()) {
+    if (stub.object == nullptr || stub.has(AcDbStub::kErased) || !stub.object->isKindOf(AcDbEntity::desc())) continue;
+    if (auto* const text = AcDbText::cast(stub.object)) {
+      give(text->dataAsRead().style, textStyle);
+    } else if (auto* const paragraph = AcDbMText::cast(stub.object)) {
+      give(paragraph->dataAsRead().style, textStyle);
+    } else if (auto* const dimension = AcDbDimension::cast(stub.object)) {
+      give(dimension->dataAsRead().style, dimensionStyle);
+    } else if (auto* const leader = AcDbLeader::cast(stub.object)) {
+      give(leader->dataAsRead().dimensionStyle, dimensionStyle);
+    }
+  }
+}
+
 /// A GUID's text from a number: the drawing's own, the same for the same drawing.
 std::wstring guidText(Adesk::UInt64 seed) {
   std::wstring text = L"{00000000-0000-0000-0000-000000000000}";
@@ -378,6 +397,7 @@ void AcDbDatabase::prepareForSave() {
     if (!block.isErased()) record.makeEnds();
   }
   listInserts(*this, blocks);
+  giveStyles(*this, roots_.standardTextStyle, roots_.standardDimStyle);
   takeCurrentDefaults();
   if (!dimscaleApart_) header_.setReal(H::kDIMSCALE, dimscale());
   for (const Role& role : kTableRoles) header_.setId(role.header, roots_.*role.root);

@@ -39,19 +39,29 @@ namespace {
 constexpr std::uint64_t kHandleLimit = std::uint64_t(1) << 60;
 
 /// How the exchange format names objects of the fixed types that the host has no class for.
+struct TypeName {
+  std::uint16_t type;
+  const wchar_t* name;
+};
+constexpr std::uint16_t kPolyfaceMesh = 0x1D;
+constexpr TypeName kTypeNames[] = {
+    {0x0C, L"VERTEX"},    {0x0D, L"VERTEX"}, {0x0E, L"VERTEX"},    {0x1C, L"3DFACE"},     {0x1E, L"POLYLINE"},
+    {0x1D, L"POLYLINE"},  {0x21, L"SHAPE"},  {0x23, L"ELLIPSE"},   {0x24, L"SPLINE"},     {0x25, L"REGION"},
+    {0x26, L"3DSOLID"},   {0x27, L"BODY"},   {0x28, L"RAY"},       {0x29, L"XLINE"},      {0x2B, L"OLEFRAME"},
+    {0x2E, L"TOLERANCE"}, {0x2F, L"MLINE"},  {0x4A, L"OLE2FRAME"}, {kXrecord, L"XRECORD"}};
+
 const wchar_t* nameOfFixedType(unsigned type) {
-  struct Name {
-    unsigned type;
-    const wchar_t* name;
-  };
-  static constexpr Name kNames[] = {
-      {0x0C, L"VERTEX"},    {0x0D, L"VERTEX"}, {0x0E, L"VERTEX"},    {0x1C, L"3DFACE"},     {0x1D, L"POLYLINE"},
-      {0x1E, L"POLYLINE"},  {0x21, L"SHAPE"},  {0x23, L"ELLIPSE"},   {0x24, L"SPLINE"},     {0x25, L"REGION"},
-      {0x26, L"3DSOLID"},   {0x27, L"BODY"},   {0x28, L"RAY"},       {0x29, L"XLINE"},      {0x2B, L"OLEFRAME"},
-      {0x2E, L"TOLERANCE"}, {0x2F, L"MLINE"},  {0x4A, L"OLE2FRAME"}, {kXrecord, L"XRECORD"}};
-  const auto found =
-      std::find_if(std::begin(kNames), std::end(kNames), [&](const Name& each) { return each.type == type; });
-  return found != std::end(kNames) ? found->name : L"";
+  const auto found = std::find_if(std::begin(kTypeNames), std::end(kTypeNames),
+                                  [&](const TypeName& each) { return each.type == type; });
+  return found != std::end(kTypeNames) ? found->name : L"";
+}
+
+/// The fixed type whose groups stand under a class of its name; 0 for a class of an application.
+std::uint16_t fixedTypeOf(const AcDbClassRecord& record) {
+  if (record.cppName == L"AcDbPolyFaceMesh") return kPolyfaceMesh;
+  const auto found = std::find_if(std::begin(kTypeNames), std::end(kTypeNames),
+                                  [&](const TypeName& each) { return each.name == record.dxfName; });
+  return found != std::end(kTypeNames) ? found->type : std::uint16_t(0);
 }
 
 /// The groups of a proxy in the exchange format's form, to the end of the data.
@@ -131,7 +141,10 @@ bool Reader::makeStubs() {
   if (map.empty() && !policy_.recover()) return policy_.goOn("the drawing has no objects", 0);
   const std::uint64_t declared = readHandseed(BitReader(container_.variables()));
   const std::uint64_t needed = map.empty() ? 1 : map.back().handle + 1;
-  if (needed >= kHandleLimit) return policy_.goOn("a handle is too large", 0, map.back().handle) && false;
+  if (needed >= kHandleLimit) {
+    policy_.report().error("a handle is too large", map.back().handle, 0);
+    return false;
+  }
   std::uint64_t seed = std::max(declared, needed);
   if (declared < needed || declared >= kHandleLimit) {
     if (!policy_.goOn("HANDSEED doesn't lie above the handles in use", 0, declared)) return false;
@@ -287,6 +300,16 @@ void Reader::setCommon(AcDbEntity& entity, const EntityHead& head) {
   entity.setCommonAsRead(common);
 }
 
+/// The picture that the file has of an entity.
+void Reader::setGraphics(AcDbEntity& entity, const EntityHead& head, const Frame& frame) {
+  if (!head.hasGraphics) return;
+  std::vector<std::byte> graphics(head.graphicsBytes);
+  BitReader bits = frame.data;
+  bits.seek(head.graphics);
+  bits.bytes(graphics.data(), graphics.size());
+  entity.setFileGraphics(std::move(graphics));
+}
+
 template <class Head>
 void Reader::setRelations(AcDbObject& object, const Head& head, const Frame& frame) {
   if (head.extensionDictionary != 0) {
@@ -307,7 +330,7 @@ bool Reader::put(std::unique_ptr<AcDbObject> object, AcDbStub* stub, AcDbStub* o
   if (head.reactors != 0 || head.extensionDictionary != 0) [[unlikely]]
     setRelations(*object, head, frame);
   if (database_.putRead(object.get(), stub, owner) != Acad::eOk) return false;
-  object.release();
+  static_cast<void>(object.release());
   return true;
 }
 
@@ -371,6 +394,7 @@ bool Reader::readByType(const TypeInfo& type, const Frame& frame, AcDbStub* stub
     inserts_.emplace_back(static_cast<AcDbBlockReference*>(entity)->data().block.stub(), stub);
   }
   if (entity->subentities() != nullptr) sequences_.push_back(stub);
+  if (frame.type == kViewport) viewports_.push_back(stub);
   if (frame.type != kSequenceEnd) list(head, owner, stub);
   return true;
 }
@@ -389,6 +413,8 @@ bool Reader::readCustom(const FileClass& fileClass, const Frame& frame, AcDbStub
     setCommon(*entity, head);
     setRelations(*object, head, frame);
     owner = ownerOf(head);
+    // What files nothing of itself can't draw itself either: the file's picture is all that there is of it.
+    if (decoder.data.left() == 0) setGraphics(*entity, head, frame);
   } else {
     readHead(decoder, objectHead);
     setRelations(*object, objectHead, frame);
@@ -402,7 +428,7 @@ bool Reader::readCustom(const FileClass& fileClass, const Frame& frame, AcDbStub
   const Acad::ErrorStatus es = object->dwgInFields(&filer);
   stub->flags &= ~kReading;
   if (es == Acad::eOk && filer.filerStatus() == Acad::eOk && endsRight(decoder)) {
-    object.release();
+    static_cast<void>(object.release());
     if (entity != nullptr) list(head, owner, stub);
     return true;
   }
@@ -430,13 +456,7 @@ bool Reader::readProxy(const FileClass* fileClass, bool isEntity, const Frame& f
   if (decoder.failed()) return false;
   auto proxy = std::make_unique<AcDbProxyEntity>();
   setCommon(*proxy, head);
-  if (head.hasGraphics) {
-    std::vector<std::byte> graphics(head.graphicsBytes);
-    BitReader bits = frame.data;
-    bits.seek(head.graphics);
-    bits.bytes(graphics.data(), graphics.size());
-    proxy->setFileGraphics(std::move(graphics));
-  }
+  setGraphics(*proxy, head, frame);
   fillProxy(proxy->dataAsRead(), fileClass, frame, decoder);
   AcDbStub* const owner = ownerOf(head);
   if (!put(std::move(proxy), stub, owner, head, frame)) return false;
@@ -471,6 +491,11 @@ void Reader::fillProxy(AcDbProxyData& data, const FileClass* fileClass, const Fr
   } else {
     data.fixedType = frame.type;
     data.dxfName = nameOfFixedType(frame.type);
+  }
+  if (const std::uint16_t fixed = data.form == AcDbProxyData::kDxfGroups ? fixedTypeOf(data.classRecord) : 0) {
+    data.dxfName = data.classRecord.dxfName;
+    data.classRecord = {};
+    data.fixedType = fixed;
   }
   data.bitCount = Adesk::UInt32(decoder.data.left());
   data.bits.resize((data.bitCount + 7) / 8);

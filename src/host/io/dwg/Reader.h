@@ -78,6 +78,7 @@ class Reader {
   }
   AcDbStub* ownerOf(const EntityHead& head);
   void setCommon(AcDbEntity& entity, const EntityHead& head);
+  static void setGraphics(AcDbEntity& entity, const EntityHead& head, const Frame& frame);
   template <class Head>
   void setRelations(AcDbObject& object, const Head& head, const Frame& frame);
   template <class Head>
@@ -93,6 +94,7 @@ class Reader {
   bool listParts();
   bool orderByLinks(Parts& parts);
   void listInserts();
+  void numberViewports();
   bool readAllExtendedData();
   bool readExtendedData(const ExtendedData& place);
   std::optional<Frame> frameOf(std::uint64_t handle);
@@ -118,6 +120,7 @@ class Reader {
   std::vector<ExtendedData> extendedData_;
   std::vector<std::pair<AcDbStub*, AcDbStub*>> inserts_;  // block, insert
   std::vector<AcDbStub*> sequences_;                      // entities with parts of their own
+  std::vector<AcDbStub*> viewports_;
 };
 
 }  // namespace krio::dwg

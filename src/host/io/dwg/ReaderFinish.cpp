@@ -18,6 +18,7 @@ bool Reader::finish() {
   dropForeignEnds();
   if (!breakOwnerCircles() || !listParts()) return false;
   listInserts();
+  numberViewports();
   if (database_.finishRead() != Acad::eOk) {
     report_.error("the file lacks what no drawing can be without");
     return false;
@@ -221,6 +222,23 @@ void Reader::listInserts() {
       block->setBlockReferencesAsRead(std::move(references));
     }
     first = last;
+  }
+}
+
+/// A layout's viewports have their numbers by their order; the first is the sheet itself.
+void Reader::numberViewports() {
+  std::unordered_set<const AcDbStub*> numbered;
+  for (const AcDbStub* const stub : viewports_) {
+    auto* const block = stub->owner != nullptr ? AcDbBlockTableRecord::cast(stub->owner->object) : nullptr;
+    if (block == nullptr || !numbered.insert(stub->owner).second) continue;
+    Adesk::Int16 number = 0;
+    for (const AcDbStub* const each : block->entities()) {
+      auto* const viewport = each->object != nullptr ? AcDbViewport::cast(each->object) : nullptr;
+      if (viewport == nullptr) continue;
+      AcDbViewport::Data& data = viewport->dataAsRead();
+      data.number = ++number;
+      data.active = (data.status & AcDbViewport::kOff) != 0 ? Adesk::Int16(0) : number;
+    }
   }
 }
 

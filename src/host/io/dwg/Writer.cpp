@@ -163,9 +163,9 @@ void Writer::writeGraphics(const AcDbEntity& entity, bool isCustom) {
   std::span<const std::byte> graphics = entity.fileGraphics();
   std::vector<std::byte> own;
   if (isCustom) [[unlikely]] {
-    // The picture that programs without the class show is drawn anew.
+    // The picture that programs without the class show is drawn anew. Of what draws nothing that of its file stays.
     encodeProxyGraphics(const_cast<AcDbEntity&>(entity), own);
-    graphics = own;
+    if (!own.empty()) graphics = own;
   }
   file_.b(!graphics.empty());
   if (graphics.empty()) return;

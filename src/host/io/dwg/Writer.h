@@ -51,6 +51,7 @@ class Writer {
   const Kind& findKind(const AcRxClass* isA);
   Kind makeKind(const AcRxClass& isA);
   unsigned classNumber(const AcDbClassRecord& record);
+  static AcDbClassRecord classOf(const AcDbProxyData& data, bool isEntity);
   unsigned typeOfProxy(const AcDbProxyData& data, bool isEntity);
 
   // Objects: WriterObjects.cpp
@@ -63,7 +64,7 @@ class Writer {
   void writeBlockRecord(const AcDbBlockTableRecord& record);
   void writeControl(const AcDbSymbolTable& table);
   void writeXrecord(const AcDbXrecord& record);
-  void writeProxyData(const AcDbProxyData& data);
+  void writeProxyData(const AcDbProxyData& data, bool isEntity);
   void writeCustom(const AcDbObject& object);
 
   // Frames: Writer.cpp

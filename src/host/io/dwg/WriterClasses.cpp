@@ -2,6 +2,7 @@
 #include <unordered_set>
 
 #include "host/io/dwg/Writer.h"
+#include "host/os/os.h"
 
 // Which class is written how, and under which number.
 
@@ -88,12 +89,30 @@ unsigned Writer::classNumber(const AcDbClassRecord& record) {
   return kFirstClass + found->second;
 }
 
+/// Groups of the exchange format aren't the data of a fixed type: they go under a class of that name, which is called
+/// as their last marker tells.
+AcDbClassRecord Writer::classOf(const AcDbProxyData& data, bool isEntity) {
+  AcDbClassRecord record = data.classRecord;
+  if (record.dxfName.empty() && data.form == AcDbProxyData::kDxfGroups) {
+    record.dxfName = data.dxfName;
+    record.appName = kSystemApplication;
+    for (const AcDbProxyData::Group& group : data.groups) {
+      if (group.code == AcDb::kDxfSubclass) record.cppName = os::toWide(group.value);
+      if (group.code == 0) break;
+    }
+    if (record.cppName.empty()) record.cppName = L"AcDb" + data.dxfName;
+  }
+  record.itemClassId = isEntity ? AcDbClassRecord::kEntityClass : AcDbClassRecord::kObjectClass;
+  return record;
+}
+
 unsigned Writer::typeOfProxy(const AcDbProxyData& data, bool isEntity) {
-  if (data.classRecord.dxfName.empty()) {
+  const AcDbClassRecord record = classOf(data, isEntity);
+  if (record.dxfName.empty()) {
     if (data.fixedType != 0) return data.fixedType;
     return isEntity ? kProxyEntity : kProxyObject;
   }
-  const unsigned number = classNumber(data.classRecord);
+  const unsigned number = classNumber(record);
   const bool native = data.form == AcDbProxyData::kDwgBits && !data.asProxyRecord;
   return native ? number : unsigned(isEntity ? kProxyEntity : kProxyObject);
 }
@@ -111,10 +130,8 @@ void Writer::collectClasses() {
     if (kind.how != Kind::How::kProxy) continue;
     const AcDbProxyData& data = kind.isEntity ? static_cast<const AcDbProxyEntity&>(*stub.object).data()
                                               : static_cast<const AcDbProxyObject&>(*stub.object).data();
-    if (data.classRecord.dxfName.empty()) continue;
-    AcDbClassRecord record = data.classRecord;
-    record.itemClassId = kind.isEntity ? AcDbClassRecord::kEntityClass : AcDbClassRecord::kObjectClass;
-    ofProxies.insert(classNumber(record) - kFirstClass);
+    const AcDbClassRecord record = classOf(data, kind.isEntity);
+    if (!record.dxfName.empty()) ofProxies.insert(classNumber(record) - kFirstClass);
   }
   for (unsigned i = 0; i < classes_.size(); ++i) {
     const bool known = typeOfClass(classes_[i].dxfName) != nullptr || customClassOf(classes_[i]) != nullptr;

@@ -84,7 +84,7 @@ void Writer::writeObject(AcDbStub* stub) {
       writeXrecord(static_cast<const AcDbXrecord&>(object));
       break;
     case Kind::How::kProxy:
-      writeProxyData(static_cast<const AcDbProxyObject&>(object).data());
+      writeProxyData(static_cast<const AcDbProxyObject&>(object).data(), false);
       break;
     default:
       writeCustom(object);
@@ -168,7 +168,7 @@ void Writer::writeEntity(AcDbStub* stub, const Links& links) {
     case Kind::How::kBlockEnd:
       break;
     case Kind::How::kProxy:
-      writeProxyData(static_cast<const AcDbProxyEntity&>(entity).data());
+      writeProxyData(static_cast<const AcDbProxyEntity&>(entity).data(), true);
       break;
     default:
       writeCustom(entity);
@@ -254,10 +254,11 @@ void Writer::writeXrecord(const AcDbXrecord& record) {
 
 /// The data of an object kept whole. Groups of the exchange format go into a proxy's record, each as its code and its
 /// text.
-void Writer::writeProxyData(const AcDbProxyData& data) {
+void Writer::writeProxyData(const AcDbProxyData& data, bool isEntity) {
   const bool asGroups = data.form == AcDbProxyData::kDxfGroups;
   if (asGroups || data.asProxyRecord) {
-    const unsigned number = data.classRecord.dxfName.empty() ? 0 : classNumber(data.classRecord);
+    const AcDbClassRecord record = classOf(data, isEntity);
+    const unsigned number = record.dxfName.empty() ? 0 : classNumber(record);
     file_.bl(number), file_.bl(std::uint32_t(data.format)), file_.b(asGroups);
   }
   if (asGroups) {

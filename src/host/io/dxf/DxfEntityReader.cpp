@@ -97,6 +97,15 @@ void EntityReader::read(AcDbBlockTableRecord* block) {
   readByClass(name);
 }
 
+void EntityReader::readStray() {
+  block_ = nullptr;
+  isStray_ = true;
+  isPart_ = false;
+  frames_.begin();
+  readByClass(in_.value());
+  isStray_ = false;
+}
+
 // --- Plain entities
 // ---------------------------------------------------------------------------------------------------
 
@@ -426,6 +435,7 @@ void EntityReader::applyFrame(AcDbEntity& entity) {
 
 AcDbStub* EntityReader::ownerOf(bool part) {
   if (part && parent_ != nullptr) return parent_->objectId().stub();
+  if (isStray_ && frame_.owner != nullptr) return frame_.owner;
   AcDbStub* const told = frame_.owner;
   if (told != nullptr && told == listedOwner_) return told;
   if (told != nullptr && told->object != nullptr && AcDbBlockTableRecord::cast(told->object) != nullptr) return told;

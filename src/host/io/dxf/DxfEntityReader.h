@@ -66,6 +66,8 @@ class FrameReader {
   /// Reads the extended data at which the scanner stands.
   void readExtendedData();
 
+  /// Whether objects of that name are entities by the file's list of classes.
+  bool isEntity(std::string_view dxfName);
   /// What the name of an object means.
   const ObjectKind& kindOf(std::string_view dxfName, bool entity);
 
@@ -112,6 +114,8 @@ class EntityReader {
   /// Reads the entity whose group 0 was read last. One that doesn't tell its owner goes into `block`, or into the space
   /// that it names.
   void read(AcDbBlockTableRecord* block);
+  /// Reads the entity whose group 0 was read last and which stands among the objects: it belongs to one of them.
+  void readStray();
   /// Gives an entity that isn't in the database yet the common properties of the frame.
   void applyFrame(AcDbEntity& entity);
   /// What only the end of the file tells.
@@ -140,6 +144,7 @@ class EntityReader {
   Input& in_;
   Frame& frame_;
   AcDbBlockTableRecord* block_ = nullptr;
+  bool isStray_ = false;             // the entity that is read belongs to an object that isn't a block
   bool isPart_ = false;              // the entity that is read belongs to another one
   bool endsSequence_ = false;        // it is the end of the other's parts
   AcDbEntity* parent_ = nullptr;     // whose vertices or attributes follow

@@ -239,6 +239,12 @@ void FrameReader::readExtendedData() {
   }
 }
 
+bool FrameReader::isEntity(std::string_view dxfName) {
+  if (dxfName == "ACAD_PROXY_ENTITY" || dxfName == "SEQEND") return true;
+  const ObjectKind& kind = kindOf(dxfName, false);
+  return kind.record != nullptr && kind.record->isEntity() && kind.rxClass == nullptr;
+}
+
 const ObjectKind& FrameReader::kindOf(std::string_view dxfName, bool entity) {
   auto& kinds = entity ? entityKinds_ : objectKinds_;
   const auto [entry, isNew] = kinds.try_emplace(std::string(dxfName));

@@ -19,6 +19,7 @@ constexpr int kAttributesFlag = 2;
 constexpr int kExternalFlag = 4;
 constexpr int kOverlaidFlag = 8;
 constexpr int kLoadedFlag = 32;
+constexpr int kKnownFlags = kAnonymousFlag | kAttributesFlag | kExternalFlag | kOverlaidFlag | kLoadedFlag;
 
 bool isBinary(std::span<const std::byte> bytes) {
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
@@ -214,7 +215,7 @@ void Reader::readBlockHead(AcDbBlockTableRecord*& block) {
   if (block == nullptr) block = drawing_.makeBlock(name, 0);
   if (block == nullptr) return;
   AcDbBlockTableRecord::Data& data = block->dataAsRead();
-  data.dxfFlags = Adesk::Int16(flags);
+  data.dxfFlags = Adesk::Int16(flags & ~kKnownFlags);
   data.anonymous = (flags & kAnonymousFlag) != 0;
   data.hasAttributeDefinitions = (flags & kAttributesFlag) != 0;
   data.external = (flags & kExternalFlag) != 0;
@@ -249,6 +250,7 @@ void Reader::readObject() {
     if (in_.fault("an object was due; it was left out")) in_.skipFields();
     return;
   }
+  if (frames_.isEntity(name)) return entities_.readStray();
   const std::size_t first = in_.scanner().nextPlace();
   const ObjectKind& kind = frames_.kindOf(name, false);
   frames_.begin();

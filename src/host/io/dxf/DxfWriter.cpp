@@ -21,14 +21,26 @@ bool isHosts(const AcRxClass& rxClass) {
 }
 
 /// Live objects that are neither entities nor of a table, in the order of their handles.
+/// Whether an entity belongs to an object that doesn't list its entities: it stands with the objects then.
+bool isStray(const AcDbStub& stub) {
+  const AcRxClass* const own = stub.object->isA();
+  if (own == AcDbBlockBegin::desc() || own == AcDbBlockEnd::desc()) return false;
+  const AcDbStub* const owner = stub.owner;
+  if (owner == nullptr || owner->object == nullptr || owner->has(AcDbStub::kErased)) return false;
+  if (AcDbBlockTableRecord::cast(owner->object) != nullptr) return false;
+  auto* const entity = AcDbEntity::cast(owner->object);
+  return entity == nullptr || entity->subentities() == nullptr;
+}
+
+/// All that stands in the section of objects, in its order.
 std::vector<AcDbObject*> plainObjects(AcDbDatabase& database) {
   std::vector<AcDbObject*> objects;
   for (const AcDbStub& stub : database.handleTable().stubs()) {
     AcDbObject* const object = stub.object;
     if (object == nullptr || stub.has(AcDbStub::kErased)) continue;
     const AcRxClass* const own = object->isA();
-    if (own->isDerivedFrom(AcDbEntity::desc()) || own->isDerivedFrom(AcDbSymbolTable::desc()) ||
-        own->isDerivedFrom(AcDbSymbolTableRecord::desc())) {
+    if (own->isDerivedFrom(AcDbEntity::desc()) && !isStray(stub)) continue;
+    if (own->isDerivedFrom(AcDbSymbolTable::desc()) || own->isDerivedFrom(AcDbSymbolTableRecord::desc())) {
       continue;
     }
     objects.push_back(object);
@@ -406,7 +418,8 @@ void Writer::writeByClass(AcDbEntity& entity, bool inPaperSpace) {
     const AcDbObjectPointer<AcDbObject> open(entity.objectId(), AcDb::kForRead);
     graphics_.clear();
     encodeProxyGraphics(entity, graphics_);
-    graphics = graphics_;
+    // Of what draws nothing the picture of its file stays.
+    if (!graphics_.empty()) graphics = graphics_;
   }
   std::string name;
   sink_.encode(own.dxfName(), name);
@@ -485,7 +498,13 @@ void Writer::writeProxyRecord(const AcDbProxyData& data, bool entity, std::span<
 void Writer::writeObjects() {
   sink_.start("SECTION");
   sink_.raw(2, "OBJECTS");
-  for (AcDbObject* const object : plainObjects(db_)) writeObject(*object);
+  for (AcDbObject* const object : plainObjects(db_)) {
+    if (object->isKindOf(AcDbEntity::desc())) {
+      writeEntity(object->objectId().stub(), false);
+    } else {
+      writeObject(*object);
+    }
+  }
   sink_.start("ENDSEC");
 }
 
