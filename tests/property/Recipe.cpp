@@ -108,6 +108,8 @@ Recipe simplest(Recipe recipe, const Property& property) {
     without([](Recipe& r) { r.angle = 0; }, recipe.angle == 0);
     without([](Recipe& r) { r.x = r.y = 0; }, recipe.x == 0 && recipe.y == 0);
     without([](Recipe& r) { r.scale = 1; }, recipe.scale == 1);
+    without([](Recipe& r) { r.axisAlong = 0; }, recipe.axisAlong == 0);
+    without([](Recipe& r) { r.axisAcross = 0; }, recipe.axisAcross == 0);
     without([](Recipe& r) { r.quarter = 0; }, recipe.quarter == 0);
     without([](Recipe& r) { r.profile = 2; }, recipe.profile == 2);
     without([](Recipe& r) { r.view = Superior; }, recipe.view == Superior);
@@ -145,6 +147,7 @@ std::ostream& operator<<(std::ostream& out, const Recipe& r) {
   out << std::string(name.begin(), name.end()) << " (" << r.profile << ") view " << r.view << " quarter " << r.quarter
       << " angle " << r.angle << " scale " << r.scale << " at (" << r.x << ", " << r.y << ")";
   for (const Step& s : r.steps) tell(out, s);
+  if (r.axisAlong != 0 || r.axisAcross != 0) out << "\n    axis moved by " << r.axisAlong << ", " << r.axisAcross;
   return out;
 }
 
@@ -161,6 +164,10 @@ Recipe randomRecipe(Random& random, const Allowed& allowed) {
   r.y = random.oneIn(3) ? 0 : random.between(-5000, 5000);
   const int steps = random.below(allowed.mostSteps + 1);
   for (int i = 0; i < steps; ++i) r.steps.push_back(randomStep(random, allowed));
+  if (random.oneIn(3)) {
+    r.axisAlong = random.between(-100, 100);
+    r.axisAcross = random.oneIn(2) ? 0 : random.between(-50, 50);
+  }
   return r;
 }
 
@@ -359,6 +366,8 @@ std::unique_ptr<KrObject> make(const Recipe& recipe, std::vector<bool>* taken) {
     member->Gera_KrVector();
   }
   if (member->Vista(0) != recipe.view) member = seenIn(recipe, *member, recipe.view);
+  const Sheet sheet(recipe, recipe.view);
+  member->moveEixo(sheet.at(recipe.axisAlong, recipe.axisAcross) - sheet.at(0, 0));
   return member;
 }
 

@@ -42,6 +42,8 @@ struct Recipe {
   double x = 0;        ///< where the bar starts
   double y = 0;
   std::vector<Step> steps;
+  double axisAlong = 0;  ///< how far the axis line is moved off the reference line at last
+  double axisAcross = 0;
 };
 
 std::ostream& operator<<(std::ostream& out, const Recipe& recipe);

@@ -134,6 +134,60 @@ TEST(RoundTrip, AMotionMovesWhatARegenerationMakes) {
       kAll, 200);
 }
 
+TEST(RoundTrip, AnEnlargementIsADrawingScaleOfTheSameBar) {
+  hold(
+      [](const Recipe& recipe) -> std::string {
+        const auto member = make(recipe);
+        member->Gera_KrVector();
+        const double length = member->getComprimentoReal();
+        for (const double factor : {2.0, 0.25}) {
+          member->transformBy(AcGeMatrix3d::scaling(factor, AcGePoint3d(-300, 55, 0)));
+          Elements want = shown(*member);
+          member->Gera_KrVector();
+          Elements got = shown(*member);
+          // The mark of a hole has one size at every scale.
+          for (Elements* all : {&got, &want})
+            std::erase_if(*all, [](const KrVector& v) { return v.type() == KR_VT_FURO_EIXO; });
+          const std::string wrong = sameList("enlarged and made", got, want);
+          if (!wrong.empty()) return wrong;
+          if (std::fabs(member->getComprimentoReal() - length) > kNear) return "another real length";
+        }
+        return {};
+      },
+      kAll, 200);
+}
+
+TEST(RoundTrip, APlaceGivenByValueOrByTheReferenceLineIsTheOneThatAMotionLeadsTo) {
+  hold(
+      [](const Recipe& recipe) -> std::string {
+        const auto member = make(recipe);
+        member->Gera_KrVector();
+        const AcGeMatrix3d m = AcGeMatrix3d::translation(AcGeVector3d(-90, 4200, 0)) *
+                               AcGeMatrix3d::rotation(4 - recipe.angle, AcGeVector3d::kZAxis, AcGePoint3d(5, 40, 0));
+        KrObject::Position place;
+        AcGePoint3d start, end;
+        if (member->position(place, 1) != Acad::eOk || member->GetPointsOfEixo(start, end, 1) != Acad::eOk)
+          return "no place";
+        const AcGeMatrix3d elsewhere = AcGeMatrix3d::rotation(1, AcGeVector3d::kZAxis, member->startPoint());
+        member->transformBy(m);
+        member->Gera_KrVector();
+        const Elements want = shown(*member);
+        const Model model(*member);
+        member->transformBy(elsewhere);
+        place.ponto = m * place.ponto;
+        place.direcao = m * place.direcao;
+        if (member->setPosition(place, 1) != Acad::eOk) return "not placed";
+        std::string wrong = sameList("placed by value", shown(*member), want);
+        if (wrong.empty()) wrong = model.differenceTo(Model(*member));
+        if (!wrong.empty()) return wrong;
+        member->transformBy(elsewhere);
+        if (member->SetPointsOfEixoBarra(m * start, m * end) != Acad::eOk) return "not placed by its line";
+        wrong = sameList("placed by its line", shown(*member), want);
+        return wrong.empty() ? model.differenceTo(Model(*member)) : wrong;
+      },
+      kAll, 200);
+}
+
 /// A mirror is told of the widths of holes seen edge on: an oblong's follows the stored angle.
 bool hasSlottedHole(const KrObject& member) {
   KrFuro holes;
