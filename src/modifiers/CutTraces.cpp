@@ -16,6 +16,8 @@
 namespace {
 
 constexpr double kArcLimit = 1000.0;
+/// How far before a bar the line of a cut lies that leaves nothing of it, in millimetres.
+constexpr double kClearOfBar = 1.0;
 
 AcGeVector2d inSection(const AcGeVector3d& v) {
   return {v.x, v.y};
@@ -115,7 +117,6 @@ std::optional<CutTraces::Trace> CutTraces::skewTrace(const KrPlanoCorte& cuts, c
   const AcGeVector3d normal = depthOfSide < 0 ? -plane.normal() : plane.normal();
   const AcGeVector2d transverse = inSection(normal);
   const Remains& left = remainsAcross(cuts, transverse.normal());
-  if (left.polygon.empty()) return std::nullopt;
 
   // The normal as the view sees it: what it has of the depth goes.
   AcGeVector3d seen = frame_ * normal;
@@ -127,7 +128,8 @@ std::optional<CutTraces::Trace> CutTraces::skewTrace(const KrPlanoCorte& cuts, c
     const Spot& to = left.polygon[(k + 1) % left.polygon.size()];
     value = std::max(value, farthest(left.across, from, to, -normal.z, inSection(inFrame)));
   }
-  if (!std::isfinite(value)) return std::nullopt;
+  // Where the family leaves nothing the line lies before all of the bar.
+  if (!std::isfinite(value)) value = leastOfBar(-normal.z, inSection(inFrame)) - kClearOfBar;
 
   Trace trace;
   const AcGePoint3d base = frame_ * AcGePoint3d::kOrigin;
@@ -140,6 +142,14 @@ std::optional<CutTraces::Trace> CutTraces::skewTrace(const KrPlanoCorte& cuts, c
   const AcGePoint3d foot = AcGeLine3d(trace.point, trace.direction).closestPointTo(seenSide);
   trace.side = foot + seen.normal() * std::fabs(depthOfSide);
   return trace;
+}
+
+// The smallest value over the whole bar.
+double CutTraces::leastOfBar(double along, const AcGeVector2d& lateral) const {
+  double low = 0;
+  double high = 0;
+  if (!lateral.isZeroLength()) extentAcross(lateral.normal(), low, high);
+  return std::min(0.0, along * length_) + low * lateral.length();
 }
 
 // The largest value over the strip of the outline that one side of the polygon spans.

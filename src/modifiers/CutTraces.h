@@ -29,7 +29,8 @@ class CutTraces {
   CutTraces(const AcGeMatrix3d& frame, const KrGeratriz& outline, double length, bool skew)
       : frame_(frame), outline_(outline), length_(length), skew_(skew) {}
 
-  /// The line of cut i of a list; none for a plane parallel to the view, and where no steel is left to be seen.
+  /// The line of cut i of a list; none for a plane parallel to the view. Where the cuts leave no steel, a line that
+  /// throws all of the bar away.
   std::optional<Trace> of(const KrPlanoCorte& cuts, int i);
 
  private:
@@ -48,6 +49,7 @@ class CutTraces {
   const Remains& remainsAcross(const KrPlanoCorte& cuts, const AcGeVector2d& across);
   void clip(std::vector<Spot>& polygon, double along, double across, double limit);
   void extentAcross(const AcGeVector2d& across, double& low, double& high) const;
+  double leastOfBar(double along, const AcGeVector2d& lateral) const;
   double farthest(const AcGeVector2d& across, const Spot& from, const Spot& to, double along,
                   const AcGeVector2d& lateral) const;
 

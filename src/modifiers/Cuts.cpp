@@ -250,8 +250,13 @@ Acad::ErrorStatus KrObject::Corte(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d&
   forEachLinked([&](KrObject& linked) {
     if (linked.isSecao() == Acad::eOk) return opDataCopyTo(linked);
     linked.assertWriteEnabled();
+    const int last = linked.cortes_.Qtd();
     linked.cortes_.Add(plane, side);
-    linked.AplicaCorte(linked.cortes_.Qtd() - 1, reservado, cortaEixo);
+    linked.AplicaCorte(last, reservado, cortaEixo);
+    // A plane askew may have moved the silhouette up to which the cuts before it reach.
+    AcGeLine3d trace;
+    AcGePoint3d away;
+    if (last > 0 && linked.GetLinhaCorte(trace, away, last, 1) == 0) linked.Gera_KrVector();
   });
   return Acad::eOk;
 }
@@ -373,7 +378,9 @@ Acad::ErrorStatus KrObject::CorteVista(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoi
 
   closeSection(lista, *outline, cut, indice);
   if (hadAxis && findFirst(vista, KR_VT_EIXO) == nullptr) lista.append(axis);
-  if (updateEixoBarra(0) != Acad::eOk) comprimento_ = getComprimento();
+  if (updateEixoBarra(0) != Acad::eOk) {
+    if (const double drawn = getComprimento(); drawn > 0) comprimento_ = drawn;
+  }
   limits.restore();
   auditDrawnHoles(vista);
   return Acad::eOk;

@@ -71,6 +71,8 @@ void KrObject::AplicaRepLimits() {
 
   AcGePoint3d e[4];
   GetExtremePoints(e, 0, 0);
+  // Of a bar that cuts took whole there is nothing to hide.
+  if (e[0].isEqualTo(e[3])) return;
   const AcGePoint3d start = meanOf(e[0], e[1]);
   const AcGePoint3d end = meanOf(e[2], e[3]);
   const BreakSymbol symbol(start, angleVista_, e[0].distanceTo(e[1]), visualRepScale_);

@@ -106,7 +106,8 @@ void KrObject::Gera_KrVector(KrVistas vista) {
     ObjectScale(x, y, z);
   }
   AplicaCropping();
-  comprimento_ = getComprimento();
+  // A bar that cuts took whole keeps its length: without them it is there again.
+  if (const double drawn = getComprimento(); drawn > 0) comprimento_ = drawn;
   if (vista == shown) return;
   vista_ = shown;
   if (vertexList(shown).IsEmpty() != 0) return;

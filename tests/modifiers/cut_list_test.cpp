@@ -300,6 +300,24 @@ TEST_F(CutGroup, ACutIsCarriedToAllViewsAndToTheLengthOfSections) {
   }
 }
 
+TEST_F(CutGroup, ACutThatTakesTheTipOfAnotherMovesTheEndInViewsOnWhichBothStandAskew) {
+  const AcDbObjectId master = add(Superior, 1, Objeto);
+  const AcDbObjectId side = add(Direita, 1);
+  link();
+  write(master, [](CutBar& bar) {
+    // What is left lies between x = 575 - 3.5 y and x = 650 - y, which meet at (680, -30).
+    EXPECT_EQ(bar.cut({710, -60, 0}, {590, 60, 0}, {900, 0, 0}), Acad::eOk);
+    EXPECT_EQ(bar.cut({785, -60, 0}, {365, 60, 0}, {0, 0, 0}), Acad::eOk);
+  });
+  for (int run = 0; run < 2; ++run) {
+    write(side, [](CutBar& bar) {
+      EXPECT_NEAR(bar.left(), 400, 1e-7);
+      EXPECT_NEAR(bar.right(), 680, 1e-7);
+      bar.Gera_KrVector();
+    });
+  }
+}
+
 TEST_F(CutGroup, ACutInASectionIsRefusedAndReachesNoOne) {
   const AcDbObjectId master = add(Superior, 1, Objeto);
   const AcDbObjectId section = add(Secao, 1);

@@ -201,6 +201,21 @@ TEST(CutInSpace, AHoleInWhatWasTakenIsDrawnInNoView) {
   }
 }
 
+TEST(CutInSpace, TwoMitresThatLeaveNoSteelLeaveNoneInAnyView) {
+  // Parallel, the one that throws the end away 2 before the one that throws the start away.
+  KrPlanoCorte cuts;
+  const AcGeVector3d normal = AcGeVector3d(0.2, 0, 1).normal();
+  cuts.Add(AcGePlane(AcGePoint3d(0, 0, -300), normal), {0, 0, 0});
+  cuts.Add(AcGePlane(AcGePoint3d(0, 0, -298), normal), {0, 0, -900});
+  for (const KrVistas view : {Superior, Inferior, Esquerda, Direita}) {
+    CutBar bar(view);
+    bar.addCortes(cuts, 0);
+    bar.Gera_KrVector();
+    EXPECT_TRUE(bar.of(KR_VT_LINHA).empty()) << "view " << view;
+    EXPECT_EQ(bar.of(KR_VT_EIXO).size(), 1U);
+  }
+}
+
 TEST(CutInSpace, APlaneAskewHasNoLineWithoutTurning) {
   CutBar master;
   master.cut({850, 0, 0}, {860, 10, 0}, {900, 0, 0});

@@ -309,6 +309,33 @@ TEST(StoredCut, ThatThrowsTheWholeBarAwayLeavesNoSteel) {
   EXPECT_EQ(bar.of(KR_VT_EIXO).size(), 1U);
 }
 
+TEST(StoredCut, TwoThatLeaveNoSteelLeaveTheLengthSoThatTheBarComesBackWithoutThem) {
+  for (const double scale : {1.0, 0.1}) {
+    CutBar bar;
+    bar.ObjectScale(scale, scale, scale);
+    // Two parallel mitres, the second before the first all along.
+    const auto mitre = [&](double x, double side) {
+      return bar.cut({(x - 10) * scale, -60 * scale, 0}, {(x + 10) * scale, 60 * scale, 0}, {side * scale, 0, 0});
+    };
+    ASSERT_EQ(mitre(300, 0), Acad::eOk);
+    ASSERT_EQ(mitre(298, 900), Acad::eOk) << "neither end of the line lies past the bar";
+    bar.setVisualRepEnd(0.5);
+    for (int run = 0; run < 3; ++run) {
+      bar.Gera_KrVector();
+      EXPECT_TRUE(bar.of(KR_VT_LINHA).empty()) << "no break line either";
+      // At y -50 the first mitre leaves the bar from 300 - 50 / 6.
+      EXPECT_NEAR(bar.getComprimentoReal(), 1000 - (300 - 50.0 / 6), 1e-9);
+      EXPECT_NEAR(bar.line(KR_VT_REFERENCIA).len(), scale * (700 + 50.0 / 6), 1e-9);
+    }
+    bar.RemoveCortes();
+    EXPECT_EQ(bar.numCortes(), 0);
+    bar.setVisualRepEnd(1);
+    bar.Gera_KrVector();
+    EXPECT_NEAR(bar.right(), 1000 * scale, 1e-9);
+    EXPECT_NEAR(bar.left(), (300 - 50.0 / 6) * scale, 1e-9) << "where the first cut has put its start";
+  }
+}
+
 // --- Trimming a list -------------------------------------------------------------------------------------------------
 
 TEST(Trimming, ALineThroughTheEndOfAnEdgeTakesThatEndAndMovesNothing) {
