@@ -78,6 +78,19 @@ TEST(MultilineStyle, KeepsTheLinetypesOfItsLinesInEitherForm) {
   EXPECT_THAT(asText(saved(database, Form::kDxf)), HasSubstr("  6\nDASHED\n"));
 }
 
+TEST(DictionaryWithDefault, ComesBackFromItsDxfAsOne) {
+  AcDbDatabase database;
+  Opened dxf(saved(database, Form::kDxf));
+  Opened again(saved(dxf.database(), Form::kDxf));
+  const AcDbHandle names(0xE);  // the plot styles' names, by convention
+  for (Opened* const opened : {&dxf, &again}) {
+    EXPECT_TRUE(opened->report.findings.empty()) << textOf(opened->report);
+    auto* const dictionary = opened->at<AcDbDictionaryWithDefault>(names);
+    ASSERT_NE(dictionary, nullptr);
+    EXPECT_EQ(dictionary->defaultId().handle(), AcDbHandle(0xF));
+  }
+}
+
 TEST(LayoutViewports, AreNumberedInTheirOrderWhenTheyComeFromADwg) {
   Drawing drawing;
   AcDbObjectId ids[3];

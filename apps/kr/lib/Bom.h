@@ -1,10 +1,15 @@
 #pragma once
 
+#include <cstddef>
+#include <map>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 namespace kr {
+
+/// How many entities of which class a drawing holds as pictures only.
+using ProxyCounts = std::map<std::string, std::size_t>;
 
 /// One member as a bill of materials counts it. Lengths in mm, weight in kg, painted area in m2.
 struct BomPiece {
@@ -60,6 +65,8 @@ std::string bomText(const Bom& bom);
 std::string bomCsv(const Bom& bom);
 
 /// By data/schemas/bom.schema.json.
-std::string bomJson(const Bom& bom, const std::string& project, const std::string& title);
+/// `proxies` is what a drawing holds as pictures only: left out of the bill, and told when there is some.
+std::string bomJson(const Bom& bom, const std::string& project, const std::string& title,
+                    const ProxyCounts& proxies = {});
 
 }  // namespace kr

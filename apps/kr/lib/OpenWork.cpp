@@ -9,6 +9,7 @@
 #include "JobReader.h"
 #include "Suggest.h"
 #include "host/db/db.h"
+#include "host/os/os.h"
 
 namespace kr {
 namespace {
@@ -21,20 +22,32 @@ void tellProblems(const std::string& file, const std::vector<Problem>& problems,
   for (const Problem& problem : problems) report.detail(describe(name, problem));
 }
 
-// What a bill or a list leaves out must be told.
-void tellProxies(const AcDbDatabase& database, const std::string& name, Report& report) {
+ProxyCounts proxiesOf(const AcDbDatabase& database) {
+  ProxyCounts counts;
   const AcDbObjectPointer<AcDbBlockTableRecord> space(database.modelSpaceId(), AcDb::kForRead);
-  if (space.openStatus() != Acad::eOk) return;
-  std::size_t count = 0;
+  if (space.openStatus() != Acad::eOk) return counts;
   for (const AcDbStub* const stub : space->entities()) {
     const bool there = stub->object != nullptr && !stub->has(AcDbStub::kErased);
-    if (there && stub->object->isKindOf(AcDbProxyEntity::desc())) ++count;
+    const auto* const proxy = there ? AcDbProxyEntity::cast(stub->object) : nullptr;
+    if (proxy == nullptr) continue;
+    const AcDbProxyData& data = proxy->data();
+    ++counts[os::toUtf8(data.classRecord.cppName.empty() ? data.dxfName : data.classRecord.cppName)];
+  }
+  return counts;
+}
+
+// What a bill or a list leaves out must be told.
+void tellProxies(const ProxyCounts& proxies, const std::string& name, Report& report) {
+  std::size_t count = 0;
+  std::string classes;
+  for (const auto& [className, ofClass] : proxies) {
+    count += ofClass;
+    classes += (classes.empty() ? "" : ", ") + std::to_string(ofClass) + " " + className;
   }
   if (count == 0) return;
   report.warning(
       name + ": " + std::to_string(count) + (count == 1 ? " entity is" : " entities are") +
-      " kept as a picture only, of a class that isn't there or that refused what the file holds: \"kr info\" "
-      "tells which");
+      " left out, kept as a picture only, of a class that isn't there or that refused what the file holds: " + classes);
 }
 
 std::unique_ptr<OpenWork> workOnDrawing(const std::string& file, std::string_view contents, const std::string& data,
@@ -45,7 +58,8 @@ std::unique_ptr<OpenWork> workOnDrawing(const std::string& file, std::string_vie
   OpenDrawing open;
   if (!openDrawing(*work->session, file, contents, Opening::kStrict, open, report)) return nullptr;
   work->members = membersOf(*open.database);
-  tellProxies(*open.database, open.name, report);
+  work->proxies = proxiesOf(*open.database);
+  tellProxies(work->proxies, open.name, report);
   return work;
 }
 

@@ -18,6 +18,8 @@ struct OpenWork {
   std::unique_ptr<Session> session;
   std::optional<Job> job;  ///< none for a drawing
   std::vector<AcDbObjectId> members;
+  /// What stands in the drawing as a picture only and so isn't among the members: how many of which class.
+  ProxyCounts proxies;
 
   /// What a bill of materials counts.
   std::vector<BomPiece> pieces() const;

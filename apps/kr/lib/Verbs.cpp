@@ -214,6 +214,8 @@ std::string listJson(const OpenWork& open, const std::vector<BomPiece>& pieces,
                               {"paintedArea", piece.paintedArea},
                               {"listing", listingOf(open.members[i])}});
   }
+  if (!open.proxies.empty()) out["proxies"] = ordered_json::array();
+  for (const auto& [name, count] : open.proxies) out["proxies"].push_back({{"class", name}, {"count", count}});
   return out.dump(2) + "\n";
 }
 
@@ -247,9 +249,10 @@ void bom(const BomRequest& request, Report& report) {
   if (open == nullptr) return;
   const Bom bill = makeBom(open->pieces());
   const JobTitle title = open->job ? open->job->title : JobTitle();
-  const std::string text = request.form == BomForm::kCsv    ? bomCsv(bill)
-                           : request.form == BomForm::kJson ? bomJson(bill, title.project, joinedTitle(title))
-                                                            : bomText(bill);
+  const std::string text = request.form == BomForm::kCsv ? bomCsv(bill)
+                           : request.form == BomForm::kJson
+                               ? bomJson(bill, title.project, joinedTitle(title), open->proxies)
+                               : bomText(bill);
   writeOutput(request.output, text, request.overwrite, report);
 }
 
