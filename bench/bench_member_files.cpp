@@ -1,10 +1,7 @@
 // Members with four modifiers each, saved to and opened from a drawing file: members a second, and memory at its peak.
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
-#include <fstream>
-#include <string>
-
+#include "PeakMemory.h"
 #include "Profiles.h"
 #include "host/io/dwg/Dwg.h"
 #include "host/io/dxf/Dxf.h"
@@ -91,22 +88,6 @@ AcDbDatabase& drawing() {
   return *made;
 }
 
-/// Memory of the process at its peak since `reset`, in bytes.
-struct PeakMemory {
-  static void reset() {
-    ::malloc_trim(0);
-    std::ofstream("/proc/self/clear_refs") << "5";
-  }
-  static double now(const std::string& what) {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-      double kilobytes = 0;
-      if (word == what && status >> kilobytes) return 1024 * kilobytes;
-    }
-    return 0;
-  }
-};
-
 using Write = Acad::ErrorStatus (*)(AcDbDatabase&, std::vector<std::byte>&, krio::Report&);
 using Read = Acad::ErrorStatus (*)(std::span<const std::byte>, AcDbDatabase&, krio::Report&, const krio::ReadOptions&);
 
@@ -128,19 +109,19 @@ void tell(benchmark::State& state, double before, double peak, std::size_t size)
 
 void save(benchmark::State& state, Write write) {
   drawing();
-  PeakMemory::reset();
-  const double before = PeakMemory::now("VmRSS:");
+  bench::PeakMemory::reset();
+  const double before = bench::PeakMemory::now();
   std::size_t size = 0;
   for (auto _ : state) size = file(write).size();
-  tell(state, before, PeakMemory::now("VmHWM:"), size);
+  tell(state, before, bench::PeakMemory::peak(), size);
 }
 
 void open(benchmark::State& state, Write write, Read read) {
   std::vector<std::byte> bytes = file(write);
   bytes.shrink_to_fit();
-  PeakMemory::reset();
+  bench::PeakMemory::reset();
   // The bytes of the file count.
-  const double before = PeakMemory::now("VmRSS:") - static_cast<double>(bytes.size());
+  const double before = bench::PeakMemory::now() - static_cast<double>(bytes.size());
   for (auto _ : state) {
     auto database = std::make_unique<AcDbDatabase>(false, true);
     const Working working(database.get());
@@ -150,7 +131,7 @@ void open(benchmark::State& state, Write write, Read read) {
     database.reset();
     state.ResumeTiming();
   }
-  tell(state, before, PeakMemory::now("VmHWM:"), bytes.size());
+  tell(state, before, bench::PeakMemory::peak(), bytes.size());
 }
 
 BENCHMARK_CAPTURE(save, members_to_dwg, krio::writeDwg)->Unit(benchmark::kMillisecond);

@@ -19,6 +19,11 @@ LEAST_RATIO = {"KrTubo": 1000, "KrILaminadoUSA": 1000, "rolledI": 1000, "drilled
 LEAST_RATIO_WITH_CUT = {"drilledI8": 5000}
 LEAST_MEMBERS_A_SECOND = 70000
 MOST_BYTES_A_MEMBER = 12 * 1024
+# Times faster than a peer with the same file.
+LEAST_RATIO_OF_FILES = {("read_plain_dxf", "dxflib"): 8, ("read_plain_dxf", "gdal"): 10, ("write_plain_dxf", "dxflib"): 12,
+                        ("read_plain_dwg", "gdal"): 12}
+MOST_MEGABYTES_OF_PLAIN = 88
+LEAST_FILED_MEMBERS_A_SECOND = 60000
 # Instructions: work, limit, what it is.
 LIMITS = {
     "elevation_KrTubo": (22000, "elevation of a tube"),
@@ -30,6 +35,10 @@ LIMITS = {
     "clip": (44000, "clip of 20 lines and 4 arcs by a notch with arcs"),
     "open_close": (300, "open and close"),
     "read_catalogue": (10_000_000, "all tables of sections read in"),
+    "read_plain_dxf": (5900, "an entity read from a plain DXF"),
+    "write_plain_dxf": (4800, "an entity written to a plain DXF"),
+    "read_plain_dwg": (2700, "an entity read from a plain DWG"),
+    "write_plain_dwg": (4100, "an entity written to a plain DWG"),
 }
 MOST_PER_ELEMENT = 250
 # What is measured of every member, in the order of the columns.
@@ -121,6 +130,20 @@ def targets(times, counts):
     for subject, least in LEAST_RATIO_WITH_CUT.items():
         if subject in with_cut:
             add(f"times faster than solid, cut and hidden lines, {subject}", with_cut[subject], least, at_most=False)
+    for (work, peer), least in LEAST_RATIO_OF_FILES.items():
+        if f"{work}/{peer}" in times:
+            faster_by = nanoseconds(times[f"{work}/{peer}"]) / nanoseconds(times[f"{work}/ours"])
+            add(f"times faster than {peer}, {work.replace('_', ' ')}", faster_by, least, at_most=False)
+    for name, run in times.items():
+        if "peak_MB" in run:
+            add(f"MB at the peak, {name.split('/')[0].replace('_', ' ')}", run["peak_MB"], MOST_MEGABYTES_OF_PLAIN,
+                at_most=True)
+        if "peak_of_allowed" in run:
+            what = name.replace("/", " ").replace("_", " ")
+            add(f"a second, {what} with 4 modifiers each", run["items_per_second"], LEAST_FILED_MEMBERS_A_SECOND,
+                at_most=False)
+            add(f"% of 3 times the file and 1 KB a member at the peak, {what}", 100 * run["peak_of_allowed"], 100,
+                at_most=True)
     for name, (limit, what) in LIMITS.items():
         if name in counts:
             add("instructions: " + what, counts[name], limit, at_most=True)

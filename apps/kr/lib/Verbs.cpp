@@ -148,6 +148,7 @@ std::string listingOf(AcDbObjectId id) {
 bool pick(const std::vector<BomPiece>& pieces, const std::vector<std::string>& names, std::vector<std::size_t>& picked,
           Report& report) {
   std::vector<std::string_view> known;
+  known.reserve(pieces.size());
   for (const BomPiece& piece : pieces) known.push_back(piece.name);
   for (std::size_t i = 0; names.empty() && i < known.size(); ++i) picked.push_back(i);
   for (const std::string& name : names) {

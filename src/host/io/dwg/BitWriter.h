@@ -26,9 +26,10 @@ class BitWriter {
   /// The bytes written; aligns first.
   std::span<const std::uint8_t> bytes() {
     align();
-    return {buffer_.data(), size_};
+    return {data(), size_};
   }
-  std::vector<std::uint8_t> take() {
+  /// The bytes written, for good: nothing can be written any more.
+  std::vector<std::byte> take() {
     align();
     buffer_.resize(size_);
     size_ = 0;
@@ -38,7 +39,7 @@ class BitWriter {
   void clear() { size_ = 0, fill_ = 0, held_ = 0; }
   /// Whole bytes written so far; call aligned only.
   std::size_t size() const { return size_; }
-  std::uint8_t* data() { return buffer_.data(); }
+  std::uint8_t* data() { return reinterpret_cast<std::uint8_t*>(buffer_.data()); }
   /// Moves the bytes from `at` on by `count`, which opens as many zero bytes there; call aligned only.
   void openGap(std::size_t at, std::size_t count) {
     reserve(count);
@@ -159,7 +160,7 @@ class BitWriter {
   void patchRl(std::size_t position, std::uint32_t value) {
     const std::uint32_t big = __builtin_bswap32(value);
     const unsigned shift = position & 7;
-    std::uint8_t* const at = buffer_.data() + (position >> 3);
+    std::uint8_t* const at = data() + (position >> 3);
     // The bits not yet in the buffer are in held_; the caller has written more than 32 bits behind the place.
     std::uint64_t w = 0;
     for (int i = 0; i < 5; ++i) w = w << 8 | at[i];
@@ -184,13 +185,13 @@ class BitWriter {
     size_ += 8;
     held_ = fill_ != 0 ? value << (64 - fill_) : 0;
     // The bits held stand in the buffer too, where patches look for them.
-    buffer_[size_] = std::uint8_t(held_ >> 56);
+    buffer_[size_] = std::byte(held_ >> 56);
   }
   [[gnu::noinline]] void grow(std::size_t bytes) {
     buffer_.resize(std::max(buffer_.size() + buffer_.size() / 2, size_ + bytes + 2 * kSpare));
   }
 
-  std::vector<std::uint8_t> buffer_;
+  std::vector<std::byte> buffer_;
   std::size_t size_ = 0;    // whole bytes
   unsigned fill_ = 0;       // bits held, below 8
   std::uint64_t held_ = 0;  // they, from the highest bit on

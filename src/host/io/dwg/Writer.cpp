@@ -1,5 +1,6 @@
 #include "host/io/dwg/Writer.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "host/io/DrawingTime.h"
@@ -47,14 +48,23 @@ Acad::ErrorStatus Writer::write(std::vector<std::byte>& out) {
   writeSecondHeader();
   writeTemplate();
   patchHeader();
-  const auto bytes = file_.bytes();
-  if (bytes.size() > 0x7fffffffU) {
+  if (file_.bytes().size() > 0x7fffffffU) {
     report_.error("the drawing is too large for a file of this format");
     return Acad::eOutOfRange;
   }
-  const auto* const first = reinterpret_cast<const std::byte*>(bytes.data());
-  out.assign(first, first + bytes.size());
+  out = file_.take();
   return Acad::eOk;
+}
+
+/// Makes room for the objects to come, as large as those before, so that the file is moved but once or twice while it
+/// grows.
+void Writer::makeRoom() {
+  constexpr std::size_t kMostGrowth = 8;  // what comes may be smaller
+  const std::size_t written = file_.size();
+  const std::size_t all = std::max(std::size_t(database_.approxNumObjects()), map_.size());
+  const std::size_t expected = written / map_.size() * all;
+  const std::size_t wanted = std::min(expected + expected / 16, kMostGrowth * written);
+  if (wanted > written) file_.reserve(wanted - written);
 }
 
 // --- Frames
@@ -95,6 +105,8 @@ void Writer::closeFrame(const OpenFrame& frame) {
   }
   file_.rs(crc16({file_.data() + frame.start, file_.size() - frame.start}));
   map_.push_back({frame.handle, std::uint32_t(frame.start)});
+  constexpr std::size_t kObjectsBetween = 4096;
+  if (map_.size() % kObjectsBetween == 0) makeRoom();
 }
 
 std::uint64_t Writer::applicationHandle(const wchar_t* name) {
@@ -161,11 +173,11 @@ void Writer::writeReactors(const Object& object) {
 
 void Writer::writeGraphics(const AcDbEntity& entity, bool isCustom) {
   std::span<const std::byte> graphics = entity.fileGraphics();
-  std::vector<std::byte> own;
   if (isCustom) [[unlikely]] {
     // The picture that programs without the class show is drawn anew. Of what draws nothing that of its file stays.
-    encodeProxyGraphics(const_cast<AcDbEntity&>(entity), own);
-    if (!own.empty()) graphics = own;
+    graphics_.clear();
+    encodeProxyGraphics(const_cast<AcDbEntity&>(entity), graphics_);
+    if (!graphics_.empty()) graphics = graphics_;
   }
   file_.b(!graphics.empty());
   if (graphics.empty()) return;

@@ -69,6 +69,7 @@ class Writer {
 
   // Frames: Writer.cpp
   OpenFrame openFrame(unsigned type, const AcDbObject& object, std::uint64_t handle);
+  void makeRoom();
   void closeFrame(const OpenFrame& frame);
   void writeExtendedData(const resbuf* chain, std::uint64_t handle);
   std::uint64_t applicationHandle(const wchar_t* name);
@@ -100,6 +101,7 @@ class Writer {
   Encoder encoder_;
   FileHeader header_;
   std::vector<AcDbClassRecord> classes_;
+  std::vector<std::byte> graphics_;  // of the entity that is written
   std::unordered_map<std::wstring, unsigned> classNumbers_;
   std::unordered_map<const AcRxClass*, Kind> kinds_;
   const AcRxClass* lastClass_ = nullptr;
