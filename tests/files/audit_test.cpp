@@ -1,0 +1,232 @@
+// Every kind of fault that an audit knows: planted, told, mended where it has a remedy, gone after that.
+
+#include "host/io/DrawingAudit.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+#include "files/Trips.h"
+
+namespace {
+
+using namespace trips;
+using krio::AuditFinding;
+using testing::HasSubstr;
+
+/// A line that is never content with itself, as a class of the host may be.
+class FussyLine : public AcDbLine {
+ public:
+  ACRX_DECLARE_MEMBERS(FussyLine);
+  FussyLine() : AcDbLine({0, 0, 0}, {1, 0, 0}) {}
+  Acad::ErrorStatus audit(AcDbAuditInfo* info) override {
+    if (!fussy_) return AcDbLine::audit(info);
+    info->errorsFound(1);
+    info->printError(this, L"length", L"too short", L"made longer");
+    if (!info->fixErrors()) return Acad::eOk;
+    fussy_ = false;
+    info->errorsFixed(1);
+    return Acad::eOk;
+  }
+
+ private:
+  bool fussy_ = true;
+};
+
+/// A handle of the drawing under which there is nothing.
+AcDbStub* nobody(AcDbDatabase& database) {
+  return database.stubOf(0xFFFFF0);
+}
+
+AcDbLine* line() {
+  return new AcDbLine({0, 0, 0}, {100, 50, 0});
+}
+
+AcDbBlockTableRecord* blockOf(AcDbDatabase& database) {
+  return static_cast<AcDbBlockTableRecord*>(database.modelSpaceId().stub()->object);
+}
+
+/// A block of that name, with an insert of another or, for none, of itself.
+AcDbObjectId blockThatInserts(AcDbDatabase& database, const wchar_t* name, AcDbObjectId inner) {
+  const AcDbObjectPointer<AcDbBlockTable> table(database.blockTableId(), AcDb::kForWrite);
+  auto* const block = new AcDbBlockTableRecord;
+  block->setName(name);
+  AcDbObjectId id;
+  EXPECT_EQ(table->add(id, block), Acad::eOk);
+  auto* const insert = new AcDbBlockReference({0, 0, 0}, inner.isNull() ? id : inner);
+  EXPECT_EQ(block->appendAcDbEntity(insert), Acad::eOk);
+  insert->close();
+  block->close();
+  return id;
+}
+
+struct Fault {
+  const char* name;
+  int number;
+  bool hasRemedy;
+  const char* what;  ///< part of what is told
+  /// Gives whom the finding is about.
+  std::function<AcDbObjectId(Drawing&)> plant;
+};
+
+void PrintTo(const Fault& fault, std::ostream* out) {
+  *out << fault.name;
+}
+
+std::vector<Fault> faults() {
+  return {
+      {"OwnerNotThere", krio::kAuditOwner, false, "no such object",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(line());
+         blockOf(*d.database())->setEntitiesAsRead({});
+         id.stub()->owner = nobody(*d.database());
+         return id;
+       }},
+      {"LayerNotThere", krio::kAuditLayer, true, "no such layer",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(line());
+         auto& entity = static_cast<AcDbEntity&>(*id.stub()->object);
+         AcDbEntity::Common common = entity.common();
+         common.layer = AcDbObjectId(nobody(*d.database()));
+         entity.setCommonAsRead(common);
+         return id;
+       }},
+      {"NeededObjectNotThere", krio::kAuditReference, false, "FFFFF0, which isn't there",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(new AcDbText({0, 0, 0}, L"A", AcDbObjectId::kNull, 5, 0));
+         static_cast<AcDbText*>(id.stub()->object)->dataAsRead().style = AcDbObjectId(nobody(*d.database()));
+         return id;
+       }},
+      {"ListedTwice", krio::kAuditListing, true, "twice",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(line());
+         auto entities = blockOf(*d.database())->entities();
+         entities.push_back(id.stub());
+         blockOf(*d.database())->setEntitiesAsRead(std::move(entities));
+         return d.database()->modelSpaceId();
+       }},
+      {"ListedElsewhere", krio::kAuditListing, true, "which is another's",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(line());
+         auto* const paper = static_cast<AcDbBlockTableRecord*>(d.database()->paperSpaceId().stub()->object);
+         auto entities = paper->entities();
+         entities.push_back(id.stub());
+         paper->setEntitiesAsRead(std::move(entities));
+         return d.database()->paperSpaceId();
+       }},
+      {"NotListed", krio::kAuditListing, true, "doesn't list it",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(line());
+         blockOf(*d.database())->setEntitiesAsRead({});
+         return id;
+       }},
+      {"OwnerOfItself", krio::kAuditOwnerCycle, false, "its own owners",
+       [](Drawing& d) {
+         AcDbObjectId id;
+         const AcDbObjectPointer<AcDbDictionary> names(d.database()->namedObjectsDictionaryId(), AcDb::kForWrite);
+         auto* const dictionary = new AcDbDictionary;
+         names->setAt(L"OWN", dictionary, id);
+         dictionary->close();
+         id.stub()->owner = id.stub();
+         return id;
+       }},
+      {"BlockInsertsItself", krio::kAuditSelfInsert, false, "inserts itself",
+       [](Drawing& d) { return blockThatInserts(*d.database(), L"RING", AcDbObjectId::kNull); }},
+      {"HostsOwnFinding", krio::kAuditLinkOther, true, "too short", [](Drawing& d) { return d.append(new FussyLine); }},
+      {"BeyondAllNumbers", krio::kAuditNotFinite, false, "beyond all numbers",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(line());
+         static_cast<AcDbLine*>(id.stub()->object)->dataAsRead().end.x = 1e200;
+         return id;
+       }},
+      {"RoleOfAMember", krio::kAuditCustom, true, "Tipo de Barra - 12",
+       [](Drawing& d) {
+         std::unique_ptr<KrObject> member = everyclass::samples()[0].make(Superior);
+         member->settipoBarra(static_cast<TipoBarra>(12));
+         return d.append(member.release());
+       }},
+  };
+}
+
+class AuditOf : public testing::TestWithParam<Fault> {
+ protected:
+  static void SetUpTestSuite() {
+    FussyLine::rxInit();
+    acrxBuildClassHierarchy();
+  }
+  static void TearDownTestSuite() { deleteAcRxClass(FussyLine::desc()); }
+};
+
+std::string textOf(const std::vector<AuditFinding>& findings) {
+  std::string text;
+  for (const AuditFinding& each : findings) text += std::to_string(each.number) + " " + each.what + "\n";
+  return text;
+}
+
+}  // namespace
+
+ACRX_DXF_DEFINE_MEMBERS(FussyLine, AcDbLine, 0, 0, 0, LINE, ObjectDBX Classes)
+
+INSTANTIATE_TEST_SUITE_P(Faults, AuditOf, testing::ValuesIn(faults()),
+                         [](const auto& each) { return each.param.name; });
+
+TEST_P(AuditOf, TellsItAndMendsItWhenAsked) {
+  const Fault& fault = GetParam();
+  Drawing drawing;
+  ASSERT_TRUE(krio::auditDrawing(*drawing.database(), false).empty());
+  const AcDbObjectId subject = fault.plant(drawing);
+  for (const bool fix : {false, true}) {
+    const std::vector<AuditFinding> found = krio::auditDrawing(*drawing.database(), fix);
+    ASSERT_EQ(found.size(), 1U) << textOf(found);
+    EXPECT_EQ(found[0].number, fault.number);
+    EXPECT_EQ(found[0].handle, subject.handle().value());
+    EXPECT_THAT(found[0].what, HasSubstr(fault.what));
+    EXPECT_EQ(found[0].remedy.empty(), !fault.hasRemedy);
+    EXPECT_EQ(found[0].fixed, fix && fault.hasRemedy);
+  }
+  EXPECT_EQ(krio::auditDrawing(*drawing.database(), false).empty(), fault.hasRemedy);
+}
+
+TEST_P(AuditOf, WhatWasMendedIsSavedAndOpensClean) {
+  const Fault& fault = GetParam();
+  if (!fault.hasRemedy || fault.number == krio::kAuditLinkOther) return;
+  Drawing drawing;
+  fault.plant(drawing);
+  krio::auditDrawing(*drawing.database(), true);
+  for (const Form form : {Form::kDwg, Form::kDxf}) {
+    Opened opened(saved(*drawing.database(), form));
+    EXPECT_TRUE(krio::auditDrawing(opened.database(), false).empty());
+  }
+}
+
+TEST(AuditOfARing, TellsEachBlockOfItAndNoneBesideIt) {
+  AcDbDatabase database;
+  const AcDbObjectId first = blockThatInserts(database, L"FIRST", AcDbObjectId::kNull);
+  const AcDbObjectId second = blockThatInserts(database, L"SECOND", first);
+  const AcDbObjectId third = blockThatInserts(database, L"THIRD", second);
+  // Now FIRST inserts THIRD, and FOURTH stands outside of the ring.
+  auto* const block = static_cast<AcDbBlockTableRecord*>(first.stub()->object);
+  static_cast<AcDbBlockReference*>(block->entities()[0]->object)->dataAsRead().block = third;
+  blockThatInserts(database, L"FOURTH", first);
+  std::set<std::uint64_t> told;
+  for (const AuditFinding& each : krio::auditDrawing(database, true)) {
+    EXPECT_EQ(each.number, krio::kAuditSelfInsert);
+    EXPECT_FALSE(each.fixed);
+    told.insert(each.handle);
+  }
+  EXPECT_EQ(told, (std::set{first.handle().value(), second.handle().value(), third.handle().value()}));
+}
+
+TEST(AuditOfAReading, TakesWhatWasLostAndWhatWasMendedAndNoNotes) {
+  krio::Report report;
+  report.note("a note");
+  report.warn("put right", 0x2A, 77, true);
+  report.error("lost", 0x2B);
+  const std::vector<AuditFinding> found = krio::auditFindings(report);
+  ASSERT_EQ(found.size(), 2U);
+  EXPECT_EQ(found[0].number, krio::kAuditMendedInReading);
+  EXPECT_EQ(found[0].what, "at 77: put right");
+  EXPECT_EQ(found[0].handle, 0x2AU);
+  EXPECT_EQ(found[1].number, krio::kAuditLost);
+  EXPECT_TRUE(found[1].remedy.empty());
+}
