@@ -1,0 +1,118 @@
+#include "Drawings.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "Budget.h"
+#include "frame/Module.h"
+#include "host/gi/Recorder.h"
+
+namespace fuzz {
+
+void startModule() {
+  static const bool started = [] {
+    ::setenv("KRTRAMA_BRICSV17", KR_INSTALL_FOLDER, 1);
+    acrxEntryPoint(AcRx::kInitAppMsg, nullptr);
+    return true;
+  }();
+  static_cast<void>(started);
+}
+
+void fail(const std::string& what) {
+  std::fprintf(stderr, "%s\n", what.c_str());
+  std::abort();
+}
+
+void fail(const std::string& what, const krio::Report& report) {
+  for (const krio::Finding& finding : report.findings) {
+    std::fprintf(stderr, "%d: %s (handle %llX, place %lld)\n", int(finding.severity), finding.what.c_str(),
+                 static_cast<unsigned long long>(finding.handle), static_cast<long long>(finding.place));
+  }
+  fail(what);
+}
+
+bool hasError(const krio::Report& report) {
+  return std::any_of(report.findings.begin(), report.findings.end(),
+                     [](const krio::Finding& finding) { return finding.severity == krio::Severity::Error; });
+}
+
+namespace {
+
+/// A database that is the working one while it is looked at.
+class Working {
+ public:
+  explicit Working(AcDbDatabase& database) : before_(acdbHostApplicationServices()->workingDatabase()) {
+    acdbHostApplicationServices()->setWorkingDatabase(&database);
+  }
+  Working(const Working&) = delete;
+  Working& operator=(const Working&) = delete;
+  ~Working() { acdbHostApplicationServices()->setWorkingDatabase(before_); }
+
+ private:
+  AcDbDatabase* before_;
+};
+
+/// Draws every entity and takes its extents. Recorders keep what they are given: one for each entity.
+void drawAll(AcDbDatabase& database) {
+  std::vector<AcDbObjectId> ids;
+  for (const AcDbStub& stub : database.handleTable().stubs()) {
+    if (stub.object != nullptr && !stub.has(AcDbStub::kErased)) ids.push_back(stub.object->objectId());
+  }
+  for (const AcDbObjectId id : ids) {
+    AcDbEntity* entity = nullptr;
+    if (acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) continue;
+    gi::Recorder recorder;
+    recorder.drawWhole(*entity);
+    AcDbExtents extents;
+    entity->getGeomExtents(extents);
+    entity->close();
+  }
+}
+
+std::vector<std::byte> written(const Format& format, AcDbDatabase& database, bool& could) {
+  std::vector<std::byte> bytes;
+  krio::Report report;
+  const Acad::ErrorStatus status = format.write(database, bytes, report);
+  could = status == Acad::eOk;
+  if (!could && !hasError(report)) fail("a drawing couldn't be written, and nothing tells why", report);
+  return bytes;
+}
+
+void writeAndReadAgain(const Format& format, AcDbDatabase& database) {
+  bool could = false;
+  const std::vector<std::byte> first = written(format, database, could);
+  if (!could) return;
+  const auto again = std::make_unique<AcDbDatabase>(false);
+  krio::Report report;
+  if (format.read(first, *again, report, {}) != Acad::eOk) fail("what was written isn't read", report);
+  const std::vector<std::byte> second = written(format, *again, could);
+  if (!could) fail("what was written and read isn't written again");
+  if (first != second) fail("a drawing that was only opened is saved as other bytes");
+}
+
+bool tryReading(const Format& format, std::span<const std::byte> bytes, bool recover) {
+  const auto database = std::make_unique<AcDbDatabase>(false);
+  krio::Report report;
+  const Acad::ErrorStatus status = [&] {
+    const Budget budget(bytes.size());
+    return format.read(bytes, *database, report, {recover});
+  }();
+  if (status != Acad::eOk) {
+    if (!hasError(report)) fail("bytes were refused, and nothing tells why", report);
+    return false;
+  }
+  if (database->numOpenObjects() != 0) fail("objects stayed open", report);
+  const Working working(*database);
+  drawAll(*database);
+  writeAndReadAgain(format, *database);
+  return true;
+}
+
+}  // namespace
+
+void tryDrawing(const Format& format, std::span<const std::byte> bytes) {
+  if (!tryReading(format, bytes, false)) tryReading(format, bytes, true);
+}
+
+}  // namespace fuzz

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "host/db/db.h"
+#include "host/io/Report.h"
+
+/// What all targets that work on drawings have in common.
+namespace fuzz {
+
+/// Starts the module of the members, so that files find its classes. Once per program; further calls do nothing.
+void startModule();
+
+/// Ends the program with a message: what must hold of every input doesn't.
+[[noreturn]] void fail(const std::string& what);
+[[noreturn]] void fail(const std::string& what, const krio::Report& report);
+
+/// Whether any finding is an error.
+bool hasError(const krio::Report& report);
+
+/// A format's two functions.
+struct Format {
+  Acad::ErrorStatus (*read)(std::span<const std::byte>, AcDbDatabase&, krio::Report&, const krio::ReadOptions&);
+  Acad::ErrorStatus (*write)(AcDbDatabase&, std::vector<std::byte>&, krio::Report&);
+};
+
+/// What any bytes must lead to: strictly read, a drawing or an error in the report; recovered, the same. A drawing can
+/// be audited and drawn, nothing of it stays open, and what can be written of it is read strictly and written again as
+/// the same bytes.
+void tryDrawing(const Format& format, std::span<const std::byte> bytes);
+
+/// A small stream of pseudorandom numbers, for mutators, which get a seed.
+class Dice {
+ public:
+  explicit Dice(unsigned seed) : state_(seed * 2654435761U + 1) {}
+  unsigned next() {
+    state_ ^= state_ << 13;
+    state_ ^= state_ >> 17;
+    state_ ^= state_ << 5;
+    return state_;
+  }
+  /// From 0 to below n; 0 for 0.
+  std::size_t below(std::size_t n) { return n == 0 ? 0 : next() % n; }
+
+ private:
+  unsigned state_;
+};
+
+}  // namespace fuzz

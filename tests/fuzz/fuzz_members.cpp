@@ -1,0 +1,127 @@
+// A member reads any bytes as its fields, and any groups: it refuses them or is a member that can be drawn, shown in
+// every view, audited, pictured and written, and what it writes reads back as the same bytes.
+//
+// Input: a byte that picks the class, and with its highest bit the groups of DXF instead of fields; then these.
+#include <cmath>
+#include <cstdint>
+#include <string_view>
+
+#include "../object/EveryClass.h"
+#include "Budget.h"
+#include "Drawings.h"
+#include "StreamFiler.h"
+#include "host/gi/Recorder.h"
+#include "host/io/ProxyGraphics.h"
+
+namespace {
+
+using Bytes = std::span<const std::uint8_t>;
+
+constexpr unsigned kAsGroups = 0x80;
+
+std::vector<AcDbObjectId> idsOf(const AcDbDatabase& database) {
+  return {AcDbObjectId::kNull, database.layerZero(), database.modelSpaceId(), database.layerTableId()};
+}
+
+/// Lines in pairs: code and value.
+std::vector<AcDbMemoryDxfFiler::Group> groupsOf(std::string_view text) {
+  std::vector<AcDbMemoryDxfFiler::Group> groups;
+  const auto nextLine = [&] {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string line(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+    return line;
+  };
+  const auto number = [&](const std::string& line) { return std::strtod(line.c_str(), nullptr); };
+  while (!text.empty()) {
+    AcDbMemoryDxfFiler::Group group;
+    group.code = std::atoi(nextLine().c_str()) % 1072;
+    const std::string value = nextLine();
+    switch (acdbDxfValueKind(group.code)) {
+      case AcDbDxfValueKind::kText:
+        group.value = std::wstring(value.begin(), value.end());
+        break;
+      case AcDbDxfValueKind::kReal:
+        group.value = number(value);
+        break;
+      case AcDbDxfValueKind::kPoint:
+        group.value = AcGePoint3d(number(value), number(nextLine()), number(nextLine()));
+        break;
+      case AcDbDxfValueKind::kInt16:
+      case AcDbDxfValueKind::kInt32:
+      case AcDbDxfValueKind::kInt64:
+        group.value = Adesk::Int64(std::strtoll(value.c_str(), nullptr, 10));
+        break;
+      case AcDbDxfValueKind::kBinary:
+        group.value = std::vector<char>(value.begin(), value.end());
+        break;
+      case AcDbDxfValueKind::kHandle:
+        group.value = AcDbHandle(std::strtoull(value.c_str(), nullptr, 16));
+        break;
+      default:
+        group.value = AcDbObjectId();
+    }
+    groups.push_back(std::move(group));
+  }
+  return groups;
+}
+
+std::vector<std::uint8_t> fieldsOf(const KrObject& member) {
+  fuzz::StreamFiler filer;
+  member.dwgOutFields(&filer);
+  return filer.bytes();
+}
+
+void tryEverything(KrObject& member) {
+  gi::Recorder recorder;
+  recorder.drawWhole(member);
+  std::vector<std::byte> picture;
+  krio::encodeProxyGraphics(member, picture);
+  AcDbMemoryDxfFiler groups;
+  member.dxfOutFields(&groups);
+  AcDbExtents extents;
+  member.getGeomExtents(extents);
+  for (const KrVistas view : {Secao, Superior, Inferior, Esquerda, Direita, SecaoVerso}) member.Gera_KrVector(view);
+  AcDbAuditInfo audit(true);
+  member.audit(&audit);
+  member.getPeso();
+  member.getAreaPintura();
+}
+
+void writeAndReadAgain(const everyclass::Sample& type, const KrObject& member, const AcDbDatabase& database) {
+  const std::vector<std::uint8_t> first = fieldsOf(member);
+  const std::unique_ptr<KrObject> second = type.empty();
+  fuzz::StreamFiler filer(first, idsOf(database));
+  if (second->dwgInFields(&filer) != Acad::eOk) fuzz::fail("a member doesn't read what it wrote");
+  if (fieldsOf(*second) != first) fuzz::fail("a member reads other than it wrote");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::startModule();
+  static const std::vector<everyclass::Sample> types = everyclass::samples();
+  static AcDbDatabase database;
+  if (size == 0) return 0;
+  acdbHostApplicationServices()->setWorkingDatabase(&database);
+  const everyclass::Sample& type = types[(data[0] & ~kAsGroups) % types.size()];
+  const Bytes fields(data + 1, size - 1);
+  const std::unique_ptr<KrObject> member = type.empty();
+  Acad::ErrorStatus status = Acad::eOk;
+  if ((data[0] & kAsGroups) != 0) {
+    AcDbMemoryDxfFiler filer(groupsOf({reinterpret_cast<const char*>(fields.data()), fields.size()}));
+    const Budget budget(size);
+    status = member->dxfInFields(&filer);
+  } else {
+    fuzz::StreamFiler filer(fields, idsOf(database));
+    const Budget budget(size);
+    status = member->dwgInFields(&filer);
+  }
+  if (status == Acad::eOk) {
+    writeAndReadAgain(type, *member, database);
+    tryEverything(*member);
+    writeAndReadAgain(type, *member, database);
+  }
+  acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+  return 0;
+}
