@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/db/db.h"
+#include "host/gi/WorldDrawBase.h"
 #include "host/io/Report.h"
 
 /// What all targets that work on drawings have in common.
@@ -21,6 +22,17 @@ void startModule();
 
 /// Whether any finding is an error.
 bool hasError(const krio::Report& report);
+
+/// Looks at all that is drawn and keeps nothing of it.
+class Looker final : public gi::WorldDrawBase {
+ protected:
+  void onPolyline(const AcGePoint3d* vertices, std::size_t count, bool closed) override;
+  void onArc(const gi::ArcCall& arc) override;
+  void onText(const gi::TextCall& text) override;
+
+ private:
+  double sum_ = 0;
+};
 
 /// A format's two functions.
 struct Format {

@@ -1,5 +1,6 @@
 #include "host/gi/WorldDrawBase.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "host/gi/AcGiDrawable.h"
@@ -82,7 +83,9 @@ class WorldDrawBase::Geometry : public Base {
                              const AcGiArcType arcType) const override {
     const AcGeVector3d axis = unit(normal, AcGeVector3d::kZAxis);
     const AcGeVector3d u = unit(startVector.orthoProject(axis), axis.perpVector()) * radius;
-    owner_.onArc({center, u, axis.crossProduct(u), sweepAngle, false, arcType, false, {}});
+    // Once round is all there is to draw; who walks along the sweep needn't end in a drawing of billions of turns.
+    const double sweep = std::clamp(sweepAngle, -kFullTurn, kFullTurn);
+    owner_.onArc({center, u, axis.crossProduct(u), sweep, false, arcType, false, {}});
     return Adesk::kFalse;
   }
   Adesk::Boolean circularArc(const AcGePoint3d& start, const AcGePoint3d& point, const AcGePoint3d& end,
@@ -204,7 +207,8 @@ void WorldDrawBase::drawWhole(AcGiDrawable& drawable) {
 }
 
 void WorldDrawBase::drawPart(AcGiDrawable& drawable) {
-  if (depth_ >= kMaxDepth) return;
+  if (depth_ >= kMaxDepth || partsLeft_ == 0) return;
+  --partsLeft_;
   const TraitValues kept = traits_.values;
   ++depth_;
   onBeginPart();

@@ -20,7 +20,9 @@ class WorldDrawBase : public AcGiWorldDraw {
   WorldDrawBase& operator=(const WorldDrawBase&) = delete;
 
   AcGiRegenType regenType() const override { return regenType_; }
-  Adesk::Boolean regenAbort() const override { return Adesk::kFalse; }
+  /// Whether so many parts within parts were drawn that no more are: blocks of a file can hold each other so that a few
+  /// of them tell of more figures than could ever be drawn.
+  Adesk::Boolean regenAbort() const override { return partsLeft_ == 0; }
   AcGiSubEntityTraits& subEntityTraits() const override { return traits_; }
   AcGiWorldGeometry& geometry() const override { return geometry_; }
   Adesk::Boolean isDragging() const override { return dragging_; }
@@ -58,6 +60,8 @@ class WorldDrawBase : public AcGiWorldDraw {
   static constexpr double kDeviation = 0.01;
   /// Deeper nesting than this is a drawable that draws itself.
   static constexpr int kMaxDepth = 64;
+  /// Parts within parts that one drawing may hold.
+  static constexpr long kMostParts = 4'000'000;
 
   class Context final : public AcGiContext {
    public:
@@ -82,6 +86,7 @@ class WorldDrawBase : public AcGiWorldDraw {
   AcGiRegenType regenType_;
   bool dragging_;
   int depth_ = 0;
+  long partsLeft_ = kMostParts;
   Context context_;
   mutable SimpleTraits traits_;
   std::vector<AcGeMatrix3d> transforms_;

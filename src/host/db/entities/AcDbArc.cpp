@@ -51,7 +51,9 @@ double AcDbArc::endAngle() const {
 double AcDbArc::totalAngle() const {
   assertReadEnabled();
   const double sweep = data_.endAngle - data_.startAngle;
-  return sweep > 0.0 ? sweep : sweep + kAcGeTwoPi;
+  if (sweep > 0.0 && sweep <= kAcGeTwoPi) return sweep;
+  const double rest = std::fmod(sweep, kAcGeTwoPi);
+  return rest > 0.0 ? rest : rest + kAcGeTwoPi;
 }
 
 double AcDbArc::thickness() const {

@@ -148,8 +148,10 @@ Adesk::Boolean AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw) {
   const AcDbObjectPointer<AcDbBlockTableRecord> block(data_.block, AcDb::kForRead);
   if (block.openStatus() == Acad::eOk) {
     for (const AcGeMatrix3d& place : placements()) {
+      if (draw->regenAbort() != Adesk::kFalse) return Adesk::kTrue;
       draw->geometry().pushModelTransform(place);
       for (AcDbStub* const stub : block->entities()) {
+        if (draw->regenAbort() != Adesk::kFalse) break;
         if (stub->has(AcDbStub::kErased)) continue;
         const AcDbObjectPointer<AcDbEntity> entity(stub, AcDb::kForRead);
         if (entity.openStatus() != Acad::eOk || entity->visibility() == AcDb::kInvisible) continue;

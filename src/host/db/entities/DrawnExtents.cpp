@@ -1,5 +1,6 @@
 #include "host/db/entities/DrawnExtents.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "host/gi/WorldDrawBase.h"
@@ -25,8 +26,9 @@ class ExtentsDraw final : public gi::WorldDrawBase {
     const AcGeVector3d v = modelToWorld() * arc.v;
     for (unsigned int axis = 0; axis < 3; ++axis) {
       const double first = std::atan2(v[axis], u[axis]);
-      for (double t = first - kAcGeTwoPi; t <= arc.sweep; t += kAcGePi) {
-        if (t >= 0.0) add(at(t));
+      for (int half = -3; half <= 3; ++half) {
+        const double t = first + half * kAcGePi;
+        if (t > std::min(0.0, arc.sweep) && t < std::max(0.0, arc.sweep)) add(at(t));
       }
     }
   }

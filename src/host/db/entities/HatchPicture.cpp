@@ -13,6 +13,9 @@ constexpr double kStepsPerTurn = 64.0;
 constexpr double kMostLines = 20000.0;
 // Dashes of one line.
 constexpr double kMostDashes = 20000.0;
+// Of a whole hatch: edges looked at, and pieces drawn. A file can tell of any number of families, edges and dashes.
+constexpr long kMostEdges = 100'000'000;
+constexpr long kMostStrokes = 2'000'000;
 
 int stepsOf(double sweep) {
   if (!std::isfinite(sweep)) return 1;
@@ -198,7 +201,10 @@ std::vector<Outline> entities::hatchAreas(const std::vector<Outline>& outlines) 
   return areas;
 }
 
-void entities::HatchStroker::draw(const AcDbHatch::PatternLine& line, const Stroke& stroke) const {
+entities::HatchStroker::HatchStroker(const std::vector<Outline>& outlines)
+    : outlines_(outlines), edgesLeft_(kMostEdges), strokesLeft_(kMostStrokes) {}
+
+void entities::HatchStroker::draw(const AcDbHatch::PatternLine& line, const Stroke& stroke) {
   const AcGeVector2d along(std::cos(line.angle), std::sin(line.angle));
   const AcGeVector2d across(-along.y, along.x);
   const double spacing = line.offset.dotProduct(across);
@@ -217,27 +223,34 @@ void entities::HatchStroker::draw(const AcDbHatch::PatternLine& line, const Stro
   double pattern = 0.0;
   for (const double dash : line.dashes) pattern += std::fabs(dash);
   std::vector<double> crossings;
-  for (double n = std::ceil(low); n <= high; ++n) {
+  // Counted in whole numbers: far from the origin a number doesn't grow by adding 1.
+  const double first = std::ceil(low);
+  for (int i = 0; first + i <= high && i <= int(kMostLines); ++i) {
+    const double n = first + i;
     const AcGePoint2d base = line.origin + across * (n * spacing) + along * (n * shift);
     crossings.clear();
     for (const Outline& outline : outlines_) {
-      for (std::size_t i = 0, j = outline.size() - 1; i < outline.size(); j = i++) {
+      edgesLeft_ -= long(outline.size());
+      for (std::size_t k = 0, j = outline.size() - 1; k < outline.size(); j = k++) {
         const double a = (outline[j] - base).dotProduct(across);
-        const double b = (outline[i] - base).dotProduct(across);
+        const double b = (outline[k] - base).dotProduct(across);
         if ((a > 0.0) == (b > 0.0)) continue;
-        crossings.push_back((outline[j] + (outline[i] - outline[j]) * (a / (a - b)) - base).dotProduct(along));
+        crossings.push_back((outline[j] + (outline[k] - outline[j]) * (a / (a - b)) - base).dotProduct(along));
       }
     }
+    if (edgesLeft_ < 0) return;
     std::sort(crossings.begin(), crossings.end());
     for (std::size_t k = 0; k + 1 < crossings.size(); k += 2) {
       const double from = crossings[k];
       const double to = crossings[k + 1];
+      if (--strokesLeft_ < 0) return;
       if (!(pattern > 0.0) || (to - from) / pattern * double(line.dashes.size()) > kMostDashes) {
         stroke(base + along * from, base + along * to);
         continue;
       }
       double at = std::floor(from / pattern) * pattern;
-      while (at < to) {
+      for (int period = 0; at < to && period <= int(kMostDashes); ++period) {
+        strokesLeft_ -= long(line.dashes.size());
         for (const double dash : line.dashes) {
           const double end = at + std::fabs(dash);
           if (dash >= 0.0 && end >= from && at <= to) {
