@@ -91,6 +91,21 @@ std::vector<std::byte> written(const Format& format, AcDbDatabase& database, boo
   return bytes;
 }
 
+/// Where two files begin to differ, with what stands there.
+std::string difference(const std::vector<std::byte>& first, const std::vector<std::byte>& second) {
+  constexpr std::size_t kShown = 60;
+  const auto place = std::size_t(std::ranges::mismatch(first, second).in1 - first.begin());
+  const auto around = [&](const std::vector<std::byte>& bytes) {
+    std::string text;
+    for (std::size_t i = place - std::min(place, kShown); i < std::min(bytes.size(), place + kShown); ++i) {
+      const char c = char(bytes[i]);
+      text += c == '\n' ? '|' : c < ' ' ? '.' : c;
+    }
+    return text;
+  };
+  return "at " + std::to_string(place) + "\n" + around(first) + "\n" + around(second);
+}
+
 void writeAndReadAgain(const Format& format, AcDbDatabase& database) {
   bool could = false;
   const std::vector<std::byte> first = written(format, database, could);
@@ -100,7 +115,7 @@ void writeAndReadAgain(const Format& format, AcDbDatabase& database) {
   if (format.read(first, *again, report, {}) != Acad::eOk) fail("what was written isn't read", report);
   const std::vector<std::byte> second = written(format, *again, could);
   if (!could) fail("what was written and read isn't written again");
-  if (first != second) fail("a drawing that was only opened is saved as other bytes");
+  if (first != second) fail("a drawing that was only opened is saved as other bytes: " + difference(first, second));
 }
 
 bool tryReading(const Format& format, std::span<const std::byte> bytes, bool recover) {

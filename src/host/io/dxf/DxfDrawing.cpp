@@ -225,6 +225,13 @@ void Drawing::makeBasics() {
   db_.setRoots(roots_);
 }
 
+void Drawing::makeDimStyle() {
+  roots_.standardDimStyle = makeRecord<AcDbDimStyleTableRecord>(roots_.dimStyleTable, L"Standard");
+  if (!roots_.standardDimStyle.isResident()) return;
+  auto* const style = static_cast<AcDbDimStyleTableRecord*>(roots_.standardDimStyle.stub()->object);
+  style->dataAsRead().dimtxsty = roots_.standardTextStyle;
+}
+
 void Drawing::makeRest() {
   makeBasics();
   if (in_.stopped()) return;
@@ -233,7 +240,7 @@ void Drawing::makeRest() {
     const bool empty = styles->recordIds().empty();
     styles->close();
     roots_.standardDimStyle = recordNamed(roots_.dimStyleTable, L"Standard");
-    if (empty) roots_.standardDimStyle = makeRecord<AcDbDimStyleTableRecord>(roots_.dimStyleTable, L"Standard");
+    if (empty) makeDimStyle();
   }
   findOrMake<AcDbRegAppTableRecord>(roots_.regAppTable, L"ACAD");
   findOrMake<AcDbViewportTableRecord>(roots_.viewportTable, L"*Active");

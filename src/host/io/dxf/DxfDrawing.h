@@ -84,6 +84,8 @@ class Drawing {
   AcDbObjectId makeRecord(AcDbObjectId table, const wchar_t* name);
   template <class Record>
   AcDbObjectId findOrMake(AcDbObjectId table, const wchar_t* name);
+  /// Makes the dimension style of a drawing that has none.
+  void makeDimStyle();
 
   Input& in_;
   AcDbDatabase& db_;

@@ -242,8 +242,10 @@ void Writer::writeDimStyle(AcDbDimStyleTableRecord& style) {
   // All of them: what a reader takes for left-out ones differs from reader to reader.
   for (int i = 0; i < Style::kNumReals; ++i) sink_.real(kDimRealCodes[i], style.realAt(Style::RealIndex(i)));
   for (int i = 0; i < Style::kNumInts; ++i) sink_.int16(kDimIntCodes[i], style.wholeAt(Style::IntIndex(i)));
+  // Without a text style a reader takes this one.
+  const AcDbObjectId textStyle = data.dimtxsty.isNull() ? db_.roots().standardTextStyle : AcDbObjectId(data.dimtxsty);
   const std::pair<int, AcDbObjectId> references[] = {
-      {340, data.dimtxsty}, {341, data.dimldrblk}, {342, data.dimblk}, {343, data.dimblk1}, {344, data.dimblk2}};
+      {340, textStyle}, {341, data.dimldrblk}, {342, data.dimblk}, {343, data.dimblk1}, {344, data.dimblk2}};
   for (const auto& [code, id] : references) {
     if (!id.isNull()) sink_.handle(code, id.handle().value());
   }
