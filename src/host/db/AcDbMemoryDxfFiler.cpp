@@ -12,7 +12,7 @@ AcDbDxfValueKind acdbDxfValueKind(int code) {
   };
   static constexpr Band kBands[] = {
       {0, 4, K::kText},       {5, 5, K::kHandle},       {6, 9, K::kText},       {10, 17, K::kPoint},
-      {18, 59, K::kReal},     {60, 79, K::kInt16},      {90, 99, K::kInt32},    {100, 102, K::kText},
+      {18, 59, K::kReal},     {60, 79, K::kInt16},      {90, 99, K::kInt32},    {100, 104, K::kText},
       {105, 105, K::kHandle}, {110, 112, K::kPoint},    {113, 149, K::kReal},   {160, 169, K::kInt64},
       {170, 179, K::kInt16},  {210, 219, K::kPoint},    {220, 239, K::kReal},   {270, 299, K::kInt16},
       {300, 309, K::kText},   {310, 319, K::kBinary},   {320, 329, K::kHandle}, {330, 369, K::kObjectId},

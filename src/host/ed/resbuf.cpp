@@ -18,18 +18,19 @@ ValueKind groupCodeKind(int code) {
     ValueKind kind;
   };
   static constexpr Band kBands[] = {
-      {-6, -5, ValueKind::Name},       {-4, -4, ValueKind::Text},      {-3, -3, ValueKind::None},
-      {-2, -1, ValueKind::Name},       {0, 9, ValueKind::Text},        {10, 17, ValueKind::Point},
-      {18, 59, ValueKind::Real},       {60, 79, ValueKind::Short},     {90, 99, ValueKind::Long},
-      {100, 105, ValueKind::Text},     {110, 112, ValueKind::Point},   {113, 149, ValueKind::Real},
-      {160, 169, ValueKind::Int64},    {170, 179, ValueKind::Short},   {210, 219, ValueKind::Point},
-      {220, 239, ValueKind::Real},     {270, 299, ValueKind::Short},   {300, 309, ValueKind::Text},
-      {310, 319, ValueKind::Binary},   {320, 369, ValueKind::Name},    {370, 389, ValueKind::Short},
-      {390, 399, ValueKind::Name},     {400, 409, ValueKind::Short},   {410, 419, ValueKind::Text},
-      {420, 429, ValueKind::Long},     {430, 439, ValueKind::Text},    {440, 459, ValueKind::Long},
-      {460, 469, ValueKind::Real},     {470, 481, ValueKind::Text},    {999, 1003, ValueKind::Text},
-      {1004, 1004, ValueKind::Binary}, {1005, 1009, ValueKind::Text},  {1010, 1013, ValueKind::Point},
-      {1014, 1059, ValueKind::Real},   {1060, 1070, ValueKind::Short}, {1071, 1071, ValueKind::Long}};
+      {-6, -5, ValueKind::Name},      {-4, -4, ValueKind::Text},       {-3, -3, ValueKind::None},
+      {-2, -1, ValueKind::Name},      {0, 9, ValueKind::Text},         {10, 17, ValueKind::Point},
+      {18, 59, ValueKind::Real},      {60, 79, ValueKind::Short},      {90, 99, ValueKind::Long},
+      {100, 105, ValueKind::Text},    {110, 112, ValueKind::Point},    {113, 149, ValueKind::Real},
+      {160, 169, ValueKind::Int64},   {170, 179, ValueKind::Short},    {210, 219, ValueKind::Point},
+      {220, 239, ValueKind::Real},    {270, 299, ValueKind::Short},    {300, 309, ValueKind::Text},
+      {310, 319, ValueKind::Binary},  {320, 329, ValueKind::Text},     {330, 369, ValueKind::Name},
+      {370, 389, ValueKind::Short},   {390, 399, ValueKind::Name},     {400, 409, ValueKind::Short},
+      {410, 419, ValueKind::Text},    {420, 429, ValueKind::Long},     {430, 439, ValueKind::Text},
+      {440, 459, ValueKind::Long},    {460, 469, ValueKind::Real},     {470, 481, ValueKind::Text},
+      {999, 1003, ValueKind::Text},   {1004, 1004, ValueKind::Binary}, {1005, 1009, ValueKind::Text},
+      {1010, 1013, ValueKind::Point}, {1014, 1059, ValueKind::Real},   {1060, 1070, ValueKind::Short},
+      {1071, 1071, ValueKind::Long}};
   for (const Band& band : kBands) {
     if (code >= band.first && code <= band.last) return band.kind;
   }

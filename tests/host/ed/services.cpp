@@ -2,6 +2,7 @@
 
 #include "host/db/db.h"
 #include "host/ed/ed.h"
+#include "host/ed/resbufTypes.h"
 
 namespace {
 
@@ -32,6 +33,37 @@ TEST(ValueChain, HoldsItsValuesInOrder) {
   EXPECT_EQ(acutRelRb(chain), RTNORM);
   EXPECT_EQ(acutRelRb(nullptr), RTNORM);
   EXPECT_EQ(acutNewRb(4999), nullptr);
+}
+
+// What a reader of groups puts into a link must be what the link gives back when it is released.
+TEST(ValueChain, HoldsUnderEveryGroupCodeWhatAGroupOfThatCodeHolds) {
+  using Kind = edhost::ValueKind;
+  constexpr int kLastCode = 1071;
+  const auto kindOfGroup = [](int code) {
+    switch (acdbDxfValueKind(code)) {
+      case AcDbDxfValueKind::kNone:
+        return Kind::Unknown;
+      case AcDbDxfValueKind::kText:
+      case AcDbDxfValueKind::kHandle:
+        return Kind::Text;
+      case AcDbDxfValueKind::kPoint:
+        return Kind::Point;
+      case AcDbDxfValueKind::kReal:
+        return Kind::Real;
+      case AcDbDxfValueKind::kInt16:
+        return Kind::Short;
+      case AcDbDxfValueKind::kInt32:
+        return Kind::Long;
+      case AcDbDxfValueKind::kInt64:
+        return Kind::Int64;
+      case AcDbDxfValueKind::kBinary:
+        return Kind::Binary;
+      case AcDbDxfValueKind::kObjectId:
+        return Kind::Name;
+    }
+    return Kind::Unknown;
+  };
+  for (int code = 0; code <= kLastCode; ++code) EXPECT_EQ(edhost::valueKind(code), kindOfGroup(code)) << code;
 }
 
 TEST(PlaneServices, AngleRunsFromZeroToAFullTurn) {

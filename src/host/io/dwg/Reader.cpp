@@ -318,7 +318,7 @@ void Reader::setRelations(AcDbObject& object, const Head& head, const Frame& fra
   if (head.reactors == 0) return;
   BitReader handles = frame.handles;
   handles.seek(head.reactorsAt);
-  for (std::uint32_t i = 0; i < head.reactors; ++i) {
+  for (std::uint32_t i = 0; i < head.reactors && !handles.failed(); ++i) {
     AcDbStub* const reactor = context_->resolve(absoluteHandle(handles.h(), frame.handle));
     if (reactor != nullptr) object.addPersistentReactorAsRead(reactor);
   }
@@ -386,7 +386,9 @@ bool Reader::readByType(const TypeInfo& type, const Frame& frame, AcDbStub* stub
   EntityHead head;
   readHead(decoder, head);
   type.read(decoder, *object);
-  if (!endsRight(decoder) || !decoder.finite()) return keep();
+  // The end of a sequence has no data. Kept as a proxy for what stands there, it would count as one of the sequence.
+  const bool fits = frame.type == kSequenceEnd ? !decoder.failed() : endsRight(decoder) && decoder.finite();
+  if (!fits) return keep();
   setCommon(*entity, head);
   AcDbStub* const owner = ownerOf(head);
   if (!put(std::move(object), stub, owner, head, frame)) return false;
@@ -410,6 +412,7 @@ bool Reader::readCustom(const FileClass& fileClass, const Frame& frame, AcDbStub
   AcDbStub* owner = nullptr;
   if (entity != nullptr) {
     readHead(decoder, head);
+    if (decoder.failed()) return false;
     setCommon(*entity, head);
     setRelations(*object, head, frame);
     owner = ownerOf(head);
@@ -417,10 +420,11 @@ bool Reader::readCustom(const FileClass& fileClass, const Frame& frame, AcDbStub
     if (decoder.data.left() == 0) setGraphics(*entity, head, frame);
   } else {
     readHead(decoder, objectHead);
+    if (decoder.failed()) return false;
     setRelations(*object, objectHead, frame);
     owner = context_->resolve(objectHead.owner);
   }
-  if (decoder.failed() || database_.putRead(object.get(), stub, owner) != Acad::eOk) return false;
+  if (database_.putRead(object.get(), stub, owner) != Acad::eOk) return false;
   constexpr Adesk::UInt32 kReading = AcDbStub::kOpenForWrite | AcDbStub::kModified | AcDbStub::kModifiedGraphics |
                                      AcDbStub::kUndoTaken | AcDbStub::kAnnounced;
   stub->flags |= kReading;

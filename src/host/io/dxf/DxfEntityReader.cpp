@@ -317,7 +317,7 @@ AcRxClass* EntityReader::classAhead(std::string_view name, const ObjectKind& kin
 }
 
 void EntityReader::readByClass(std::string_view name) {
-  if (isStructural(name)) {
+  if (isStructural(name, in_.page())) {
     if (in_.fault("an entity was due; it was left out")) in_.skipFields();
     return;
   }

@@ -87,6 +87,9 @@ class FrameReader {
 
  private:
   void takeControlGroup();
+  /// Whether a group behind the first that is the object's own, in an object without markers, is its own as well though
+  /// it has the code of what every object has: it has that already, or bytes would be ambiguous.
+  bool isOwn(int code) const;
   void takeGraphics();
   AcDbStub* stubOfValue();
 
@@ -100,8 +103,8 @@ class FrameReader {
   AcDbStub* lastOwner_ = nullptr;
 };
 
-/// Whether the name is one of those that the file's own structure has: no object's.
-bool isStructural(std::string_view name);
+/// Whether the name is one of those that the file's own structure has, or holds what no name can: no object's.
+bool isStructural(std::string_view name, const CodePage& page);
 
 /// Number of the fixed type of an object in a DWG; 0 for a name that has none.
 int fixedTypeOf(std::string_view dxfName);

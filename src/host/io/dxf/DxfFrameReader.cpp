@@ -52,9 +52,18 @@ bool isOfItsKind(int code, std::string_view value) {
 
 }  // namespace
 
-bool isStructural(std::string_view name) {
+bool isStructural(std::string_view name, const CodePage& page) {
   constexpr std::string_view kNames[] = {"", "SECTION", "ENDSEC", "TABLE", "ENDTAB", "BLOCK", "ENDBLK", "CLASS", "EOF"};
-  return std::find(std::begin(kNames), std::end(kNames), name) != std::end(kNames);
+  const auto isOne = [&](std::string_view each) {
+    return std::find(std::begin(kNames), std::end(kNames), each) != std::end(kNames);
+  };
+  const auto isPlain = [](char c) { return c >= ' ' && c != '^' && c != '\\'; };
+  if (std::all_of(name.begin(), name.end(), isPlain)) return isOne(name);
+  // Such a name is written as what it stands for: it can be one of these in disguise.
+  std::wstring text;
+  decodeText(page, name, text);
+  const bool hasControl = std::any_of(text.begin(), text.end(), [](wchar_t c) { return c < L' '; });
+  return hasControl || isOne(os::toUtf8(text));
 }
 
 int fixedTypeOf(std::string_view dxfName) {
@@ -197,6 +206,12 @@ void FrameReader::takePreview(std::vector<std::byte>& to) {
   to.insert(to.end(), first, first + bytes.size());
 }
 
+bool FrameReader::isOwn(int code) const {
+  if (code == 5) return frame_.handle != 0;
+  if (code == 330) return frame_.owner != nullptr;
+  return code == 92 || code == 160 || code == 310;
+}
+
 bool FrameReader::readAll(bool entity) {
   bool markers = false;
   std::size_t firstOwn = 0;
@@ -213,7 +228,7 @@ bool FrameReader::readAll(bool entity) {
       break;
     }
     const std::size_t place = in_.scanner().place();
-    if (take(entity) || markers) continue;
+    if ((ownSeen && !markers && isOwn(in_.code())) || take(entity) || markers) continue;
     if (!ownSeen) firstOwn = place;
     ownSeen = true;
   }
@@ -250,7 +265,8 @@ const ObjectKind& FrameReader::kindOf(std::string_view dxfName, bool entity) {
   const auto [entry, isNew] = kinds.try_emplace(std::string(dxfName));
   if (!isNew) return entry->second;
   ObjectKind& kind = entry->second;
-  const std::wstring wide = in_.page().decode(dxfName);
+  std::wstring wide;
+  decodeText(in_.page(), dxfName, wide);
   kind.record = drawing_.classRecord(wide);
   if (kind.record != nullptr) kind.rxClass = acrxFindClass(kind.record->cppName.c_str());
   if (kind.rxClass == nullptr) {
@@ -258,7 +274,9 @@ const ObjectKind& FrameReader::kindOf(std::string_view dxfName, bool entity) {
     if (found != byDxfName_.end()) kind.rxClass = found->second;
   }
   const AcRxClass* const base = entity ? AcDbEntity::desc() : AcDbObject::desc();
+  // A class of another name would be written under that.
   const bool fits = kind.rxClass != nullptr && kind.rxClass->constructor() != nullptr &&
+                    kind.rxClass->dxfName() != nullptr && wide == kind.rxClass->dxfName() &&
                     kind.rxClass->isDerivedFrom(base) && kind.rxClass->isDerivedFrom(AcDbEntity::desc()) == entity;
   if (!fits) kind.rxClass = nullptr;
   const wchar_t* const application = fits ? kind.rxClass->appName() : nullptr;
@@ -315,7 +333,7 @@ void FrameReader::keepGroups(AcDbProxyData& data) {
 void FrameReader::describe(AcDbProxyData& data, std::string_view dxfName, const ObjectKind& kind) {
   if (kind.record != nullptr) data.classRecord = *kind.record;
   data.fixedType = Adesk::UInt16(kind.record != nullptr ? 0 : fixedTypeOf(dxfName));
-  data.dxfName = in_.page().decode(dxfName);
+  decodeText(in_.page(), dxfName, data.dxfName);
   if (kind.record == nullptr && kind.rxClass != nullptr && data.fixedType == 0) {
     data.classRecord.dxfName = data.dxfName;
     data.classRecord.cppName = kind.rxClass->name();

@@ -246,7 +246,7 @@ void Reader::readBlockEnd(AcDbBlockTableRecord* block) {
 void Reader::readObject() {
   constexpr std::size_t kAnyObject = 320;
   const std::string_view name = in_.value();
-  if (isStructural(name)) {
+  if (isStructural(name, in_.page())) {
     if (in_.fault("an object was due; it was left out")) in_.skipFields();
     return;
   }

@@ -198,9 +198,10 @@ void Writer::writeGraphics(std::span<const std::byte> graphics) {
   sink_.binary(310, graphics);
 }
 
-void Writer::writeEntityFrame(const AcDbEntity& entity, bool inPaperSpace, std::span<const std::byte> graphics) {
+void Writer::writeEntityFrame(const AcDbEntity& entity, bool inPaperSpace, std::span<const std::byte> graphics,
+                              bool marker) {
   writeObjectFrame(entity);
-  sink_.marker("AcDbEntity");
+  if (marker) sink_.marker("AcDbEntity");
   if (inPaperSpace) sink_.int16(67, 1);
   const AcDbEntity::Common common = entity.common();
   sink_.raw(8, nameOf(common.layer.isNull() ? db_.layerZero() : common.layer));
@@ -466,7 +467,9 @@ void Writer::writeProxyEntity(AcDbProxyEntity& proxy, bool inPaperSpace) {
   std::string name;
   sink_.encode(data.classRecord.dxfName.empty() ? data.dxfName : data.classRecord.dxfName, name);
   sink_.start(name);
-  writeEntityFrame(proxy, inPaperSpace, proxy.fileGraphics());
+  // Behind that marker, groups without a marker of their own would be taken for what every entity has.
+  const bool marked = data.groups.empty() || data.groups.front().code == AcDb::kDxfSubclass;
+  writeEntityFrame(proxy, inPaperSpace, proxy.fileGraphics(), marked);
   std::size_t next = writeGroups(data, 0);
   writeExtendedData(proxy);
   // What belongs to it, such as the vertices of a mesh.

@@ -67,7 +67,8 @@ class Writer {
   // --- Frames --------------------------------------------------------------------------------------------------------
   /// Handle, extension dictionary, reactors, owner.
   void writeObjectFrame(const AcDbObject& object, int handleCode = 5);
-  void writeEntityFrame(const AcDbEntity& entity, bool inPaperSpace, std::span<const std::byte> graphics);
+  void writeEntityFrame(const AcDbEntity& entity, bool inPaperSpace, std::span<const std::byte> graphics,
+                        bool marker = true);
   void writeExtendedData(const AcDbObject& object);
   /// Groups kept of a file, from `first` on up to the next object in them; gives where that begins.
   std::size_t writeGroups(const AcDbProxyData& data, std::size_t first);
