@@ -546,6 +546,68 @@ class DxfPeers : public testing::Test {
 
 }  // namespace
 
+// Files from before the markers have such entities: what is their own begins with the first group that isn't common.
+TEST(DxfProxy, KeepsGroupsThatNoMarkerBeginsThroughEverySave) {
+  const std::string own = groups({{1, "own"}, {5, "2B"}, {330, "77"}, {92, "2"}, {310, "00FF"}, {40, "1.5"}});
+  Read read = readText(entitiesFile(groups({{0, "OTHER"}, {5, "2A"}, {8, "0"}, {62, "3"}}) + own));
+  for (int save = 0; save < 2; ++save) {
+    ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+    auto* const proxy = onlyEntity<AcDbProxyEntity>(read);
+    ASSERT_NE(proxy, nullptr);
+    EXPECT_EQ(proxy->objectId().handle().value(), 0x2AU);
+    EXPECT_EQ(proxy->common().color.colorIndex(), 3);
+    EXPECT_TRUE(proxy->fileGraphics().empty());
+    std::string kept;
+    for (const AcDbProxyData::Group& group : proxy->data().groups) {
+      kept += std::to_string(group.code) + "\n" + group.value + "\n";
+    }
+    EXPECT_EQ(kept, own) << "after " << save << " saves";
+    read = readText(writeText(*read.db));
+  }
+}
+
+// Written as what it stands for, such a name would end the section in the saved file.
+TEST(DxfReader, TakesNoNameThatStandsForAnother) {
+  const auto statusOf = [](const char* name) {
+    return readText(entitiesFile(groups({{0, name}, {5, "2A"}, {8, "0"}, {1, "own"}}))).status;
+  };
+  for (const char* const name : {"END\\U+0053EC", "E^OF", "EO\x01", ""}) EXPECT_NE(statusOf(name), Acad::eOk) << name;
+  for (const char* const name : {"ENDE", "E^ OF", "EOFS"}) EXPECT_EQ(statusOf(name), Acad::eOk) << name;
+}
+
+TEST(DxfReader, MakesNoEntityOfAClassThatHasAnotherName) {
+  const std::string classes = groups({{0, "SECTION"},
+                                      {2, "CLASSES"},
+                                      {0, "CLASS"},
+                                      {1, "OTHER"},
+                                      {2, "AcDbBlockBegin"},
+                                      {3, "Some"},
+                                      {90, "0"},
+                                      {280, "0"},
+                                      {281, "1"},
+                                      {0, "ENDSEC"}});
+  const std::string entity =
+      groups({{0, "OTHER"}, {5, "2A"}, {100, "AcDbEntity"}, {8, "0"}, {100, "Other"}, {40, "1.5"}});
+  const Read read = readText(classes + entitiesFile(entity));
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  EXPECT_NE(onlyEntity<AcDbProxyEntity>(read), nullptr);
+}
+
+TEST(DxfWriter, NamesTheTextStyleOfEveryDimensionStyle) {
+  const Read bare = readText(entitiesFile(""));
+  ASSERT_EQ(bare.status, Acad::eOk) << messages(bare.report);
+  {
+    const AcDbObjectPointer<AcDbDimStyleTableRecord> made(bare.db->roots().standardDimStyle, AcDb::kForWrite);
+    ASSERT_EQ(made.openStatus(), Acad::eOk);
+    EXPECT_EQ(made->dimtxsty(), bare.db->roots().standardTextStyle);
+    made->setDimtxsty(AcDbObjectId());
+  }
+  const Read again = readText(writeText(*bare.db));
+  const AcDbObjectPointer<AcDbDimStyleTableRecord> style(again.db->roots().standardDimStyle, AcDb::kForRead);
+  ASSERT_EQ(style.openStatus(), Acad::eOk);
+  EXPECT_EQ(style->dimtxsty(), again.db->roots().standardTextStyle);
+}
+
 TEST_F(DxfPeers, FindEveryEntityWhereItIsAndNoError) {
   const std::string seen = outputOf("/usr/bin/python3 " KR_SOURCE_DIR "/tests/host/io/dxf_peers.py " + path_.string());
   if (seen.starts_with("ezdxf missing")) GTEST_SKIP() << "ezdxf isn't installed for /usr/bin/python3";
