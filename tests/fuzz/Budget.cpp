@@ -17,16 +17,22 @@ std::size_t limit = std::numeric_limits<std::size_t>::max();
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   void* const place = std::malloc(size != 0 ? size : 1);
-  if (place == nullptr) {
-    std::fprintf(stderr, "no memory for %zu bytes\n", size);
-    std::abort();
-  }
+  if (place == nullptr) return nullptr;
   held += malloc_usable_size(place);
   if (held > limit) {
     std::fprintf(stderr, "%zu bytes are held, %zu allowed\n", held, limit);
     limit = std::numeric_limits<std::size_t>::max();
+    std::abort();
+  }
+  return place;
+}
+
+void* operator new(std::size_t size) {
+  void* const place = operator new(size, std::nothrow);
+  if (place == nullptr) {
+    std::fprintf(stderr, "no memory for %zu bytes\n", size);
     std::abort();
   }
   return place;
@@ -43,6 +49,14 @@ void operator delete(void* place, std::size_t) noexcept {
   operator delete(place);
 }
 
+void operator delete(void* place, const std::nothrow_t&) noexcept {
+  operator delete(place);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t& kind) noexcept {
+  return operator new(size, kind);
+}
+
 void* operator new[](std::size_t size) {
   return operator new(size);
 }
@@ -52,6 +66,10 @@ void operator delete[](void* place) noexcept {
 }
 
 void operator delete[](void* place, std::size_t) noexcept {
+  operator delete(place);
+}
+
+void operator delete[](void* place, const std::nothrow_t&) noexcept {
   operator delete(place);
 }
 
