@@ -4,6 +4,7 @@
 
 #include "host/db/AcDbDatabase.h"
 #include "host/db/AcDbDxfFiler.h"
+#include "host/db/MergeStyle.h"
 #include "host/db/acdbOpen.h"
 #include "host/db/dbtext.h"
 
@@ -175,7 +176,7 @@ Acad::ErrorStatus AcDbDictionary::dwgInFields(AcDbDwgFiler* filer) {
   Adesk::Int16 style = 0;
   filer->readInt16(&style);
   filer->readBool(&hard_);
-  mergeStyle_ = AcDb::DuplicateRecordCloning(style);
+  mergeStyle_ = acdbMergeStyleOf(style);
   if (filer->filerType() == AcDb::kCopyFiler) return filer->filerStatus();
   entries_.clear();
   Adesk::Int32 count = 0;
@@ -224,7 +225,7 @@ Acad::ErrorStatus AcDbDictionary::dxfInFields(AcDbDxfFiler* filer) {
     if (item.restype == AcDb::kDxfInt8) {
       hard_ = item.resval.rint != 0;
     } else if (item.restype == AcDb::kDxfRenderMode) {
-      mergeStyle_ = AcDb::DuplicateRecordCloning(item.resval.rint);
+      mergeStyle_ = acdbMergeStyleOf(item.resval.rint);
     } else if (item.restype == AcDb::kDxfTextFontFile) {
       name = item.resval.rstring;
     } else if (item.restype == AcDb::kDxfSoftOwnershipId || item.restype == AcDb::kDxfHardOwnershipId) {

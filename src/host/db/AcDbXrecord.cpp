@@ -3,6 +3,7 @@
 #include "host/db/AcDbDwgFiler.h"
 #include "host/db/AcDbDxfFiler.h"
 #include "host/db/AcDbValueChain.h"
+#include "host/db/MergeStyle.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbXrecord, AcDbObject, 0, 0, 0, XRECORD, krhost)
 
@@ -50,7 +51,7 @@ Acad::ErrorStatus AcDbXrecord::dwgInFields(AcDbDwgFiler* filer) {
   if (const Acad::ErrorStatus es = AcDbObject::dwgInFields(filer); es != Acad::eOk) return es;
   Adesk::Int16 style = 0;
   filer->readInt16(&style);
-  mergeStyle_ = AcDb::DuplicateRecordCloning(style);
+  mergeStyle_ = acdbMergeStyleOf(style);
   acutRelRb(chain_);
   return valuechain::read(*filer, chain_);
 }
@@ -73,7 +74,7 @@ Acad::ErrorStatus AcDbXrecord::dxfInFields(AcDbDxfFiler* filer) {
     resbuf item{};
     if (filer->readResBuf(&item) != Acad::eOk) break;
     if (std::exchange(first, false) && item.restype == AcDb::kDxfInt8) {
-      mergeStyle_ = AcDb::DuplicateRecordCloning(item.resval.rint);
+      mergeStyle_ = acdbMergeStyleOf(item.resval.rint);
       continue;
     }
     *tail = valuechain::copyLink(item);

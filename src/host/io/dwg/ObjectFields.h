@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/db/MergeStyle.h"
 #include "host/io/dwg/RecordFields.h"
 
 // The fields of objects that are neither entities nor table records, behind the common data and in both directions.
@@ -13,7 +14,7 @@ void code(Io& io, typename Io::template Field<AcDbDictionary>& dictionary) {
     Adesk::Int16 style = 0;
     std::uint8_t hard = 0;
     io.bs(style), io.rc(hard);
-    dictionary.setFlagsAsRead(hard != 0, AcDb::DuplicateRecordCloning(style));
+    dictionary.setFlagsAsRead(hard != 0, acdbMergeStyleOf(style));
     // A key takes two bits at least, and its item eight.
     if (!io.data.fits(n, 2) || !io.handles.fits(n, 8)) return;
     dictionary.reserve(n);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/db/MergeStyle.h"
 #include "host/io/dwg/CodePages.h"
 #include "host/io/dwg/Dwg.h"
 #include "host/io/dwg/FileFiler.h"
@@ -594,7 +595,7 @@ bool Reader::readXrecord(const Frame& frame, AcDbStub* stub) {
   d.data.skip(8 * std::size_t(size));
   Adesk::Int16 style = 0;
   d.bs(style);
-  record->setMergeStyleAsRead(AcDb::DuplicateRecordCloning(style));
+  record->setMergeStyleAsRead(acdbMergeStyleOf(style));
   while (d.handles.left() >= 8 && !d.failed()) {
     const HandleRef ref = d.handles.h();
     record->referencesAsRead().push_back({ref.code, context_->resolve(absoluteHandle(ref, d.own()))});

@@ -27,7 +27,8 @@ class Sink {
   /// A value as it is to stand in the file; without line ends.
   void raw(int code, std::string_view value) {
     char* p = begin(code, value.size());
-    std::memcpy(p, value.data(), value.size());
+    // An empty text may have no place.
+    if (!value.empty()) std::memcpy(p, value.data(), value.size());
     end(p + value.size());
   }
   void start(std::string_view name) { raw(0, name); }
