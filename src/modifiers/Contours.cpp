@@ -58,8 +58,11 @@ class LooseEdges {
   /// Width of a bucket's cell: far above the tolerance, far below a drawn edge.
   static constexpr double kCellsPerUnit = 1024.0;
 
+  /// What lies beyond all drawings, or nowhere, as a file can tell, shares a cell.
   static std::int64_t cellOf(double coordinate) {
-    return static_cast<std::int64_t>(std::floor(coordinate * kCellsPerUnit));
+    constexpr double kMostCells = 9e15;
+    const double cell = std::floor(coordinate * kCellsPerUnit);
+    return std::fabs(cell) < kMostCells ? static_cast<std::int64_t>(cell) : 0;
   }
   std::size_t bucketOf(std::int64_t x, std::int64_t y) const {
     std::uint64_t mixed = static_cast<std::uint64_t>(x) * 0x9E3779B97F4A7C15U + static_cast<std::uint64_t>(y);

@@ -1,6 +1,7 @@
 // A member's frames and views: the passage from the section to the drawing, and what a turned section really shows.
 
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "host/companion/companion.h"
@@ -26,9 +27,11 @@ const ElevationFrame& frameOf(KrVistas vista) {
   return frames[static_cast<int>(vista) - 1];
 }
 
-/// The nearest whole number, halves away from the integer part.
+/// The nearest whole number, halves away from the integer part; 0 for more than can be counted, and for no number: a
+/// file can hold any angle.
 int rounded(double quarters) {
   const double whole = std::trunc(quarters);
+  if (!(std::fabs(whole) < std::numeric_limits<int>::max())) return 0;
   return static_cast<int>(whole) + (quarters - whole >= 0.5 ? 1 : 0);
 }
 
