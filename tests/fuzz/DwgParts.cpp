@@ -112,7 +112,7 @@ std::vector<std::uint8_t> DwgParts::file() const {
   head.rs(crc16(head.bytes()));
   head.bytes(kHeaderEnd.data(), kHeaderEnd.size());
   std::memcpy(file.data(), head.bytes().data(), kHeaderBytes);
-  return file.take();
+  return copyOf(file.bytes());
 }
 
 }  // namespace fuzz
