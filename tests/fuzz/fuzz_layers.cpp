@@ -21,7 +21,7 @@ void readAll(const ListaLayers& list) {
     checkName(list.layerSistema(i));
     const int found = list.find(list.layerSistema(i));
     if (found < -1 || found > i) std::abort();
-    static_cast<void>(list.cor(i) + list.bloqueado(i) + list.desligado(i) + list.congelado(i) + list.vpdflt(i));
+    static_cast<void>(list.cor(i) ^ list.bloqueado(i) ^ list.desligado(i) ^ list.congelado(i) ^ list.vpdflt(i));
   }
   list.find(L"EIXO");
 }
