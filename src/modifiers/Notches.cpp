@@ -2,13 +2,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 #include <vector>
 
 #include "editing/Links.h"
 #include "host/companion/companion.h"
+#include "modifiers/ClosedPolygons.h"
 #include "modifiers/Contours.h"
 #include "modifiers/Flat.h"
+#include "modifiers/ListClip.h"
 #include "object/Finite.h"
 #include "object/KrObject.h"
 
@@ -155,13 +158,14 @@ class Steel {
   std::vector<int> depths_;  ///< empty for a single contour
 };
 
-/// Marks the edges that a notch made.
+/// Marks an edge as made by a notch.
+void tagEdge(KrVector& edge, int array, int index) {
+  edge.setTypeEx(KR_VTX_RECORTE);
+  edge.setIndexFur(array << 16 | (index & 0xffff));
+}
+
 void tagEdges(const AcArray<void*>& edges, int array, int index) {
-  for (void* edge : edges) {
-    auto* v = static_cast<KrVector*>(edge);
-    v->setTypeEx(KR_VTX_RECORTE);
-    v->setIndexFur(array << 16 | (index & 0xffff));
-  }
+  for (void* edge : edges) tagEdge(*static_cast<KrVector*>(edge), array, index);
 }
 
 /// The two measures that a notch must leave as they are.
@@ -216,6 +220,105 @@ struct NotchFrame {
     if (mirrored == 0) return;
     for (double& b : notch.bulges()) b = -b;
   }
+};
+
+/// Notches that follow each other, clear of each other and of the bar's ends, each a closed polygon that takes away
+/// what lies within it: none of them moves the frame of another, nor meets an edge that another made. They are taken
+/// out in one go, with what each after the other would give, so that a bar of many notches costs little more for each.
+class ClearNotches {
+ public:
+  /// The notches from `first` on.
+  ClearNotches(const KrObject& member, const NotchFrame& frame, const KrObjectRecorteArray& notches, int first) {
+    findEnds(member, frame);
+    for (int i = first; i < notches.length() && add(frame, notches[i]); ++i) {
+    }
+    double x = 1, y = 1;
+    member.Xscale(x), member.Yscale(y);
+    dropThoseThatMeet(kApart / std::min({1.0, std::fabs(x), std::fabs(y)}));
+  }
+
+  int count() const { return static_cast<int>(notches_.size()); }
+
+  /// Takes them out of a list; `array` and `index` tell where the first is stored.
+  void takeOut(KrObjectArray<KrVector>& list, int array, int index) {
+    const Steel steel(list);
+    ClosedPolygons polygons;
+    std::vector<KrObjectArray<KrVector>> made(notches_.size());
+    for (std::size_t i = 0; i < notches_.size(); ++i) {
+      Notch& notch = notches_[i];
+      KrObjectArray<KrVector> edges;
+      appendEdges(notch.outline, edges);
+      steel.keepInside(edges, made[i]);
+      for (int k = 0; k < made[i].length(); ++k) tagEdge(made[i][k], array, index + static_cast<int>(i));
+      polygons.add(std::move(notch.drawn), notch.side);
+    }
+    polygons.arrange();
+    ListClip(list, polygons, RemoveOutLines, false).run();
+    // The edges of the last come first.
+    KrObjectArray<KrVector> front;
+    for (auto edges = made.rbegin(); edges != made.rend(); ++edges)
+      for (int k = 0; k < edges->length(); ++k) front.append((*edges)[k]);
+    if (front.IsEmpty() == 0) list.AddAt(front, 0);
+  }
+
+ private:
+  struct Notch {
+    Outline outline;  ///< in the drawing
+    AcGePoint2d side;
+    PolygonEdges drawn;
+    PolygonBox inBar;
+  };
+  /// What lies at least so far apart in the drawing is clear of each other.
+  static constexpr double kApart = 0.01;
+
+  void findEnds(const KrObject& member, const NotchFrame& frame) {
+    AcGePoint3d e[4];
+    member.GetExtremePoints(e, 0, 0);
+    for (const AcGePoint3d& corner : e) {
+      KrObjectRecorte place;
+      place.setLado(flat(corner));
+      frame.toBar(place);
+      start_ = std::min(start_, place.lado().x);
+      end_ = std::max(end_, place.lado().x);
+    }
+  }
+
+  bool add(const NotchFrame& frame, const KrObjectRecorte& stored) {
+    if (stored.points().length() < 2 || !isOfNumbers(stored.points(), stored.bulges(), stored.lado())) return false;
+    const PolygonBox inBar = PolygonEdges(stored.points(), stored.bulges()).box();
+    KrObjectRecorte notch(stored);
+    frame.toDrawing(notch);
+    PolygonEdges drawn(notch.points(), notch.bulges());
+    if (!(inBar.low.x > start_ && inBar.high.x < end_) || !ClosedPolygons::isTakenInside(drawn, notch.lado()))
+      return false;
+    Outline outline{notch.points(), notch.bulges()};
+    while (outline.bulges.length() < outline.points.length()) outline.bulges.append(0.0);
+    notches_.push_back({std::move(outline), notch.lado(), std::move(drawn), inBar});
+    return true;
+  }
+
+  /// Ends the row before the first notch that one in front of it meets or nearly meets.
+  void dropThoseThatMeet(double apart) {
+    std::vector<std::size_t> order(notches_.size());
+    for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+    const auto box = [this](std::size_t i) -> const PolygonBox& { return notches_[i].inBar; };
+    std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return box(a).low.x < box(b).low.x; });
+    std::size_t keep = notches_.size();
+    std::vector<std::size_t> open;  // those that the one looked at may still meet
+    for (const std::size_t i : order) {
+      std::erase_if(open, [&](std::size_t other) { return box(other).high.x + apart < box(i).low.x; });
+      for (const std::size_t other : open) {
+        const bool clear = box(other).high.y + apart < box(i).low.y || box(i).high.y + apart < box(other).low.y;
+        if (!clear) keep = std::min(keep, std::max(i, other));
+      }
+      open.push_back(i);
+    }
+    notches_.resize(keep);
+  }
+
+  double start_ = std::numeric_limits<double>::infinity();
+  double end_ = -std::numeric_limits<double>::infinity();
+  std::vector<Notch> notches_;
 };
 
 /// The array of notches that show in a real view; -1 for none.
@@ -354,9 +457,23 @@ Acad::ErrorStatus KrObject::AplicaRecorte(int i, const AcGeMatrix2d& m, int arra
 
 Acad::ErrorStatus KrObject::AplicaRecortes() {
   if (isSecao() != Acad::eNotApplicable) return Acad::eNotApplicable;
-  for (int i = 0; NotchFrame(*this).status == Acad::eOk; ++i) {
+  assertWriteEnabled();
+  for (int i = 0;;) {
     // A notch at an end moves the frame of those behind it.
-    if (AplicaRecorte(i) == Acad::eInvalidIndex) break;
+    const NotchFrame frame(*this);
+    if (frame.status != Acad::eOk || frame.array < 0) break;
+    const KrObjectRecorteArray& notches = recortes_[static_cast<std::size_t>(frame.array)];
+    if (i >= notches.length()) break;
+    if (notches.length() - i > 1) {
+      ClearNotches clear(*this, frame, notches, i);
+      if (clear.count() > 1) {
+        clear.takeOut(vertexList(VistaCorrente), frame.array, i);
+        updateEixoBarra(0);
+        i += clear.count();
+        continue;
+      }
+    }
+    AplicaRecorte(i++, frame.matrix, frame.array, frame.mirrored);
   }
   return Acad::eOk;
 }
