@@ -11,8 +11,10 @@ if(PROJECT_IS_TOP_LEVEL)
   endif()
   find_program(KR_CCACHE ccache)
   if(KR_CCACHE)
-    # Without this, ccache passes by every source that uses a precompiled header.
-    set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros ${KR_CCACHE})
+    # Without the first, ccache passes by every source that uses a precompiled header; without the second it reads that
+    # header, large as it is, each time.
+    set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_INODECACHE=1
+        ${KR_CCACHE})
   endif()
 endif()
 
@@ -37,6 +39,18 @@ if(KR_PCH AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # So that ccache can keep what is made with a precompiled header.
   target_compile_options(kr_flags INTERFACE -fpch-preprocess)
 endif()
+# kr_precompile(TARGET HEADER...): a header of its own for the target, compiled once.
+function(kr_precompile target)
+  if(NOT KR_PCH)
+    return()
+  endif()
+  target_precompile_headers(${target} PRIVATE ${ARGN})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Where ccache preprocesses the header itself, what was made of it before must not stand in for it.
+    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/${target}.dir/cmake_pch.hxx.cxx
+                                PROPERTIES COMPILE_OPTIONS -fno-pch-preprocess)
+  endif()
+endfunction()
 if(KR_SANITIZE)
   target_compile_options(kr_flags INTERFACE -fsanitize=${KR_SANITIZE} -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
