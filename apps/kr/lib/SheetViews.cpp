@@ -21,10 +21,9 @@ constexpr double kSmallestScale = 1e-6;
 void putAbove(const std::vector<AcDbObjectId>& members, std::vector<BarViewLabel>& labels) {
   for (std::size_t i = 0; i < labels.size() && i < members.size(); ++i) {
     const AcDbObjectPointer<AcDbEntity> member(members[i], AcDb::kForRead);
-    AcDbExtents box;
-    if (member.openStatus() == Acad::eOk && member->getGeomExtents(box) == Acad::eOk) {
-      labels[i].at.y = box.maxPoint().y;
-    }
+    if (member.openStatus() != Acad::eOk) continue;
+    const AcDbExtents box = plot::drawnExtents(*member);
+    if (box.minPoint().y <= box.maxPoint().y) labels[i].at.y = box.maxPoint().y;
   }
 }
 

@@ -64,7 +64,7 @@ class AcDbEntity : public AcDbObject {
   Acad::ErrorStatus setVisibility(AcDb::Visibility visibility, bool doSubents = true);
 
   /// How the plot style is told; the id counts for kPlotStyleById only.
-  enum PlotStyleForm { kPlotStyleByLayer = 0, kPlotStyleByBlock = 1, kPlotStyleDefault = 2, kPlotStyleById = 3 };
+  enum PlotStyleForm : int { kPlotStyleByLayer = 0, kPlotStyleByBlock = 1, kPlotStyleDefault = 2, kPlotStyleById = 3 };
   PlotStyleForm plotStyleNameType() const;
   AcDbObjectId plotStyleNameId() const;
   Acad::ErrorStatus setPlotStyleName(PlotStyleForm form, AcDbObjectId id = AcDbObjectId::kNull);

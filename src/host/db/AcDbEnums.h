@@ -53,7 +53,7 @@ enum OsnapMode {
 /// Which of the two curves of an intersection count beyond their ends.
 enum Intersect { kOnBothOperands = 0, kExtendThis = 1, kExtendArg = 2, kExtendBoth = 3 };
 
-enum Visibility { kInvisible = 1, kVisible = 0 };
+enum Visibility : int { kInvisible = 1, kVisible = 0 };
 
 /// Hundredths of a millimetre, or one of the special values.
 enum LineWeight : int {
@@ -87,7 +87,7 @@ enum LineWeight : int {
 };
 
 /// What a clone across databases does with a record whose name is there already.
-enum DuplicateRecordCloning {
+enum DuplicateRecordCloning : int {
   kDrcNotApplicable = 0,
   kDrcIgnore = 1,   ///< the destination's record stays and stands for the source's
   kDrcReplace = 2,  ///< the destination's record takes the source's contents
@@ -115,8 +115,8 @@ enum GripStat { kGripsDone = 0, kGripsToBeDeleted = 1, kDimDataToBeDeleted = 2 }
 enum SaveType { kR12Save = 0, kR13Save = 1, kDxfSave = 2 };
 
 /// How text stands to its point.
-enum TextHorzMode { kTextLeft = 0, kTextCenter = 1, kTextRight = 2, kTextAlign = 3, kTextMid = 4, kTextFit = 5 };
-enum TextVertMode { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
+enum TextHorzMode : int { kTextLeft = 0, kTextCenter = 1, kTextRight = 2, kTextAlign = 3, kTextMid = 4, kTextFit = 5 };
+enum TextVertMode : int { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
 
 enum Planarity { kNonPlanar = 0, kPlanar = 1, kLinear = 2 };
 

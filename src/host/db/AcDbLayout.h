@@ -8,9 +8,9 @@
 class AcDbPlotSettings : public AcDbObject {
  public:
   ACRX_DECLARE_MEMBERS(AcDbPlotSettings);
-  enum PlotPaperUnits { kInches = 0, kMillimeters = 1, kPixels = 2 };
-  enum PlotRotation { k0degrees = 0, k90degrees = 1, k180degrees = 2, k270degrees = 3 };
-  enum PlotType { kDisplay = 0, kExtents = 1, kLimits = 2, kView = 3, kWindow = 4, kLayout = 5 };
+  enum PlotPaperUnits : int { kInches = 0, kMillimeters = 1, kPixels = 2 };
+  enum PlotRotation : int { k0degrees = 0, k90degrees = 1, k180degrees = 2, k270degrees = 3 };
+  enum PlotType : int { kDisplay = 0, kExtents = 1, kLimits = 2, kView = 3, kWindow = 4, kLayout = 5 };
   /// Bits of the plot flags, as in group 70.
   enum Flag : Adesk::Int16 {
     kPlotViewportBorders = 1,

@@ -10,10 +10,10 @@
 class AcDbHatch : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbHatch);
-  enum HatchPatternType { kUserDefined = 0, kPreDefined = 1, kCustomDefined = 2 };
-  enum HatchStyle { kNormal = 0, kOuter = 1, kIgnore = 2 };
+  enum HatchPatternType : int { kUserDefined = 0, kPreDefined = 1, kCustomDefined = 2 };
+  enum HatchStyle : int { kNormal = 0, kOuter = 1, kIgnore = 2 };
   /// Bits of a path's flags.
-  enum HatchLoopType {
+  enum HatchLoopType : int {
     kDefault = 0,
     kExternal = 1,
     kPolyline = 2,

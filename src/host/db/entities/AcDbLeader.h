@@ -9,7 +9,7 @@
 class AcDbLeader : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbLeader);
-  enum AnnoType { kMText = 0, kFcf = 1, kBlockRef = 2, kNoAnno = 3 };
+  enum AnnoType : int { kMText = 0, kFcf = 1, kBlockRef = 2, kNoAnno = 3 };
   /// As filed, all in the world.
   struct Data {
     bool unknown1 = false;

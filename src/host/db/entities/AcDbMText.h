@@ -16,7 +16,7 @@ class AcDbMText : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbMText);
 
-  enum AttachmentPoint {
+  enum AttachmentPoint : int {
     kTopLeft = 1,
     kTopCenter,
     kTopRight,
@@ -27,7 +27,7 @@ class AcDbMText : public AcDbEntity {
     kBottomCenter,
     kBottomRight
   };
-  enum FlowDirection { kLtoR = 1, kTtoB = 3, kByStyle = 5 };
+  enum FlowDirection : int { kLtoR = 1, kTtoB = 3, kByStyle = 5 };
 
   /// As filed, in the world.
   struct Data {
