@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "host/ge/ge.h"
+#include "records/KrVector.h"
 
 /// Whether values consist of numbers alone. What isn't one is refused where it comes in, so that no list ever holds it.
 
@@ -23,4 +24,9 @@ inline bool isFinite(const AcGeMatrix3d& m) {
   for (const auto& row : m.entry)
     for (const double e : row) sum += e * 0.0;
   return sum == 0.0;
+}
+
+inline bool isFinite(const KrVector& v) {
+  return isFinite(v.startPoint()) && isFinite(v.midPoint()) && isFinite(v.endPoint()) && std::isfinite(v.direction()) &&
+         std::isfinite(v.radius()) && std::isfinite(v.folga());
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/os/os.h"
+#include "object/Finite.h"
 
 namespace {
 
@@ -393,13 +394,14 @@ int KrObject::UpdateVector(int i, const KrVector& v) {
 int KrObject::UpdateVector(KrVistas vista, int i, const KrVector& v) {
   assertWriteEnabled();
   KrObjectArray<KrVector>& lista = vertexList(vista);
-  if (i >= lista.length()) return 0;
+  if (i >= lista.length() || !isFinite(v)) return 0;
   lista[i] = v;
   return 1;
 }
 
 Acad::ErrorStatus KrObject::AddVertex(const KrVector& v, KrVistas vista) {
   assertWriteEnabled();
+  if (!isFinite(v)) return Acad::eInvalidInput;
   vertexList(vista).append(v);
   return Acad::eOk;
 }

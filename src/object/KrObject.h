@@ -41,6 +41,7 @@ static_assert(sizeof(DclFuracao) == 96, "filed as 96 raw bytes");
 ///  2. Drawing computes nothing of the member: `subWorldDraw` walks the list.
 ///  3. Modifiers are stored in the member's own coordinates at real size: no change of view or scale rewrites them.
 ///  4. A regeneration in steady state allocates next to nothing.
+///  5. What isn't a number is refused where it comes in, nothing changed: `eInvalidInput` where no other status is told.
 ///
 /// Requirements: one thread; a member in a database is reached through an open and left through a close.
 ///
@@ -221,9 +222,10 @@ class KrObject : public AcDbEntity {
   /// Copies element `i` out and returns 1; 0 at or beyond the end.
   int GetVector(int i, KrVector& v) const;
   int GetVector(KrVistas vista, int i, KrVector& v) const;
-  /// Copies the element in and returns 1; 0 at or beyond the end.
+  /// Copies the element in and returns 1; 0 at or beyond the end, and for an element that doesn't consist of numbers.
   int UpdateVector(int i, const KrVector& v);
   int UpdateVector(KrVistas vista, int i, const KrVector& v);
+  /// Appends a copy; `eInvalidInput` for an element that doesn't consist of numbers.
   Acad::ErrorStatus AddVertex(const KrVector& v, KrVistas vista);
   Acad::ErrorStatus ClearVertexes(KrVistas vista);
   /// The first axis line (`KR_VT_EIXO`) of a view; 0 when it has none.

@@ -163,6 +163,17 @@ TEST_P(NoNumber, IsNoMotionAndNoScale) {
   expectUnchanged();
 }
 
+TEST_P(NoNumber, IsInNoElement) {
+  const KrVector line(AcGePoint3d(0, 0, 0), AcGePoint3d(10, none, 0), KR_VT_LINHA);
+  const KrVector circle(AcGePoint3d(0, 0, 0), none);
+  for (const KrVector& element : {line, circle}) {
+    EXPECT_EQ(bar.AddVertex(element, Superior), Acad::eInvalidInput);
+    EXPECT_EQ(bar.AddFuro(element, Superior), Acad::eInvalidInput);
+    EXPECT_EQ(bar.UpdateVector(Superior, 0, element), 0);
+  }
+  expectUnchanged();
+}
+
 INSTANTIATE_TEST_SUITE_P(Both, NoNumber, testing::Values(kNan, kInfinite));
 
 }  // namespace
