@@ -6,6 +6,7 @@
 #include "Projection.h"
 #include "Scale.h"
 #include "Sheet.h"
+#include "host/db/db.h"
 
 namespace kr {
 namespace {
