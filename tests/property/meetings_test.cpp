@@ -272,8 +272,10 @@ TEST(InASection, NoNotchIsPickedByNumberAndItsDataStays) {
   AcGePoint2d side(425, 45);
   ASSERT_EQ(bar.Recorte(points, bulges, side), Acad::eOk);
   drill(bar, 200);
-  ASSERT_EQ(bar.assocCDataToMod(ModRecorte, 0, new BoltRow), Acad::eOk);
-  ASSERT_EQ(bar.assocCDataToMod(ModFuro, 0, new BoltRow), Acad::eOk);
+  // The modifiers take copies.
+  BoltRow data;
+  ASSERT_EQ(bar.assocCDataToMod(ModRecorte, 0, &data), Acad::eOk);
+  ASSERT_EQ(bar.assocCDataToMod(ModFuro, 0, &data), Acad::eOk);
   KrObjectModCData* const ofNotch = bar.accessCDataToMod(ModRecorte, 0);
   KrObjectModCData* const ofHole = bar.accessCDataToMod(ModFuro, 0);
   ASSERT_NE(ofNotch, nullptr);
