@@ -41,7 +41,7 @@ static_assert(sizeof(DclFuracao) == 96, "filed as 96 raw bytes");
 ///  2. Drawing computes nothing of the member: `subWorldDraw` walks the list.
 ///  3. Modifiers are stored in the member's own coordinates at real size: no change of view or scale rewrites them.
 ///  4. A regeneration in steady state allocates next to nothing.
-///  5. What isn't a number is refused where it comes in, nothing changed: `eInvalidInput` where no other status is told.
+///  5. What isn't a number is refused where it comes in, nothing changed: `eInvalidInput`, or the status told.
 ///
 /// Requirements: one thread; a member in a database is reached through an open and left through a close.
 ///
