@@ -224,7 +224,7 @@ struct NotchFrame {
 
 /// Notches that follow each other, clear of each other and of the bar's ends, each a closed polygon that takes away
 /// what lies within it: none of them moves the frame of another, nor meets an edge that another made. They are taken
-/// out in one go, with what each after the other would give, so that a bar of many notches costs little more for each.
+/// out in one go, with the elements that one after the other would give, so that many cost little more for each.
 class ClearNotches {
  public:
   /// The notches from `first` on.
