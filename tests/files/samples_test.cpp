@@ -89,7 +89,7 @@ struct Kept {
 
 Kept keptOf(const AcDbProxyData& data, std::span<const std::byte> graphics) {
   Kept kept{data.bits, {graphics.begin(), graphics.end()}, data.bitCount, {}, {}};
-  for (const auto& group : data.groups) kept.groups.emplace_back(group.code, group.value);
+  for (const auto group : data.groups) kept.groups.emplace_back(group.code, std::string(group.value));
   for (const auto& reference : data.references)
     kept.references.emplace_back(reference.code, reference.id.handle().value());
   return kept;

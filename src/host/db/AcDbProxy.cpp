@@ -63,7 +63,7 @@ AcDbProxyData::Reference getReference(AcDbDwgFiler& filer) {
   return reference;
 }
 
-std::vector<std::byte> bytesOf(const std::string& text) {
+std::vector<std::byte> bytesOf(std::string_view text) {
   const auto* const first = reinterpret_cast<const std::byte*>(text.data());
   return {first, first + text.size()};
 }
@@ -103,7 +103,7 @@ Acad::ErrorStatus AcDbProxyData::dwgOut(AcDbDwgFiler* filer) const {
   filer->writeInt32(Adesk::Int32(references.size()));
   for (const Reference& reference : references) putReference(*filer, reference);
   filer->writeInt32(Adesk::Int32(groups.size()));
-  for (const Group& group : groups) {
+  for (const Group group : groups) {
     filer->writeInt32(group.code);
     fields::put(*filer, bytesOf(group.value));
   }
@@ -120,11 +120,11 @@ Acad::ErrorStatus AcDbProxyData::dwgIn(AcDbDwgFiler* filer) {
   }
   filer->readInt32(&count);
   for (Adesk::Int32 i = 0; i < count && filer->filerStatus() == Acad::eOk; ++i) {
-    Group& group = fresh.groups.emplace_back();
+    Adesk::Int32 code = 0;
     std::vector<std::byte> value;
-    filer->readInt32(&group.code);
+    filer->readInt32(&code);
     fields::get(*filer, value);
-    group.value.assign(reinterpret_cast<const char*>(value.data()), value.size());
+    fresh.groups.push_back(code, {reinterpret_cast<const char*>(value.data()), value.size()});
   }
   if (filer->filerStatus() == Acad::eOk) *this = std::move(fresh);
   return filer->filerStatus();
@@ -132,11 +132,10 @@ Acad::ErrorStatus AcDbProxyData::dwgIn(AcDbDwgFiler* filer) {
 
 bool AcDbProxyData::operator==(const AcDbProxyData& other) const {
   const auto sameReferences = [](const Reference& a, const Reference& b) { return a.code == b.code && a.id == b.id; };
-  const auto sameGroups = [](const Group& a, const Group& b) { return a.code == b.code && a.value == b.value; };
   return plain(*this) == plain(other) &&
          std::equal(references.begin(), references.end(), other.references.begin(), other.references.end(),
                     sameReferences) &&
-         std::equal(groups.begin(), groups.end(), other.groups.begin(), other.groups.end(), sameGroups);
+         groups == other.groups;
 }
 
 // --- Entity

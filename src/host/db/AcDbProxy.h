@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/db/AcDbEntity.h"
+#include "host/db/AcDbProxyGroups.h"
 
 /// A class of objects as a drawing's list of classes tells of it. Its number in a file is 500 plus its place there.
 struct AcDbClassRecord {
@@ -30,10 +31,7 @@ struct AcDbProxyData {
     Adesk::UInt8 code = 4;  ///< of the handle: 2 soft owner, 3 hard owner, 4 soft pointer, 5 hard pointer
     AcDbObjectId id;
   };
-  struct Group {
-    int code = 0;
-    std::string value;  ///< as in the file, in UTF-8
-  };
+  using Group = AcDbProxyGroups::Group;
 
   Form form = kDwgBits;
   /// The class; empty names for an object of a fixed type.
@@ -52,7 +50,7 @@ struct AcDbProxyData {
   /// The references behind the common ones, in order.
   std::vector<Reference> references;
   /// kDxfGroups: the groups behind the common ones, markers (100) included, extended data left out.
-  std::vector<Group> groups;
+  AcDbProxyGroups groups;
 
   Acad::ErrorStatus dwgOut(AcDbDwgFiler* filer) const;
   Acad::ErrorStatus dwgIn(AcDbDwgFiler* filer);

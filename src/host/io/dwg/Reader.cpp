@@ -66,23 +66,23 @@ std::uint16_t fixedTypeOf(const AcDbClassRecord& record) {
 }
 
 /// The groups of a proxy in the exchange format's form, to the end of the data.
-bool readGroups(Decoder& decoder, std::vector<AcDbProxyData::Group>& groups) {
+bool readGroups(Decoder& decoder, AcDbProxyGroups& groups) {
   BitReader bits = decoder.data;
   // A group takes two short codes; more of them than this would be made of nothing but zeros.
   constexpr std::size_t kBitsPerGroup = 16;
   const std::size_t most = bits.left() / kBitsPerGroup;
-  std::vector<AcDbProxyData::Group> found;
+  AcDbProxyGroups found;
+  std::string value;
   while (bits.left() > 0) {
-    AcDbProxyData::Group group;
-    group.code = bits.sbs();
+    const int code = bits.sbs();
     const std::size_t length = bits.bs();
     if (found.size() >= most || !bits.fits(length, 8)) return false;
-    group.value.resize(length);
-    bits.bytes(group.value.data(), length);
-    found.push_back(std::move(group));
+    value.resize(length);
+    bits.bytes(value.data(), length);
+    found.push_back(code, value);
   }
   decoder.data = bits;
-  groups = std::move(found);
+  groups = found;
   return true;
 }
 

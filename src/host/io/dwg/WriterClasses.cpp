@@ -96,7 +96,7 @@ AcDbClassRecord Writer::classOf(const AcDbProxyData& data, bool isEntity) {
   if (record.dxfName.empty() && data.form == AcDbProxyData::kDxfGroups) {
     record.dxfName = data.dxfName;
     record.appName = kSystemApplication;
-    for (const AcDbProxyData::Group& group : data.groups) {
+    for (const AcDbProxyData::Group group : data.groups) {
       if (group.code == AcDb::kDxfSubclass) record.cppName = os::toWide(group.value);
       if (group.code == 0) break;
     }

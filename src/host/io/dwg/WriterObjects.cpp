@@ -262,7 +262,7 @@ void Writer::writeProxyData(const AcDbProxyData& data, bool isEntity) {
     file_.bl(number), file_.bl(std::uint32_t(data.format)), file_.b(asGroups);
   }
   if (asGroups) {
-    for (const AcDbProxyData::Group& group : data.groups) {
+    for (const AcDbProxyData::Group group : data.groups) {
       file_.sbs(group.code);
       file_.tv(group.value);
     }

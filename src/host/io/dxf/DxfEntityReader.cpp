@@ -382,7 +382,7 @@ void EntityReader::readProxy(std::string_view name, const ObjectKind& kind) {
   }
   // The sequence follows the groups: they are complete only now.
   const bool hasSequence = std::any_of(data.groups.begin(), data.groups.end(), [](const AcDbProxyData::Group& group) {
-    return group.code == 66 && group.value.find('1') != std::string::npos;
+    return group.code == 66 && group.value.find('1') != std::string_view::npos;
   });
   if (hasSequence && (name == "POLYLINE" || name == "INSERT")) keepSequence(data);
   attach(std::move(proxy));
@@ -397,8 +397,8 @@ void EntityReader::keepSequence(AcDbProxyData& data) {
       return;
     }
     const bool last = in_.value() == "SEQEND";
-    data.groups.push_back({0, std::string(in_.value())});
-    while (in_.nextField()) data.groups.push_back({in_.code(), os::toUtf8(in_.page().decode(in_.value()))});
+    data.groups.push_back(0, in_.value());
+    while (in_.nextField()) data.groups.push_back(in_.code(), os::toUtf8(in_.page().decode(in_.value())));
     if (last) return;
   }
 }

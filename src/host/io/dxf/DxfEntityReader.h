@@ -97,6 +97,7 @@ class FrameReader {
   Input& in_;
   InFiler filer_;
   Frame frame_;
+  AcDbProxyGroups groups_;  // of the object that is read; what it keeps takes no more than it needs
   std::unordered_map<std::string, ObjectKind> entityKinds_, objectKinds_;
   std::unordered_map<std::wstring, AcRxClass*> byDxfName_;
   std::string_view lastOwnerText_;

@@ -314,6 +314,7 @@ bool FrameReader::readFields(AcDbObject& object, bool markers, bool isHosts, std
 
 void FrameReader::keepGroups(AcDbProxyData& data) {
   data.form = AcDbProxyData::kDxfGroups;
+  groups_.clear();
   while (in_.nextField()) {
     if (in_.code() >= kFirstExtendedCode) {
       in_.scanner().pushBack();
@@ -326,8 +327,13 @@ void FrameReader::keepGroups(AcDbProxyData& data) {
       value = dxf::kindOf(in_.code()) == Kind::kBinary ? "" : "0";
     }
     const bool ascii = std::all_of(value.begin(), value.end(), [](char c) { return c > 0; });
-    data.groups.push_back({in_.code(), ascii ? std::string(value) : os::toUtf8(in_.page().decode(value))});
+    if (ascii) {
+      groups_.push_back(in_.code(), value);
+    } else {
+      groups_.push_back(in_.code(), os::toUtf8(in_.page().decode(value)));
+    }
   }
+  data.groups = groups_;
 }
 
 void FrameReader::describe(AcDbProxyData& data, std::string_view dxfName, const ObjectKind& kind) {

@@ -441,10 +441,10 @@ void Writer::writeParts(AcDbEntity& entity, bool inPaperSpace) {
 // --- Proxies
 // ----------------------------------------------------------------------------------------------------------
 
-std::size_t Writer::writeGroups(const AcDbProxyData& data, std::size_t first) {
-  for (std::size_t i = first; i < data.groups.size(); ++i) {
-    const AcDbProxyData::Group& group = data.groups[i];
-    if (group.code == 0 && i != first) return i;
+AcDbProxyGroups::Iterator Writer::writeGroups(AcDbProxyGroups::Iterator first, AcDbProxyGroups::Iterator last) {
+  for (auto each = first; each != last; ++each) {
+    const AcDbProxyData::Group group = *each;
+    if (group.code == 0 && each != first) return each;
     const bool ascii = std::all_of(group.value.begin(), group.value.end(), [](char c) { return c > 0; });
     if (ascii) {
       sink_.raw(group.code, group.value);
@@ -452,7 +452,7 @@ std::size_t Writer::writeGroups(const AcDbProxyData& data, std::size_t first) {
       sink_.raw(group.code, page_.encode(os::toWide(group.value)));
     }
   }
-  return data.groups.size();
+  return last;
 }
 
 void Writer::writeProxyEntity(AcDbProxyEntity& proxy, bool inPaperSpace) {
@@ -468,12 +468,12 @@ void Writer::writeProxyEntity(AcDbProxyEntity& proxy, bool inPaperSpace) {
   sink_.encode(data.classRecord.dxfName.empty() ? data.dxfName : data.classRecord.dxfName, name);
   sink_.start(name);
   // Behind that marker, groups without a marker of their own would be taken for what every entity has.
-  const bool marked = data.groups.empty() || data.groups.front().code == AcDb::kDxfSubclass;
+  const bool marked = data.groups.empty() || (*data.groups.begin()).code == AcDb::kDxfSubclass;
   writeEntityFrame(proxy, inPaperSpace, proxy.fileGraphics(), marked);
-  std::size_t next = writeGroups(data, 0);
+  auto next = writeGroups(data.groups.begin(), data.groups.end());
   writeExtendedData(proxy);
   // What belongs to it, such as the vertices of a mesh.
-  while (next < data.groups.size()) next = writeGroups(data, next);
+  while (next != data.groups.end()) next = writeGroups(next, data.groups.end());
 }
 
 void Writer::writeProxyRecord(const AcDbProxyData& data, bool entity, std::span<const std::byte> graphics) {
@@ -534,7 +534,7 @@ void Writer::writeObject(AcDbObject& object) {
   sink_.start(name);
   writeObjectFrame(object);
   if (proxy != nullptr) {
-    writeGroups(proxy->data(), 0);
+    writeGroups(proxy->data().groups.begin(), proxy->data().groups.end());
   } else {
     writeFields(object);
   }

@@ -70,8 +70,8 @@ class Writer {
   void writeEntityFrame(const AcDbEntity& entity, bool inPaperSpace, std::span<const std::byte> graphics,
                         bool marker = true);
   void writeExtendedData(const AcDbObject& object);
-  /// Groups kept of a file, from `first` on up to the next object in them; gives where that begins.
-  std::size_t writeGroups(const AcDbProxyData& data, std::size_t first);
+  /// Writes groups kept of a file, from `first` up to the next that begins an object; gives that one, or `last`.
+  AcDbProxyGroups::Iterator writeGroups(AcDbProxyGroups::Iterator first, AcDbProxyGroups::Iterator last);
   void writeGraphics(std::span<const std::byte> graphics);
   /// The name of a record as it stands in the file; "0" and the like when there is none.
   const std::string& nameOf(AcDbObjectId record);
