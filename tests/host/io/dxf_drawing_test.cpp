@@ -559,7 +559,7 @@ TEST(DxfProxy, KeepsGroupsThatNoMarkerBeginsThroughEverySave) {
     EXPECT_TRUE(proxy->fileGraphics().empty());
     std::string kept;
     for (const AcDbProxyData::Group& group : proxy->data().groups) {
-      kept += std::to_string(group.code) + "\n" + group.value + "\n";
+      kept += std::to_string(group.code) + "\n" + std::string(group.value) + "\n";
     }
     EXPECT_EQ(kept, own) << "after " << save << " saves";
     read = readText(writeText(*read.db));

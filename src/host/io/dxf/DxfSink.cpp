@@ -23,18 +23,29 @@ const std::array<Sink::CodeLine, Sink::kNumCodes> Sink::kCodeLines = [] {
 
 Sink::Sink(std::vector<std::byte>& out, const CodePage& page, std::size_t expectedSize) : out_(out), page_(page) {
   out_.clear();
-  out_.resize(expectedSize);
-  cursor_ = first();
-  limit_ = cursor_ + out_.size();
+  out_.reserve(expectedSize);
+  cursor_ = limit_ = first();
 }
 
 void Sink::finish() {
   out_.resize(size());
 }
 
-void Sink::grow(std::size_t room) {
+void Sink::expect(std::size_t wanted) {
+  if (wanted <= out_.capacity()) return;
   const std::size_t used = size();
-  out_.resize(used + room + used / 2);
+  out_.resize(used);
+  out_.reserve(wanted);
+  cursor_ = limit_ = first() + used;
+}
+
+void Sink::grow(std::size_t room) {
+  // Memory is taken far ahead but cleared in steps that the next groups find in the cache.
+  constexpr std::size_t kStep = 1 << 16;
+  const std::size_t used = size();
+  const std::size_t needed = used + room;
+  if (needed > out_.capacity()) expect(needed + used / 2);
+  out_.resize(std::max(needed, std::min(used + kStep, out_.capacity())));
   cursor_ = first() + used;
   limit_ = first() + out_.size();
 }

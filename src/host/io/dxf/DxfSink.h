@@ -21,6 +21,8 @@ class Sink {
   Sink(const Sink&) = delete;
   Sink& operator=(const Sink&) = delete;
   void finish();
+  /// Foresees a run of bytes of that size, so that it isn't moved about while it grows.
+  void expect(std::size_t size);
 
   const CodePage& page() const { return page_; }
 

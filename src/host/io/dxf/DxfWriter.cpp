@@ -20,7 +20,6 @@ bool isHosts(const AcRxClass& rxClass) {
   return application == L"ObjectDBX Classes" || application == L"krhost";
 }
 
-/// Live objects that are neither entities nor of a table, in the order of their handles.
 /// Whether an entity belongs to an object that doesn't list its entities: it stands with the objects then.
 bool isStray(const AcDbStub& stub) {
   const AcRxClass* const own = stub.object->isA();
@@ -285,7 +284,14 @@ void Writer::writeEntities() {
 }
 
 void Writer::writeEntitiesOf(const AcDbBlockTableRecord& block, bool inPaperSpace) {
-  for (AcDbStub* const stub : block.entities()) writeEntity(stub, inPaperSpace);
+  constexpr std::size_t kAFew = 256;
+  const std::size_t before = sink_.size();
+  std::size_t count = 0;
+  for (AcDbStub* const stub : block.entities()) {
+    writeEntity(stub, inPaperSpace);
+    // Those to come as large as the first few: members take far more than lines.
+    if (++count == kAFew) sink_.expect(sink_.size() + (sink_.size() - before) / kAFew * block.entities().size());
+  }
 }
 
 void Writer::writeEntity(AcDbStub* stub, bool inPaperSpace) {
