@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "editing/Links.h"
+#include "editing/RoundElements.h"
 #include "host/ed/ed.h"
 #include "object/Finite.h"
 #include "object/KrObject.h"
@@ -71,7 +72,7 @@ Acad::ErrorStatus KrObject::generateEixoBarra() {
   AcGePoint3d start = middle(e[0], e[1]);
   AcGePoint3d end = middle(e[2], e[3]);
   if (start.isEqualTo(end)) return Acad::eNotApplicable;
-  AcGeVector3d across = (end - start).normal() * off;
+  AcGeVector3d across = (end - start).normal() * (off * yScale_);
   across.rotateBy(kRightAngle, normal_);
   vertexList(VistaCorrente).append(KrVector(start + across, end + across, KR_VT_REFERENCIA));
   return Acad::eOk;
@@ -245,8 +246,8 @@ void KrObject::UpdateEixo() {
     AcGePoint3d atLow, atHigh;
     const bool lowMeets = crossLines(low, low + across, start, end, atLow);
     const bool highMeets = crossLines(high, high + across, start, end, atHigh);
-    // A bar drawn towards smaller X has its end at the lower limit.
-    const bool against = end.x < start.x;
+    // A bar drawn towards smaller X has its end at the lower limit; in an upright one either end may be.
+    const bool against = lowMeets && highMeets ? (atHigh - atLow).dotProduct(end - start) < 0 : end.x < start.x;
     if (lowMeets) (against ? end : start) = atLow;
     if (highMeets) (against ? start : end) = atHigh;
     if (start.isEqualTo(end)) continue;
@@ -281,7 +282,7 @@ Acad::ErrorStatus KrObject::transformByNoEixo(const AcGeMatrix3d& m) {
   const bool elevation = isSecao() == Acad::eNotApplicable;
   KrObjectArray<KrVector>& lista = vertexList(elevation ? vista_ : Secao);
   for (Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no))
-    if (!elevation || no->value->type() != KR_VT_EIXO) no->value->transformBy(m);
+    if (!elevation || no->value->type() != KR_VT_EIXO) transformElement(*no->value, m, m.scale());
   if (!elevation) angleSecao_ = acutAngle(asDblArray(startPoint_), asDblArray(endPoint_));
   return Acad::eOk;
 }

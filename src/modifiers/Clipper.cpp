@@ -1,15 +1,20 @@
 // The one clipper: element lists against polygons. Notches, splits and visual limits go through it.
 
 #include "modifiers/ListClip.h"
+#include "object/Finite.h"
 
 namespace {
+
+const AcArray<double>& bulgesOf(const KrObject::RecKrVectorArrayArgs& args) {
+  static const AcArray<double> straight;
+  return args.bulges != nullptr ? *args.bulges : straight;
+}
 
 /// One polygon, open or closed, and the point on the side that goes.
 class Polygon {
  public:
   explicit Polygon(const KrObject::RecKrVectorArrayArgs& args) : edges_(workspace()), side_(args.pontoInterno) {
-    static const AcArray<double> kStraight;
-    edges_.set(*args.pontos, args.bulges != nullptr ? *args.bulges : kStraight);
+    edges_.set(*args.pontos, bulgesOf(args));
     goesOnPolygon_ = args.opcoes == HideOutLines || args.opcoes == OcultaOutLines || args.manterFora == 0;
     lookAtSide();
   }
@@ -50,6 +55,7 @@ class Polygon {
 
 void KrObject::RecorteKrVectorArray(RecKrVectorArrayArgs& args) {
   if (args.vectors == nullptr || args.pontos == nullptr) return;
+  if (!isFinite(*args.pontos, bulgesOf(args), args.pontoInterno)) return;
   const Polygon polygon(args);
   ListClip(*args.vectors, polygon, args.opcoes, args.manterFora != 0).run();
 }

@@ -95,18 +95,11 @@ double bulgeOf(const Contours::Link& link) {
   return arc.isClockWise() ? -bulge : bulge;
 }
 
-/// The middle of an edge of a polygon, on its arc.
-AcGePoint2d middleOf(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, int i) {
-  const AcGeVector2d chord = points[i + 1] - points[i];
-  const double bulge = i < bulges.length() ? bulges[i] : 0.0;
-  return points[i] + chord / 2.0 - chord.perpVector() * (bulge / 2.0);
-}
-
 /// The crossings of the line through the middles of the two edges at vertex i, in their order along it.
 AcGeVector2d crossAtVertex(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, const PolygonEdges& edges,
                            int i, AcArray<AcGePoint2d>& crossings) {
   crossings.setLogicalLength(0);
-  const AcGeLine2d line(middleOf(points, bulges, i - 1), middleOf(points, bulges, i));
+  const AcGeLine2d line(Contours::middleOf(points, bulges, i - 1), Contours::middleOf(points, bulges, i));
   edges.cross(line, &crossings);
   QuickSort(crossings, line.direction());
   return line.direction();
@@ -194,4 +187,10 @@ int KrObject::pointOutsideBorders(const AcArray<AcGePoint2d>& pontos, const AcAr
     break;
   }
   return 1;
+}
+
+AcGePoint2d Contours::middleOf(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, int i) {
+  const AcGeVector2d chord = points[i + 1] - points[i];
+  const double bulge = i < bulges.length() ? bulges[i] : 0.0;
+  return points[i] + chord / 2.0 - chord.perpVector() * (bulge / 2.0);
 }

@@ -28,6 +28,8 @@ class Contours {
 
   /// The polygon of a chain: as many bulges as points, the last 0.
   static void polygonOf(const Chain& chain, AcArray<AcGePoint2d>& points, AcArray<double>& bulges);
+  /// The middle of edge i of a polygon, on its arc if it has a bulge.
+  static AcGePoint2d middleOf(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, int i);
 
  private:
   std::vector<Chain> chains_;

@@ -42,6 +42,14 @@ class CutLine {
     return toEqualSide(p1_, p2_, side_, p) != 0;
   }
 
+  /// Whether a chord lies clear of the line on the side that stays: the cut leaves it as it is.
+  bool leaves(const AcGePoint3d& a, const AcGePoint3d& b) const {
+    const double oa = offset(a);
+    const double ob = offset(b);
+    if (away_ > kOnCut) return oa < -kOnCut && ob < -kOnCut;
+    return away_ < -kOnCut && oa > kOnCut && ob > kOnCut;
+  }
+
   /// Where a chord and the segment cross.
   bool crosses(const AcGePoint3d& a, const AcGePoint3d& b, AcGePoint3d& crossing) const {
     const double oa = offset(a);

@@ -93,7 +93,7 @@ void KrObject::RemoveCortes(int extremo, int regenera) {
   if (getCortesExtremidade(extremo, &there) < 0) return;
   for (int i = there.length() - 1; i >= 0; --i) cortes_.removeAt(there[i]);
   if (regenera == 1) Gera_KrVector(vista_);
-  forEachLinked([&](KrObject& linked) {
+  forEachUnlockedLinked([&](KrObject& linked) {
     linked.assertWriteEnabled();
     linked.cortes_ = cortes_;
     if (regenera != 0 && linked.isSecao() == Acad::eNotApplicable) linked.Gera_KrVector();
@@ -108,7 +108,7 @@ Acad::ErrorStatus KrObject::moveCortesVista(const AcGeVector3d& v, const AcArray
   if (const Acad::ErrorStatus es = vistaToSecaoXForm(real); es != Acad::eOk) return es;
   if (!std::isfinite(real.z)) return Acad::eInvalidInput;
   cortes_.movePlanes(indices, -real.z);
-  forEachLinked([&](KrObject& linked) {
+  forEachUnlockedLinked([&](KrObject& linked) {
     linked.assertWriteEnabled();
     linked.cortes_ = cortes_;
   });

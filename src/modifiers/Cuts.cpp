@@ -113,17 +113,11 @@ bool hasEnds(const KrVector& v) {
   return !(v.type() == KR_VT_CIRCULO || (v.type() == KR_VT_FURO && v.tipo() != KR_VF_FURO_OBLONGO));
 }
 
-void removeThrownAway(KrObjectArray<KrVector>& lista, const CutLine& cut) {
+/// Whether an element goes as a whole.
+bool isThrownAway(const KrVector& v, const CutLine& cut) {
   const auto gone = [&](const AcGePoint3d& p) { return cut.holds(p) || cut.throwsAway(p); };
-  for (int i = 0; i < lista.length();) {
-    const KrVector& v = lista[i];
-    const bool away = isTrimmedLine(v.type()) ? gone(v.startPoint()) && gone(v.endPoint())
-                                              : goesByMidPoint(v.type()) && cut.throwsAway(v.midPoint());
-    if (away)
-      lista.removeAt(i);
-    else
-      ++i;
-  }
+  return isTrimmedLine(v.type()) ? gone(v.startPoint()) && gone(v.endPoint())
+                                 : goesByMidPoint(v.type()) && cut.throwsAway(v.midPoint());
 }
 
 /// Trims an axis line. One that ends on the cut stays as it is.
@@ -241,11 +235,14 @@ Acad::ErrorStatus KrObject::Corte(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoint3d&
   const bool past = a0 > comprimento_ - t && a1 > comprimento_ - t;
   if (before || past || cortes_.Qtd() == kMostCuts) return Acad::eNotApplicable;
 
+  const int cuts = cortes_.Qtd();
   RegistraCorte(p1, p2, lado);
+  // Without a reference line there is no frame to store a cut in.
+  if (cortes_.Qtd() == cuts) return Acad::eNotApplicable;
   // As it counts from the bar's present start: what the picture does to this member shifts its own record.
   const AcGePlane plane = cortes_.last().plane;
   const AcGePoint3d side = cortes_.last().side;
-  CorteVista(x0, x1, lado, vista_, reservado, cortaEixo, cortes_.Qtd() - 1);
+  CorteVista(x0, x1, lado, vista_, reservado, cortaEixo, cuts);
 
   forEachLinked([&](KrObject& linked) {
     if (linked.isSecao() == Acad::eOk) return opDataCopyTo(linked);
@@ -354,11 +351,19 @@ Acad::ErrorStatus KrObject::CorteVista(AcGePoint3d& p1, AcGePoint3d& p2, AcGePoi
   const bool hadAxis = GetVectorEixo(vista, axis) != 0;
 
   KrObjectArray<KrVector>& lista = vertexList(vista);
-  removeThrownAway(lista, cut);
   WorkBuffer<AcGePoint3d> outline;
   bool met = false;
-  for (Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no)) {
-    KrVector& v = *no->value;
+  for (int i = 0; i < lista.length();) {
+    KrVector& v = lista[i];
+    if (isTrimmedLine(v.type()) && cut.leaves(v.startPoint(), v.endPoint())) {
+      ++i;
+      continue;
+    }
+    if (isThrownAway(v, cut)) {
+      lista.removeAt(i);
+      continue;
+    }
+    ++i;
     if (v.type() == KR_VT_REFERENCIA || !hasEnds(v)) continue;
     if (v.type() == KR_VT_EIXO) {
       if (cortaEixo == 0 || !trimAxis(v, cut)) continue;

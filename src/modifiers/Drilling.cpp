@@ -20,6 +20,7 @@ constexpr double kPi = 3.141592653589793;
 constexpr double kShortestStretch = 0.001;
 
 /// What `FurarSecao` and `FurarVista` take for the number of walls.
+constexpr int kMostHoles = std::numeric_limits<unsigned short>::max();
 constexpr int kAllWalls = -1;
 constexpr int kWallsOfSegment = 0;
 
@@ -148,7 +149,7 @@ void KrObject::FurosInters(AcGeVector3d origem, AcGeVector3d dir, AcArray<AcGeVe
                            int deFora) const {
   const AcGePoint2d from(origem.x, origem.y);
   const AcGeVector2d along(dir.x, dir.y);
-  if (along.isZeroLength()) return;
+  if (along.isZeroLength() || paredes < kAllWalls) return;
   const auto crossings = [this](const AcGeLinearEnt2d& line, const AcGeVector2d& order) {
     AcArray<AcGeVector3d> found;
     InterceptaLinhas(line, found, nullptr);
@@ -198,11 +199,12 @@ Acad::ErrorStatus KrObject::FurarSecao(const AcGePoint3d& p, const AcGeVector2d&
     const AcGeVector3d ini = walls[i];
     const AcGeVector3d fim = ini + walls[i + 1];
     if (ini.isEqualTo(fim)) continue;
-    const int before = furos_.Qtd();
+    if (furos_.Qtd() == kMostHoles) break;
     furos_.Add(ini, fim, diametro, stretch, angle);
-    KrVector_InFur(before);
-    // The audit of an elevation has dropped a place off the bar.
-    if (furos_.Qtd() == before) continue;
+    const NoFuro* const made = furos_.getNode(furos_.Qtd() - 1);
+    KrVector_InFur(furos_.Qtd() - 1);
+    // The audit of an elevation drops places off the bar, this one or others.
+    if (furos_.Qtd() == 0 || furos_.getNode(furos_.Qtd() - 1) != made) continue;
     es = Acad::eOk;
     forEachLinked([&](KrObject& linked) {
       KrFuro holes = linked.furos_;

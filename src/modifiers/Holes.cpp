@@ -23,7 +23,10 @@ bool isOfNumbers(const NoFuro& hole) {
 }  // namespace
 
 Acad::ErrorStatus KrObject::ajustaFuros(KrVistas vista, KrFuro& furos, const AcGePoint3d& ref) const {
-  if (vista == VistaCorrente) return Acad::eNotApplicable;
+  if (vista == VistaCorrente) {
+    Gira_furacao(furos, angleSecao_);
+    return Acad::eNotApplicable;
+  }
   // One turn for the section's and the view's, as the outline has it.
   double turn = angleSecao_;
   if (vista == Inferior) turn += kPi;

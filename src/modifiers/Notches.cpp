@@ -25,12 +25,6 @@ struct Outline {
   AcArray<double> bulges;
 };
 
-bool isOfNumbers(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, const AcGePoint2d& side) {
-  return isFinite(side) &&
-         std::all_of(points.begin(), points.end(), [](const AcGePoint2d& p) { return isFinite(p); }) &&
-         std::all_of(bulges.begin(), bulges.end(), [](double b) { return std::isfinite(b); });
-}
-
 bool isStraight(double bulge) {
   return std::fabs(bulge) < AcGeContext::gTol.equalPoint();
 }
@@ -118,12 +112,11 @@ class Steel {
   static AcGePoint2d outsideOf(const Outline& contour) {
     AcGePoint2d p = contour.points[0];
     double reach = 1.0;
-    for (int i = 0; i < contour.points.length(); ++i) {
-      const double bulge = std::fabs(contour.bulges[i]);
-      const AcGeVector2d away = contour.points[i] - p;
+    for (int i = 1; i < contour.points.length(); ++i) {
       // An arc lies within a chord's length, times its bulge if that is above 1, of its ends.
-      const double chord = i > 0 ? contour.points[i].distanceTo(contour.points[i - 1]) : 0.0;
-      reach = std::max(reach, std::fabs(away.x) + chord * std::max(1.0, i > 0 ? contour.bulges[i - 1] : bulge));
+      const double chord = contour.points[i].distanceTo(contour.points[i - 1]);
+      const double bulge = std::fabs(contour.bulges[i - 1]);
+      reach = std::max(reach, std::fabs(contour.points[i].x - p.x) + chord * std::max(1.0, bulge));
     }
     p.x += 2 * reach;
     return p;
@@ -148,7 +141,7 @@ class Steel {
   }
 
   bool isWithin(std::size_t i, std::size_t j) const {
-    const AcGePoint2d probe = contours_[i].points[0] + (contours_[i].points[1] - contours_[i].points[0]) / 2.0;
+    const AcGePoint2d probe = Contours::middleOf(contours_[i].points, contours_[i].bulges, 0);
     const Outline& other = contours_[j];
     AcArray<AcGePoint2d> crossings;
     return intersectWith2dFence(AcGeLineSeg2d(probe, outsideOf(other)), other.points, other.bulges, crossings) % 2 != 0;
@@ -284,7 +277,7 @@ class ClearNotches {
   }
 
   bool add(const NotchFrame& frame, const KrObjectRecorte& stored) {
-    if (stored.points().length() < 2 || !isOfNumbers(stored.points(), stored.bulges(), stored.lado())) return false;
+    if (stored.points().length() < 2 || !isFinite(stored.points(), stored.bulges(), stored.lado())) return false;
     const PolygonBox inBar = PolygonEdges(stored.points(), stored.bulges()).box();
     KrObjectRecorte notch(stored);
     frame.toDrawing(notch);
@@ -345,7 +338,7 @@ Acad::ErrorStatus KrObject::RecorteVisual(const AcArray<AcGePoint2d>& pontos, co
                                           AcGePoint2d& lado, int atualizaEixo, RecorteOutLinesOpts opcoes,
                                           AcArray<void*>* saida) {
   assertWriteEnabled();
-  if (isSecao() != Acad::eNotApplicable || pontos.length() < 2 || !isOfNumbers(pontos, bulges, lado))
+  if (isSecao() != Acad::eNotApplicable || pontos.length() < 2 || !isFinite(pontos, bulges, lado))
     return Acad::eNotApplicable;
   if (PolygonEdges(pontos, bulges).holds(lado)) return Acad::eNotApplicable;
 
@@ -485,7 +478,7 @@ Acad::ErrorStatus KrObject::addRecortesWCS(const KrObjectRecorteArray& lista) {
   const NotchFrame frame(*this);
   if (frame.status != Acad::eOk) return Acad::eNotApplicable;
   for (int i = 0; i < lista.length(); ++i)
-    if (!isOfNumbers(lista[i].points(), lista[i].bulges(), lista[i].lado())) return Acad::eInvalidInput;
+    if (!isFinite(lista[i].points(), lista[i].bulges(), lista[i].lado())) return Acad::eInvalidInput;
   for (int i = 0; i < lista.length(); ++i) {
     KrObjectRecorte notch(lista[i]);
     frame.toBar(notch);
@@ -529,7 +522,7 @@ void KrObject::RemoveRecortes(int extremo, int regenera) {
   for (std::size_t array = 0; array < recortes_.size(); ++array)
     for (const int i : indices[array]) recortes_[array].removeAt(i);
   if (regenera != 0) Gera_KrVector();
-  forEachLinked([&](KrObject& linked) {
+  forEachUnlockedLinked([&](KrObject& linked) {
     linked.assertWriteEnabled();
     linked.recortes_ = recortes_;
     if (regenera != 0 && linked.isSecao() == Acad::eNotApplicable) linked.Gera_KrVector();
@@ -546,7 +539,7 @@ Acad::ErrorStatus KrObject::moveRecortesVista(const AcGeVector3d& v, const AcArr
   // The frame itself, not its inverse: so the vector is told, and so it stays.
   const double d = (frame.matrix * AcGeVector2d(real.x, real.y)).x;
   for (std::size_t array = 0; array < recortes_.size(); ++array) recortes_[array].xOffSet(d, indices[array]);
-  forEachLinked([&](KrObject& linked) {
+  forEachUnlockedLinked([&](KrObject& linked) {
     linked.assertWriteEnabled();
     linked.recortes_ = recortes_;
   });

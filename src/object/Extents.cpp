@@ -134,8 +134,8 @@ void KrObject::GetExtremePoints(AcGePoint3d& p0, AcGePoint3d& p1, AcGePoint3d& p
 
   TurnedBox box(startPoint_, theta);
   const KrObjectArray<KrVector>& lista = currentVertexList(VistaCorrente);
-  for (int i = 0; i < lista.length(); ++i) {
-    const KrVector& v = lista[i];
+  for (const Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no)) {
+    const KrVector& v = *no->value;
     const bool axis = v.type() == KR_VT_EIXO;
     if (!axis && v.tipo() != KR_VF_ARESTA) continue;
     if (semOcultos != 0 && v.hidden() != 0) continue;
@@ -312,6 +312,11 @@ double KrObject::GetMinY(KrVistas v) const {
 
 Acad::ErrorStatus KrObject::subGetGeomExtents(AcDbExtents& extents) const {
   assertReadEnabled();
+  // A drawing of arcs alone, such as a round section, has no extents of its own.
+  const KrObjectArray<KrVector>& lista = currentVertexList(VistaCorrente);
+  const Node<KrVector>* no = lista.getNode(0);
+  while (no != nullptr && !isStraight(*no->value)) no = lista.nextNode(no);
+  if (no == nullptr) return Acad::eOk;
   extents.set(AcGePoint3d(GetMinX(VistaCorrente), GetMinY(VistaCorrente), 0),
               AcGePoint3d(GetMaxX(VistaCorrente), GetMaxY(VistaCorrente), 0));
   return Acad::eOk;

@@ -29,6 +29,17 @@ Acad::ErrorStatus store(AcDbObject& object, T& field, const T& value) {
   return Acad::eOk;
 }
 
+/// The same for a number or a point: what isn't one is refused.
+template <class T>
+Acad::ErrorStatus storeNumber(AcDbObject& object, T& field, const T& value) {
+  return isFinite(value) ? store(object, field, value) : Acad::eInvalidInput;
+}
+
+/// The same for a factor of the drawing scale, which is never 0.
+Acad::ErrorStatus storeScale(AcDbObject& object, double& field, double value) {
+  return value != 0 ? storeNumber(object, field, value) : Acad::eInvalidInput;
+}
+
 /// Copies a value out under a read assertion.
 template <class T>
 Acad::ErrorStatus fetch(const AcDbObject& object, const T& field, T& out) {
@@ -131,7 +142,7 @@ double KrObject::angleVista() const {
   return value(*this, angleVista_);
 }
 Acad::ErrorStatus KrObject::setAngleVista(double angulo) {
-  return store(*this, angleVista_, angulo);
+  return storeNumber(*this, angleVista_, angulo);
 }
 
 Acad::ErrorStatus KrObject::AngleSecao(double& angulo) const {
@@ -141,14 +152,14 @@ double KrObject::angleSecao() const {
   return value(*this, angleSecao_);
 }
 Acad::ErrorStatus KrObject::setAngleSecao(double angulo) {
-  return store(*this, angleSecao_, angulo);
+  return storeNumber(*this, angleSecao_, angulo);
 }
 
 Acad::ErrorStatus KrObject::Comprimento(double& comprimento) const {
   return fetch(*this, comprimento_, comprimento);
 }
 Acad::ErrorStatus KrObject::setComprimento(double comprimento) {
-  return store(*this, comprimento_, comprimento);
+  return storeNumber(*this, comprimento_, comprimento);
 }
 
 Acad::ErrorStatus KrObject::StartPoint(AcGePoint3d& ponto) const {
@@ -158,7 +169,7 @@ AcGePoint3d KrObject::startPoint() const {
   return value(*this, startPoint_);
 }
 Acad::ErrorStatus KrObject::setStartPoint(const AcGePoint3d& ponto) {
-  return store(*this, startPoint_, ponto);
+  return storeNumber(*this, startPoint_, ponto);
 }
 
 Acad::ErrorStatus KrObject::endPoint(AcGePoint3d& ponto) const {
@@ -168,7 +179,7 @@ AcGePoint3d KrObject::endPoint() const {
   return value(*this, endPoint_);
 }
 Acad::ErrorStatus KrObject::setendPoint(const AcGePoint3d& ponto) {
-  return store(*this, endPoint_, ponto);
+  return storeNumber(*this, endPoint_, ponto);
 }
 
 Acad::ErrorStatus KrObject::Xscale(double& escala) const {
@@ -181,13 +192,13 @@ Acad::ErrorStatus KrObject::Zscale(double& escala) const {
   return fetch(*this, zScale_, escala);
 }
 Acad::ErrorStatus KrObject::setXscale(double escala) {
-  return store(*this, xScale_, escala);
+  return storeScale(*this, xScale_, escala);
 }
 Acad::ErrorStatus KrObject::setYscale(double escala) {
-  return store(*this, yScale_, escala);
+  return storeScale(*this, yScale_, escala);
 }
 Acad::ErrorStatus KrObject::setZscale(double escala) {
-  return store(*this, zScale_, escala);
+  return storeScale(*this, zScale_, escala);
 }
 
 Acad::ErrorStatus KrObject::zCoordIni(double& z) const {
@@ -197,7 +208,7 @@ double KrObject::zCoordIni() const {
   return value(*this, zCoordIni_);
 }
 Acad::ErrorStatus KrObject::setZCoordIni(double z) {
-  return store(*this, zCoordIni_, z);
+  return storeNumber(*this, zCoordIni_, z);
 }
 Acad::ErrorStatus KrObject::zCoordEnd(double& z) const {
   return fetch(*this, zCoordEnd_, z);
@@ -206,7 +217,7 @@ double KrObject::zCoordEnd() const {
   return value(*this, zCoordEnd_);
 }
 Acad::ErrorStatus KrObject::setZCoordEnd(double z) {
-  return store(*this, zCoordEnd_, z);
+  return storeNumber(*this, zCoordEnd_, z);
 }
 
 Acad::ErrorStatus KrObject::tipoBarra(TipoBarra& tipo) const {
@@ -300,9 +311,7 @@ double KrObject::getComprimentoReal() const {
 }
 
 Acad::ErrorStatus KrObject::setComprimentoReal(double d) {
-  assertWriteEnabled();
-  comprimento_ = isSecao() == Acad::eNotApplicable ? xScale_ * d : d;
-  return Acad::eOk;
+  return storeNumber(*this, comprimento_, isSecao() == Acad::eNotApplicable ? xScale_ * d : d);
 }
 
 Acad::ErrorStatus KrObject::swapStartEnd() {
@@ -433,8 +442,13 @@ int KrObject::GetVectorEixo(KrVistas vista, KrVector& v) const {
 int KrObject::UpdateVectorEixo(KrVistas vista, const KrVector& v) {
   assertWriteEnabled();
   KrVector* eixo = findFirst(vista, KR_VT_EIXO);
-  if (eixo == nullptr) return 0;
+  if (eixo == nullptr || !isFinite(v)) return 0;
   *eixo = v;
+  // The bar's points follow the axis that is shown.
+  if (isSecao() == Acad::eNotApplicable && v.type() == KR_VT_EIXO && findFirst(VistaCorrente, KR_VT_EIXO) == eixo) {
+    startPoint_ = v.startPoint();
+    endPoint_ = v.endPoint();
+  }
   return 1;
 }
 

@@ -145,7 +145,7 @@ void KrObject::RemoveMods(int mods, int indice, int regenerar) {
   const int removed = removeModsHere(mods, indice);
   if (removed == 0 || !hasValidId() || regenerar == 0) return;
   Gera_KrVector();
-  forEachLinked([removed](KrObject& linked) {
+  forEachUnlockedLinked([removed](KrObject& linked) {
     linked.removeModsHere(removed, -1);
     linked.Gera_KrVector();
   });

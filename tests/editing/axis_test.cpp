@@ -202,6 +202,27 @@ TEST(ReferenceLine, IsMadeThroughTheReferenceOriginOfTheSection) {
   }
 }
 
+TEST(ReferenceLine, OfAScaledBarLiesWithinItsSteel) {
+  // The outline of the test before at 1:10. Drawn Y is -X of the section from above and below: the line lies at Y 0.
+  for (const KrVistas view : {Superior, Inferior, Esquerda, Direita}) {
+    AxisBar bar(view);
+    bar.make({{{-20, -20}, {-20, 20}, {80, 20}, {80, -20}}}, view, 1000, 0);
+    bar.ObjectScale(0.1, 0.1, 0.1);
+    const KrVector line = bar.reference();
+    ASSERT_NEAR(line.len(), 100, 1e-9);
+    std::vector<KrVector> all = bar.elements();
+    bar.ClearVertexes(view);
+    for (const KrVector& v : all)
+      if (v.type() != KR_VT_REFERENCIA) bar.AddVertex(v, view);
+    ASSERT_EQ(bar.generateEixoBarra(), Acad::eOk);
+    EXPECT_TRUE(joins(bar.reference(), {0, 0, 0}, {100, 0, 0})) << view;
+    if (view == Superior) {
+      EXPECT_NEAR(bar.GetMinY(view), -8, 1e-9);
+      EXPECT_NEAR(bar.GetMaxY(view), 2, 1e-9);
+    }
+  }
+}
+
 TEST(ReferenceLine, NeedsAnOutlineAndSomethingDrawn) {
   AxisBar bar;
   bar.ClearVertexes(Superior);
@@ -338,6 +359,45 @@ TEST(AxisLine, IsRefittedToTheLimitsOfEveryElevation) {
   EXPECT_TRUE(leftward.axis().startPoint().isEqualTo({0, 0, 0}))
       << "a bar drawn to the left has its end at the lower X";
   EXPECT_TRUE(leftward.axis().endPoint().isEqualTo({-1000, 0, 0}));
+}
+
+TEST(AxisLine, OfAnUprightBarKeepsItsDirection) {
+  for (const auto& [angle, y] : {std::pair(kPi / 2, 1.0), std::pair(3 * kPi / 2, -1.0)}) {
+    AxisBar bar(Superior, 1000, angle);
+    KrVector v = bar.axis();
+    v.set(AcGePoint3d(0, 300 * y, 0), AcGePoint3d(0, 600 * y, 0));
+    ASSERT_EQ(bar.UpdateVectorEixo(VistaCorrente, v), 1);
+    bar.UpdateEixo();
+    EXPECT_TRUE(bar.axis().startPoint().isEqualTo({0, 0, 0})) << angle;
+    EXPECT_TRUE(bar.axis().endPoint().isEqualTo({0, 1000 * y, 0})) << angle;
+    EXPECT_TRUE(bar.startPoint().isEqualTo({0, 0, 0})) << angle;
+    bar.Gera_KrVector();
+    EXPECT_NEAR(bar.GetMinY(VistaCorrente), std::min(0.0, 1000 * y), 1e-9);
+    EXPECT_NEAR(bar.GetMaxY(VistaCorrente), std::max(0.0, 1000 * y), 1e-9);
+  }
+}
+
+TEST(AxisLine, RewrittenTakesTheBarsPointsAlong) {
+  AxisBar bar;
+  bar.ObjectScale(0.1, 0.1, 0.1);
+  KrVector v = bar.axis();
+  v.translateBy({5, 7, 0});
+  ASSERT_EQ(bar.UpdateVectorEixo(VistaCorrente, v), 1);
+  EXPECT_TRUE(bar.startPoint().isEqualTo({5, 7, 0}));
+  EXPECT_TRUE(bar.endPoint().isEqualTo({105, 7, 0}));
+  for (int round = 0; round < 2; ++round) {
+    bar.Gera_KrVector();
+    EXPECT_TRUE(bar.startPoint().isEqualTo({5, 7, 0}));
+    EXPECT_TRUE(joins(bar.axis(), {5, 7, 0}, {105, 7, 0}));
+    EXPECT_TRUE(joins(bar.reference(), {0, 0, 0}, {100, 0, 0})) << "the steel stays";
+  }
+  // A view that isn't shown has an axis of its own.
+  bar.Gera_KrVector(Direita);
+  KrVector other;
+  ASSERT_EQ(bar.GetVectorEixo(Direita, other), 1);
+  other.translateBy({50, 0, 0});
+  ASSERT_EQ(bar.UpdateVectorEixo(Direita, other), 1);
+  EXPECT_TRUE(bar.startPoint().isEqualTo({5, 7, 0}));
 }
 
 TEST(AxisLine, OnACrossElementIsTold) {

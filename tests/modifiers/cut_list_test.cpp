@@ -269,6 +269,45 @@ class CutGroup : public testing::Test {
   std::vector<AcDbObjectId> ids;
 };
 
+TEST_F(CutGroup, RemovingAndMovingSkipMembersOnALockedLayer) {
+  const AcDbObjectId master = add(Superior, 1, Objeto);
+  const AcDbObjectId copy = add(Inferior, 1);
+  link();
+  write(master, [](CutBar& bar) { ASSERT_EQ(bar.cutAt(700, 800), Acad::eOk); });
+  write(copy, [](CutBar& bar) { bar.setLayer(L"PERFIL"); });
+  const auto lock = [this](bool locked) {
+    int before = 0;
+    ASSERT_EQ(krLockLayer(drawing.layer(L"PERFIL"), locked ? 1 : 0, before), Acad::eOk);
+  };
+  const auto cutOfCopy = [&] {
+    double z = 0;
+    write(copy, [&](CutBar& bar) {
+      ASSERT_EQ(bar.numCortes(), 1);
+      z = bar.stored().GetPlane(0).pointOnPlane().z;
+    });
+    return z;
+  };
+  const double before = cutOfCopy();
+  for (const int way : {0, 1, 2}) {
+    write(master, [&](CutBar& bar) {
+      if (bar.numCortes() == 0) {
+        KrPlanoCorte again;
+        again.Add(AcGePlane(AcGePoint3d(0, 0, -700), AcGeVector3d::kZAxis), {0, 0, -900});
+        ASSERT_EQ(bar.addCortes(again, 0), Acad::eOk);
+      }
+      lock(true);
+      if (way == 0) {
+        EXPECT_EQ(bar.moveCortesVista({-25, 0, 0}, indices({0})), Acad::eOk);
+      }
+      if (way == 1) bar.RemoveCortes(0, 1);
+      if (way == 2) bar.RemoveMods(ModCorte, -1);
+      EXPECT_EQ(bar.numCortes(), way == 0 ? 1 : 0) << way;
+    });
+    lock(false);
+    EXPECT_DOUBLE_EQ(cutOfCopy(), before) << way;
+  }
+}
+
 TEST_F(CutGroup, ACutIsCarriedToAllViewsAndToTheLengthOfSections) {
   const AcDbObjectId master = add(Superior, 1, Objeto);
   for (const KrVistas view : {Inferior, Esquerda, Direita}) add(view, 0.1);

@@ -46,6 +46,29 @@ class WatchedBar : public CutBar {
   int trimmedAxis = -1;
 };
 
+// --- Without a reference line ---------------------------------------------------------------------------------------
+
+// A member of an early file may have edges and no outline, and then no frame to store a cut in.
+TEST(Cut, OfAMemberWithoutAReferenceLineIsRefused) {
+  ListBar bar;
+  bar.add({0, -50, 0}, {1000, -50, 0});
+  bar.add({1000, -50, 0}, {1000, 50, 0});
+  bar.add({1000, 50, 0}, {0, 50, 0});
+  bar.add({0, 50, 0}, {0, -50, 0});
+  EXPECT_EQ(bar.cutAt(700, 800), Acad::eNotApplicable);
+  EXPECT_EQ(bar.numCortes(), 0);
+  EXPECT_EQ(bar.GetNumVertex(Superior), 4);
+  EXPECT_DOUBLE_EQ(bar.right(), 1000);
+
+  KrPlanoCorte cuts;
+  cuts.Add(AcGePlane(AcGePoint3d(0, 0, -300), AcGeVector3d::kZAxis), {0, 0, -900});
+  ASSERT_EQ(bar.addCortes(cuts, 0), Acad::eOk);
+  EXPECT_EQ(bar.cutAt(700, 800), Acad::eNotApplicable) << "nor is an older cut taken for it";
+  EXPECT_EQ(bar.numCortes(), 1);
+  EXPECT_EQ(bar.GetNumVertex(Superior), 4);
+  EXPECT_TRUE(bar.cutEdges().empty());
+}
+
 // --- The interactive cut ---------------------------------------------------------------------------------------------
 
 TEST(Cut, SquareAtTheEndTrimsTheBarThereAndClosesIt) {

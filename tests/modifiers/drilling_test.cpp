@@ -171,6 +171,27 @@ TEST(DrillingASection, MakesAHoleForEachWall) {
   EXPECT_EQ(tube.numFuros(), 2);
 }
 
+TEST(DrillingASection, WithFewerThanAllWallsMakesNothingFromWithinAWallEither) {
+  PlainI bar;
+  bar.show(Secao, 600);
+  EXPECT_EQ(bar.FurarSecao({20, 95, 100}, {0, 10}, 18, 0, 0, -2, 0, 1), Acad::eNotApplicable);
+  EXPECT_EQ(bar.numFuros(), 0);
+  EXPECT_EQ(bar.FurarSecao({20, 95, 100}, {0, 10}, 18, 0, 0, 1, 0, 1), Acad::eOk);
+  EXPECT_EQ(bar.numFuros(), 1);
+}
+
+TEST(DrillingASection, StopsAtTheMostHolesThatAListCounts) {
+  Tube tube;
+  tube.show(Secao, 600);
+  KrFuro holes;
+  for (int i = 0; i < 65534; ++i) holes.Add({0, 50, 0.005 * i}, {0, 45, 0.005 * i}, 18, 0, 0);
+  ASSERT_EQ(tube.setFurosSemLink(holes), Acad::eOk);
+  EXPECT_EQ(tube.FurarSecao({0, 0, 100}, {0, -1}, 18, 0, 0, -1, 0, 0), Acad::eOk) << "two walls, room for one";
+  EXPECT_EQ(tube.numFuros(), 65535);
+  EXPECT_EQ(tube.FurarSecao({0, 0, 100}, {0, -1}, 18, 0, 0, -1, 0, 0), Acad::eNotApplicable);
+  EXPECT_EQ(tube.numFuros(), 65535);
+}
+
 TEST(DrillingASection, ThatMeetsNoWallMakesNothing) {
   PlainI bar;
   bar.show(Secao, 600);

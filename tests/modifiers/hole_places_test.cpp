@@ -4,6 +4,7 @@
 
 #include "HoleSpace.h"
 #include "Sections.h"
+#include "object/TestMember.h"
 
 namespace {
 
@@ -115,6 +116,19 @@ TEST(HoleEdgeOn, IsAsWideAsTheCosineOfItsAngleMakesIt) {
 }
 
 // --- Places ----------------------------------------------------------------------------------------------------------
+
+TEST(HolesForAView, AreTurnedWithTheSectionEvenWhereThereIsNoView) {
+  TestMember bar;
+  bar.setAngleSecao(kPi / 2);
+  const auto turned = [&](KrVistas view, const AcGePoint3d& about, Acad::ErrorStatus status) {
+    KrFuro holes;
+    holes.Add({20, 100, 120}, {20, 90, 120}, 18, 0, 0);
+    EXPECT_EQ(bar.ajustaFuros(view, holes, about), status);
+    return holes.getIni(0);
+  };
+  EXPECT_TRUE(turned(VistaCorrente, {}, Acad::eNotApplicable).isEqualTo({-100, 20, 120}));
+  EXPECT_TRUE(turned(Secao, {}, Acad::eOk).isEqualTo({-100, 20, 120}));
+}
 
 TEST(PlaceOfAHole, OutsideTheListIsAnInvalidIndex) {
   PlainI bar;

@@ -90,6 +90,20 @@ TEST_F(LinkedHoles, AreDrilledOnALockedLayerToo) {
   each([](const KrTubo& tube) { EXPECT_EQ(tube.numFuros(), 1); });
 }
 
+TEST_F(LinkedHoles, AreDrilledWhileTheAuditDropsAnOlderOne) {
+  KrFuro past;
+  past.Add({0, 44.45, 700}, {0, 39.95, 700}, 18, 0, 0);
+  write(ids_[0], [&](KrTubo& tube) {
+    ASSERT_EQ(tube.setFurosSemLink(past), Acad::eOk);
+    EXPECT_EQ(tube.FurarSecao({0, 0, 100}, {0, -1}, 18, 0, 0, 1, 0, 0), Acad::eOk);
+  });
+  each([](const KrTubo& tube) {
+    const KrFuro holes = space::holesOf(tube);
+    ASSERT_EQ(holes.Qtd(), 1) << "the one past the bar has gone";
+    EXPECT_TRUE(holes.getIni(0).isEqualTo(AcGeVector3d(0, 44.45, 100)));
+  });
+}
+
 TEST_F(LinkedHoles, ReplacedByAListSkipMembersThatDontOpen) {
   KrFuro holes;
   holes.Add({0, 44.45, 100}, {0, 39.95, 100}, 18, 0, 0);

@@ -127,6 +127,35 @@ TEST(Notch, AnEdgeOnThePolygonComesBackAsTheNotchsOwn) {
   EXPECT_TRUE(holdsLine(bar, 200, 50, 1000, 50));
 }
 
+// A band between two arcs of radius 75 that bulge 30 to the right: at the height of the bar's middle the left piece
+// reaches past the middle of the chord at which the right one begins.
+TEST(Notch, BehindACurvedSawCutMakesItsEdges) {
+  TestMember bar;
+  makeBar(bar);
+  const Polygon band = Polygon().add(500, -60, 0.5).add(500, 60).add(502, 60, -0.5).add(502, -60).close();
+  AcGePoint2d side(528.3, 20);
+  ASSERT_EQ(bar.RecorteVisual(band.points, band.bulges, side, 0, nullptr), Acad::eOk);
+  ASSERT_EQ(notch(bar, rectangle(700, 20, 800, 60), {750, 40}), Acad::eOk);
+  EXPECT_TRUE(holdsLine(bar, 700, 20, 800, 20));
+  EXPECT_TRUE(holdsLine(bar, 700, 20, 700, 50));
+  EXPECT_TRUE(holdsLine(bar, 800, 20, 800, 50));
+}
+
+// What is left of the bar is all but a full disc, bounded by one clockwise arc over a chord of 2: radius
+// (1 + 20^2) / (2 * 20) = 10.025, centre (509.975, 1).
+TEST(Notch, OfADiscHasItsEdgeWithinTheDisc) {
+  TestMember bar;
+  makeBar(bar);
+  const Polygon disc = Polygon().add(500, 2, -20).add(500, 0).close();
+  AcGePoint2d outside(300, 0);
+  ASSERT_EQ(bar.RecorteVisual(disc.points, disc.bulges, outside, 0, nullptr), Acad::eOk);
+  const Polygon right = rectangle(508, -40, 600, 40);
+  AcGePoint2d side(510, 20);
+  ASSERT_EQ(bar.RecorteVisual(right.points, right.bulges, side, 0, nullptr), Acad::eOk);
+  const double half = std::sqrt(10.025 * 10.025 - 1.975 * 1.975);
+  EXPECT_TRUE(holdsLine(bar, 508, 1 - half, 508, 1 + half));
+}
+
 TEST(Notch, WithTheSideOutsideTakesOffAllOutside) {
   TestMember bar;
   makeBar(bar);

@@ -59,6 +59,15 @@ class NoNumber : public testing::TestWithParam<double> {
   std::unique_ptr<property::Model> model;
 };
 
+TEST(DrawingScale, IsNeverZero) {
+  CutBar bar;
+  for (const auto set : {&KrObject::setXscale, &KrObject::setYscale, &KrObject::setZscale})
+    EXPECT_EQ((bar.*set)(0), Acad::eInvalidInput);
+  double scale = 0;
+  bar.Xscale(scale);
+  EXPECT_EQ(scale, 1);
+}
+
 TEST_P(NoNumber, IsNoPlaceOfAHole) {
   const AcGePoint3d p = bar.startPoint() + AcGeVector3d(0, 30, 300);
   for (int i = 0; i < 8; ++i) {
@@ -163,6 +172,35 @@ TEST_P(NoNumber, IsNoMotionAndNoScale) {
   expectUnchanged();
 }
 
+TEST_P(NoNumber, IsNoMeasureOfAMember) {
+  EXPECT_EQ(bar.setStartPoint({none, 0, 0}), Acad::eInvalidInput);
+  EXPECT_EQ(bar.setendPoint({0, 0, none}), Acad::eInvalidInput);
+  for (const auto set : {&KrObject::setAngleVista, &KrObject::setAngleSecao, &KrObject::setComprimento,
+                         &KrObject::setComprimentoReal, &KrObject::setXscale, &KrObject::setYscale,
+                         &KrObject::setZscale, &KrObject::setZCoordIni, &KrObject::setZCoordEnd})
+    EXPECT_EQ((bar.*set)(none), Acad::eInvalidInput);
+  expectUnchanged();
+}
+
+TEST_P(NoNumber, IsNoPolygonToClipBy) {
+  const KrVector line(AcGePoint3d(0, 45, 0), AcGePoint3d(300, 45, 0), KR_VT_LINHA);
+  const auto expectWhole = [&](const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, AcGePoint2d side) {
+    KrObjectArray<KrVector> clipped;
+    clipped.append(line);
+    KrObject::RecorteKrVectorArray(clipped, points, bulges, side, 0);
+    ASSERT_EQ(clipped.length(), 1);
+    EXPECT_TRUE(clipped[0].startPoint().isEqualTo(line.startPoint()));
+    EXPECT_TRUE(clipped[0].endPoint().isEqualTo(line.endPoint()));
+  };
+  AcArray<AcGePoint2d> corners = square();
+  corners[2].x = none;
+  expectWhole(corners, straight(), {225, 45});
+  AcArray<double> bulges = straight();
+  bulges[0] = none;
+  expectWhole(square(), bulges, {225, 45});
+  expectWhole(square(), straight(), {225, none});
+}
+
 TEST_P(NoNumber, IsInNoElement) {
   const KrVector line(AcGePoint3d(0, 0, 0), AcGePoint3d(10, none, 0), KR_VT_LINHA);
   const KrVector circle(AcGePoint3d(0, 0, 0), none);
@@ -170,6 +208,7 @@ TEST_P(NoNumber, IsInNoElement) {
     EXPECT_EQ(bar.AddVertex(element, Superior), Acad::eInvalidInput);
     EXPECT_EQ(bar.AddFuro(element, Superior), Acad::eInvalidInput);
     EXPECT_EQ(bar.UpdateVector(Superior, 0, element), 0);
+    EXPECT_EQ(bar.UpdateVectorEixo(Superior, element), 0);
   }
   expectUnchanged();
 }

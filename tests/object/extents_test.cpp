@@ -163,6 +163,9 @@ TEST(DrawingBox, IsThatOfStraightLinesAlone) {
   TestMember round;
   round.make(kRound, Secao, 1000, 0, {100, 200, 0});
   EXPECT_EQ(round.GetMaxX(Secao), 0.0) << "a section of arcs alone has no extents of its own";
+  AcDbExtents none;
+  EXPECT_EQ(round.getGeomExtents(none), Acad::eOk);
+  EXPECT_TRUE(none.isEmpty()) << "so that it draws none of a drawing towards the origin";
 }
 
 TEST(LimitPoints, AreTheLeftmostAndTheRightmostOfAllElements) {
