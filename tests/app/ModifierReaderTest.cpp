@@ -107,7 +107,7 @@ TEST(ModifierReader, TellsWhatIsWrongWithAModifierAndWhereItStands) {
   EXPECT_THAT(problemsOf(jobWith(R"("notches": [{"points": [[0, 0], [1, 0, 2], [0, 1]], "side": [0, 0]}])")),
               ElementsAre(testing::_, HasSubstr("/members/0/notches/0/points/1/2 must be from -1 to 1")));
   EXPECT_THAT(problemsOf(jobWith(R"("limits": {"from": 500, "to": 400})")),
-              ElementsAre(HasSubstr("/members/0/limits \"from\" must be less than \"to\"")));
+              ElementsAre("/members/0/limits member M: \"from\" must be less than \"to\""));
   EXPECT_THAT(problemsOf(jobWith(R"("splits": [{"at": 5, "gap": 1e999}])")),
               ElementsAre(HasSubstr("/members/0/splits/0/gap the number is too great")));
 }

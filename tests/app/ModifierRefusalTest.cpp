@@ -16,6 +16,7 @@
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 class ModifierRefusal : public testing::Test {
@@ -74,11 +75,27 @@ TEST_F(ModifierRefusal, NamesACutThatPassesTheBarOrSaysNoSide) {
 TEST_F(ModifierRefusal, NamesANotchThatSplitsTheBarOrSaysNoSide) {
   EXPECT_THAT(
       problemsOf(R"("notches": [{"points": [[900, -80], [1000, -80], [1000, 80], [900, 80]], "side": [950, 0]}])"),
-      ElementsAre("/members/1/notches/0 member M7: the notch would split the bar or change its width"));
+      ElementsAre(
+          "/members/1/notches/0 member M7: the notch would split the bar, open a window in it or change its width"));
   EXPECT_THAT(
       problemsOf(R"("notches": [{"points": [[900, 20], [1000, 20], [1000, 80], [900, 80]], "side": [900, 40]}])"),
       ElementsAre("/members/1/notches/0 member M7: the point of the side lies on the notch's line: it must say "
                   "which side goes"));
+}
+
+TEST_F(ModifierRefusal, NamesANotchThatOpensAWindow) {
+  EXPECT_THAT(
+      problemsOf(R"("notches": [{"points": [[900, -20], [1000, -20], [1000, 20], [900, 20]], "side": [950, 0]}])"),
+      ElementsAre(HasSubstr("open a window in it")));
+}
+
+TEST_F(ModifierRefusal, LetsALimitLieOnTheEndOfTheBar) {
+  EXPECT_THAT(problemsOf(R"("limits": {"from": 500, "to": 3000})"), IsEmpty());
+  EXPECT_THAT(problemsOf(R"("cuts": [{"line": [[100, -90], [100, 90]], "side": [50, 0]}], "limits": {"from": 100})"),
+              IsEmpty());
+  EXPECT_THAT(problemsOf(R"("limits": {"to": 3000.01})"), ElementsAre(HasSubstr("the limit at 3000.01 mm lies past")));
+  EXPECT_THAT(problemsOf(R"("limits": {"from": 3000})"), ElementsAre(HasSubstr("the limit at 3000 mm lies past")))
+      << "nothing would be left to show";
 }
 
 TEST_F(ModifierRefusal, NamesASplitOrALimitPastTheBar) {
@@ -91,8 +108,7 @@ TEST_F(ModifierRefusal, NamesASplitOrALimitPastTheBar) {
 
 TEST_F(ModifierRefusal, TellsAllOfAMember) {
   EXPECT_THAT(problemsOf(R"("holes": [{"at": [3100, 0], "diameter": 18}], "splits": [{"at": 2999, "gap": 10}])"),
-              ElementsAre(testing::HasSubstr("/members/1/holes/0 member M7: "),
-                          testing::HasSubstr("/members/1/splits/0 member M7: ")));
+              ElementsAre(HasSubstr("/members/1/holes/0 member M7: "), HasSubstr("/members/1/splits/0 member M7: ")));
 }
 
 }  // namespace

@@ -142,7 +142,7 @@ std::string notch(Workpiece& piece, const JobNotch& notch) {
   const bool onLine = contains(side, curves) != 0;
   deleteCurves(curves);
   if (onLine) return "the point of the side lies on the notch's line: it must say which side goes";
-  return "the notch would split the bar or change its width";
+  return "the notch would split the bar, open a window in it or change its width";
 }
 
 std::string split(Workpiece& piece, const JobSplit& split) {
@@ -159,10 +159,13 @@ std::string split(Workpiece& piece, const JobSplit& split) {
 
 std::string limit(Workpiece& piece, const JobModifiers& modifiers) {
   const Reach reach = piece.reach();
+  const std::string pastBar = " mm lies past " + span(reach);
   KrObject& bar = piece.in(Superior);
-  for (const double x : {modifiers.limitFrom, modifiers.limitTo})
-    if (x != 0 && (x <= reach.from || x >= reach.to))
-      return "the limit at " + shortest(x) + " mm lies past " + span(reach);
+  // On the end to which it shows the bar a limit may lie: it takes nothing away there. On the other it takes all.
+  const bool fromIsPast = !within(reach, modifiers.limitFrom) || modifiers.limitFrom >= reach.to - kSameLength;
+  const bool toIsPast = !within(reach, modifiers.limitTo) || modifiers.limitTo <= reach.from + kSameLength;
+  if (modifiers.limitFrom != 0 && fromIsPast) return "the limit at " + shortest(modifiers.limitFrom) + pastBar;
+  if (modifiers.limitTo != 0 && toIsPast) return "the limit at " + shortest(modifiers.limitTo) + pastBar;
   const auto fraction = [&](double x) { return (x - reach.from) / (reach.to - reach.from); };
   bar.setVisualRepScale(modifiers.limitSymbol);
   if (modifiers.limitTo != 0) bar.setVisualRepEnd(fraction(modifiers.limitTo));

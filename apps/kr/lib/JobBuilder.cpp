@@ -113,11 +113,6 @@ void JobBuilder::endNotch() {
   modifiers.notches.push_back(notch);
 }
 
-void JobBuilder::endLimits() {
-  if (modifiers.limitTo != 0 && modifiers.limitTo <= modifiers.limitFrom)
-    problems.report("\"from\" must be less than \"to\"");
-}
-
 void JobBuilder::endMember() {
   const bool modified = !modifiers.holes.empty() || !modifiers.cuts.empty() || !modifiers.notches.empty() ||
                         !modifiers.splits.empty() || modifiers.limited || modifiers.scale > 0 ||
@@ -287,7 +282,17 @@ void JobBuilder::resolveMembers(std::vector<Problem>& found) {
     resolvePoint(memberPath(i, "from"), row.from, found);
     resolvePoint(memberPath(i, "to"), row.to, found);
     checkLength(i, row, found);
+    checkLimits(i, found);
   }
+}
+
+void JobBuilder::checkLimits(std::size_t index, std::vector<Problem>& found) const {
+  const JobMember& row = job.members[index];
+  if (row.modifiers == kNone) return;
+  const JobModifiers& done = job.modifiers[row.modifiers];
+  if (done.limitTo == 0 || done.limitFrom < done.limitTo) return;
+  const std::string name(job.names.text(row.name));
+  found.push_back({0, 0, 0, memberPath(index, "limits"), "member " + name + ": \"from\" must be less than \"to\""});
 }
 
 void JobBuilder::checkLength(std::size_t index, const JobMember& checked, std::vector<Problem>& found) const {

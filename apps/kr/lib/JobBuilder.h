@@ -76,7 +76,6 @@ class JobBuilder {
   void endHole();
   void endCut();
   void endNotch();
-  void endLimits();
   void endMember();
   void beginView();
   void endView();
@@ -119,6 +118,7 @@ class JobBuilder {
   void resolveDetails(std::vector<Problem>& found);
   void resolveSheets(std::vector<Problem>& found);
   void resolvePoint(const std::string& path, std::uint32_t& reference, std::vector<Problem>& found);
+  void checkLimits(std::size_t index, std::vector<Problem>& found) const;
   void checkLength(std::size_t index, const JobMember& checked, std::vector<Problem>& found) const;
   void checkLayers(const KnownNames& known, std::vector<Problem>& found);
   std::string hint(std::string_view wanted, const std::vector<std::uint32_t>& index, std::string_view otherwise);

@@ -258,7 +258,6 @@ constexpr ObjectRule kLimits{
     .what = "limits",
     .keys = kLimitKeys,
     .open = [](JobBuilder& b, std::string_view) { b.modifiers.limited = true; },
-    .close = [](JobBuilder& b) { b.endLimits(); },
 };
 
 constexpr ValueRule kHoleElement = object(kHole, "an object: a hole");
