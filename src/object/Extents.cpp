@@ -14,16 +14,18 @@ class TurnedBox {
  public:
   TurnedBox(const AcGePoint3d& centre, double angle) : centre_(centre), back_(-angle), forth_(angle) {}
 
-  void add(const AcGePoint3d& p) {
-    const AcGeVector3d v = back_(p - centre_);
-    lowX_ = std::min(lowX_, v.x);
-    highX_ = std::max(highX_, v.x);
-    lowY_ = std::min(lowY_, v.y);
-    highY_ = std::max(highY_, v.y);
-    empty_ = false;
+  void add(const AcGePoint3d& p) { add(p, p); }
+  /// Both ends of a chord.
+  void add(const AcGePoint3d& p, const AcGePoint3d& q) {
+    const AcGeVector2d a = back_(AcGeVector2d(p.x - centre_.x, p.y - centre_.y));
+    const AcGeVector2d b = back_(AcGeVector2d(q.x - centre_.x, q.y - centre_.y));
+    lowX_ = std::min(lowX_, std::min(a.x, b.x));
+    highX_ = std::max(highX_, std::max(a.x, b.x));
+    lowY_ = std::min(lowY_, std::min(a.y, b.y));
+    highY_ = std::max(highY_, std::max(a.y, b.y));
   }
 
-  bool empty() const { return empty_; }
+  bool empty() const { return lowX_ > highX_; }
   AcGePoint3d lowerLeft() const { return corner(lowX_, lowY_); }
   AcGePoint3d upperLeft() const { return corner(lowX_, highY_); }
   AcGePoint3d lowerRight() const { return corner(highX_, lowY_); }
@@ -43,7 +45,6 @@ class TurnedBox {
   double lowY_ = std::numeric_limits<double>::max();
   double highX_ = std::numeric_limits<double>::lowest();
   double highY_ = std::numeric_limits<double>::lowest();
-  bool empty_ = true;
 };
 
 void addArcExtremes(const KrVector& v, double axes, TurnedBox& box) {
@@ -141,8 +142,7 @@ void KrObject::GetExtremePoints(AcGePoint3d& p0, AcGePoint3d& p1, AcGePoint3d& p
     if (semOcultos != 0 && v.hidden() != 0) continue;
     if (axis && comEixo == 0) continue;
     if (!axis && !isStraight(v) && v.type() != KR_VT_ARCO) continue;
-    box.add(v.startPoint());
-    box.add(v.endPoint());
+    box.add(v.startPoint(), v.endPoint());
     if (v.type() == KR_VT_ARCO) addArcExtremes(v, axes, box);
   }
   setCorners(box, p0, p1, p2, p3);
@@ -201,8 +201,7 @@ void KrObject::GetLimitPointsOfFaces(AcGePoint3d& a, AcGePoint3d& b, AcGePoint3d
     const KrVector& v = *no->value;
     if (v.type() == KR_VT_ARCO) addArcExtremes(v, angle, round);
     if (!isStraight(v)) continue;
-    faces.add(v.startPoint());
-    faces.add(v.endPoint());
+    faces.add(v.startPoint(), v.endPoint());
   }
   // A round section has no straight face: the tangents round it stand for them.
   setCorners(faces.empty() ? round : faces, a, b, c, d);
@@ -219,8 +218,7 @@ void KrObject::GetRectangleLimit(AcGePoint3d& p, AcGePoint3d& q, KrVistas vista)
   TurnedBox box(startPoint_, angle);
   for (const Node<KrVector>* no = lista.getNode(0); no != nullptr; no = lista.nextNode(no)) {
     if (!isStraight(*no->value)) continue;
-    box.add(no->value->startPoint());
-    box.add(no->value->endPoint());
+    box.add(no->value->startPoint(), no->value->endPoint());
   }
   if (box.empty()) return;
   p = box.lowerLeft();
