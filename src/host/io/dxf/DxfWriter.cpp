@@ -285,12 +285,18 @@ void Writer::writeEntities() {
 
 void Writer::writeEntitiesOf(const AcDbBlockTableRecord& block, bool inPaperSpace) {
   constexpr std::size_t kAFew = 256;
+  constexpr std::size_t kMostGrowth = 64;  // what comes may be smaller
   const std::size_t before = sink_.size();
   std::size_t count = 0;
+  std::size_t estimateAt = kAFew;
   for (AcDbStub* const stub : block.entities()) {
     writeEntity(stub, inPaperSpace);
-    // Those to come as large as the first few: members take far more than lines.
-    if (++count == kAFew) sink_.expect(sink_.size() + (sink_.size() - before) / kAFew * block.entities().size());
+    if (++count != estimateAt) continue;
+    // Those to come are as large as those before, or a little larger, as numbers and handles grow. What isn't used in
+    // the end costs nothing: it was never touched.
+    const std::size_t expected = (sink_.size() - before) / count * (block.entities().size() - count);
+    sink_.expect(sink_.size() + std::min(expected + expected / 4, kMostGrowth * sink_.size()));
+    estimateAt *= kMostGrowth;
   }
 }
 
