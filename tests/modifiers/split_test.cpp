@@ -106,6 +106,18 @@ TEST(Split, ReachesASectionFarOffItsReference) {
   EXPECT_EQ(contoursOf(bar), 2);
 }
 
+// The regeneration measures the steel that is drawn.
+TEST(Split, WhoseGapReachesPastTheEndEndsTheBarThere) {
+  TestMember bar;
+  makeBar(bar);
+  EXPECT_EQ(bar.addSplit(splitAt(995, 20), 0), 0);
+  for (int round = 0; round < 3; ++round) {
+    bar.Gera_KrVector();
+    EXPECT_NEAR(bar.getComprimentoReal(), 985, 1e-9);
+    EXPECT_NEAR(bar.GetMaxX(VistaCorrente), 985, 1e-9);
+  }
+}
+
 TEST(Split, HasNoPlaceInASectionAndOutsideTheList) {
   TestMember bar;
   makeBar(bar, Secao);
