@@ -6,6 +6,7 @@
 #include "host/db/AcDbCloner.h"
 #include "host/db/AcDbHostApplicationServices.h"
 #include "host/db/AcDbNotifier.h"
+#include "host/db/HandleLimit.h"
 #include "host/db/acdbOpen.h"
 #include "host/db/entities/entities.h"
 
@@ -83,9 +84,10 @@ Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* obje
   if (object == nullptr) return Acad::eNullObjectPointer;
   if (object->isPersistent()) return Acad::eAlreadyInDb;
   if (!owner.isNull() && owner.database() != this) return Acad::eWrongDatabase;
-  AcDbStub* stub = handle.isNull() ? nullptr : handles_.find(handle.value());
+  if (handle.isNull()) handle = AcDbHandle(nextHandle(*this));
+  if (!isPossibleHandle(handle.value())) return Acad::eInvalidInput;
+  AcDbStub* stub = handles_.find(handle.value());
   if (stub != nullptr && stub->object != nullptr) return Acad::eHandleExists;
-  if (handle.isNull()) handle = AcDbHandle(handseed_);
   if (stub == nullptr) stub = handles_.add(handle.value());
   if (handle.value() >= handseed_) handseed_ = handle.value() + 1;
   id = adopt(object, stub, owner.stub());
@@ -97,7 +99,7 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfN
   id.setNull();
   if (handle.isNull()) return Acad::eNullHandle;
   AcDbStub* stub = handles_.find(handle.value());
-  if (stub == nullptr && createIfNotFound) {
+  if (stub == nullptr && createIfNotFound && isPossibleHandle(handle.value())) {
     stub = handles_.add(handle.value());
     stub->database = this;
     if (handle.value() >= handseed_) handseed_ = handle.value() + 1;
@@ -108,14 +110,14 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfN
 }
 
 Acad::ErrorStatus AcDbDatabase::setHandseed(const AcDbHandle& handle) {
-  if (handle.value() < handseed_) return Acad::eInvalidInput;
+  if (handle.value() < handseed_ || handle.value() > kMaxHandle + 1) return Acad::eInvalidInput;
   handseed_ = handle.value();
   return Acad::eOk;
 }
 
 void AcDbDatabase::setHandseedAsRead(Adesk::UInt64 seed) {
   // The stubs count, with or without object: a file may name handles of objects that it doesn't have.
-  if (seed > handseed_) handseed_ = seed;
+  if (seed > handseed_) handseed_ = std::min(seed, kMaxHandle + 1);
 }
 
 int AcDbDatabase::numOpenObjects() const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/db/HandleLimit.h"
 #include "host/db/MergeStyle.h"
 #include "host/io/dwg/CodePages.h"
 #include "host/io/dwg/Dwg.h"
@@ -35,9 +36,6 @@ Acad::ErrorStatus readDwg(std::span<const std::byte> bytes, AcDbDatabase& db, Re
 namespace krio::dwg {
 
 namespace {
-
-/// Handles from here on can't be: new ones must still find room above them.
-constexpr std::uint64_t kHandleLimit = std::uint64_t(1) << 60;
 
 /// How the exchange format names objects of the fixed types that the host has no class for.
 struct TypeName {
@@ -141,14 +139,14 @@ bool Reader::makeStubs() {
   const auto& map = container_.map();
   if (map.empty() && !policy_.recover()) return policy_.goOn("the drawing has no objects", 0);
   const std::uint64_t declared = readHandseed(BitReader(container_.variables()));
-  const std::uint64_t needed = map.empty() ? 1 : map.back().handle + 1;
-  if (needed >= kHandleLimit) {
+  if (!map.empty() && map.back().handle > kMaxHandle) {
     policy_.report().error("a handle is too large", map.back().handle, 0);
     return false;
   }
+  const std::uint64_t needed = map.empty() ? 1 : map.back().handle + 1;
   std::uint64_t seed = std::max(declared, needed);
-  if (declared < needed || declared >= kHandleLimit) {
-    if (!policy_.goOn("HANDSEED doesn't lie above the handles in use", 0, declared)) return false;
+  if (declared < needed || declared > kMaxHandle + 1) {
+    if (!policy_.goOn("HANDSEED isn't the handle that comes next", 0, declared)) return false;
     seed = needed;
   }
   database_.reserveObjects(map.size(), needed);

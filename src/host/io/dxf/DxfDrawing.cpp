@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/db/HandleLimit.h"
 #include "host/db/db.h"
 #include "host/os/os.h"
 
@@ -57,11 +58,12 @@ std::uint64_t Drawing::freshHandle() {
       }
       std::uint64_t handle = 0;
       const bool own = ahead.code() == AcDb::kDxfHandle || ahead.code() == AcDb::kDxfDimVarHandle;
-      if (own && parseHandle(ahead.value(), handle) && handle <= kMaxHandle) highest = std::max(highest, handle + 1);
+      if (own && parseHandle(ahead.value(), handle) && isPossibleHandle(handle))
+        highest = std::max(highest, handle + 1);
     }
     db_.setHandseedAsRead(highest);
   }
-  return std::max<std::uint64_t>(db_.handseed().value(), 1);
+  return nextHandle(db_);
 }
 
 std::uint64_t Drawing::unusedHandle() const {

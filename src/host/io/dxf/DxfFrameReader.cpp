@@ -102,9 +102,7 @@ FrameReader::FrameReader(Drawing& drawing) : drawing_(drawing), in_(drawing.in()
 AcDbStub* FrameReader::stubOfValue() {
   const std::string_view text = in_.value();
   if (text == lastOwnerText_ && lastOwner_ != nullptr) return lastOwner_;
-  const std::uint64_t handle = in_.handle();
-  if (handle == 0) return nullptr;
-  lastOwner_ = drawing_.db().stubOf(handle);
+  lastOwner_ = in_.reference().stub();
   lastOwnerText_ = text;
   return lastOwner_;
 }

@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 
+#include "host/db/HandleLimit.h"
 #include "host/db/db.h"
 #include "host/io/dxf/DxfHeader.h"
 
@@ -79,7 +80,8 @@ void HeaderReader::readVariable(std::string_view name) {
       break;
     case AcDbHeader::kHandle: {
       const std::uint64_t seed = in_.handle();
-      if (seed <= kMaxHandle) drawing_.db().setHandseedAsRead(seed);
+      if (seed > kMaxHandle + 1) in_.warn("HANDSEED is beyond all handles; the next one is reckoned from those in use");
+      if (seed <= kMaxHandle + 1) drawing_.db().setHandseedAsRead(seed);
       break;
     }
     case AcDbHeader::kId:

@@ -131,10 +131,8 @@ bool InFiler::readValue(resbuf& item) {
       break;
     case Kind::kObjectId: {
       std::uint64_t handle = 0;
-      AcDbObjectId id;
       if (!parseHandle(value, handle)) refuse("a reference is no handle");
-      if (handle != 0) database_.getAcDbObjectId(id, true, AcDbHandle(handle));
-      to.rlname[0] = id.asOldId();
+      to.rlname[0] = in_.reference(handle).asOldId();
       break;
     }
     default:

@@ -1,6 +1,7 @@
 #include "host/io/dxf/DxfInput.h"
 
 #include "host/db/AcDbDatabase.h"
+#include "host/db/HandleLimit.h"
 #include "host/io/dxf/DxfText.h"
 
 namespace krio::dxf {
@@ -31,9 +32,15 @@ std::uint64_t Input::handle() {
 }
 
 AcDbObjectId Input::reference() {
-  const std::uint64_t number = handle();
+  return reference(handle());
+}
+
+AcDbObjectId Input::reference(std::uint64_t handle) {
   AcDbObjectId id;
-  if (number != 0) database_.getAcDbObjectId(id, true, AcDbHandle(number));
+  if (handle == 0) return id;
+  if (database_.getAcDbObjectId(id, true, AcDbHandle(handle)) != Acad::eOk) {
+    warn("a reference is beyond all handles; it was dropped");
+  }
   return id;
 }
 

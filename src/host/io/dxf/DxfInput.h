@@ -15,9 +15,6 @@ class AcDbDatabase;
 
 namespace krio::dxf {
 
-/// Handles above are no handles of a drawing: adding to them would come round to 0.
-inline constexpr std::uint64_t kMaxHandle = std::uint64_t(1) << 62;
-
 /// The groups of a file with their values, and what is wrong with them. The first fault stops a strict reading: from
 /// then on there are no more groups. A recovering one reports it and goes on with a plain value.
 class Input {
@@ -104,8 +101,10 @@ class Input {
   }
   void readText(std::wstring& to);
   std::uint64_t handle();
-  /// The id of the handle, also when its object comes later; null for 0.
+  /// The id of the handle, also when its object comes later; null for 0, and with a warning for a handle that no object
+  /// can have.
   AcDbObjectId reference();
+  AcDbObjectId reference(std::uint64_t handle);
 
   // --- Faults --------------------------------------------------------------------------------------------------------
 
