@@ -277,6 +277,48 @@ TEST(Mirror, TurnsNotchesWithTheirArcs) {
   }
 }
 
+TEST(Mirror, TurnsTheNotchesOfEverySide) {
+  TestMember member;
+  member.make({{{-50, -50}, {-50, 50}, {50, 50}, {50, -50}}}, Superior, 1000);
+  const auto notch = [&](double from, double to) {
+    AcArray<AcGePoint2d> points;
+    AcArray<double> bulges;
+    for (const AcGePoint2d& p : {AcGePoint2d(from, 60), AcGePoint2d(from, 30), AcGePoint2d(to, 30), AcGePoint2d(to, 60),
+                                 AcGePoint2d(from, 60)}) {
+      points.append(p);
+      bulges.append(bulges.length() == 1 ? 0.25 : 0.0);
+    }
+    AcGePoint2d side((from + to) / 2, 40);
+    return member.Recorte(points, bulges, side);
+  };
+  const auto show = [&](KrVistas view) {
+    member.setVista(view);
+    member.Gera_KrVector();
+  };
+  ASSERT_EQ(notch(400, 500), Acad::eOk);
+  show(Direita);
+  ASSERT_EQ(notch(600, 650), Acad::eOk);
+  show(Superior);
+
+  member.transformBy(AcGeMatrix3d::mirroring(AcGePlane(AcGePoint3d(500, 0, 0), AcGeVector3d::kXAxis)));
+
+  const struct {
+    KrVistas view;
+    double from, to;  // 1000 less what they were
+  } cases[] = {{Superior, 600, 500}, {Direita, 400, 350}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.view);
+    show(c.view);
+    KrObjectRecorteArray shown;
+    ASSERT_EQ(member.getRecortesWCS(shown), Acad::eOk);
+    ASSERT_EQ(shown.length(), 1);
+    EXPECT_TRUE(shown[0].points()[1].isEqualTo(AcGePoint2d(c.from, 30)));
+    EXPECT_TRUE(shown[0].points()[2].isEqualTo(AcGePoint2d(c.to, 30)));
+    EXPECT_DOUBLE_EQ(shown[0].bulges()[1], -0.25);
+    EXPECT_TRUE(shown[0].lado().isEqualTo(AcGePoint2d((c.from + c.to) / 2, 40)));
+  }
+}
+
 TEST(Mirror, TurnsASlantedOblongHole) {
   for (const auto& [view, quarter] : {std::pair(Inferior, 0), std::pair(Superior, 2), std::pair(Direita, 3)}) {
     SCOPED_TRACE(testing::Message() << "view " << view);

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <random>
 #include <vector>
 
 #include "modifiers/NotchSpace.h"
 #include "object/Drawing.h"
+#include "profiles/KrChapa.h"
 
 namespace {
 
@@ -172,6 +174,21 @@ TEST(Notch, WithTheSideOutsideTakesOffAllOutside) {
   }
 }
 
+TEST(Notch, ShortensAHoleSeenEdgeOnAndLeavesItItsWidth) {
+  TestMember bar;
+  makeBar(bar);
+  KrFuro holes;
+  holes.Add({-50, 0, 500}, {50, 0, 500}, 14, 0, 0);
+  bar.setFurosSemLink(holes);
+  bar.Gera_KrVector();
+  ASSERT_EQ(notch(bar, rectangle(480, 20, 520, 60), AcGePoint2d(500, 40)), Acad::eOk);
+  std::vector<KrVector> bands = elementsOf(bar);
+  std::erase_if(bands, [](const KrVector& v) { return v.type() != KR_VT_FURO_LINHA; });
+  ASSERT_EQ(bands.size(), 1u);
+  EXPECT_TRUE(runs(bands[0], 500, 20, 500, -50)) << "from the section's -X, which is up";
+  EXPECT_EQ(bands[0].radius(), 7);
+}
+
 // --- Open polygons ---------------------------------------------------------------------------------------------------
 
 TEST(OpenNotch, ReachesAcrossTheMember) {
@@ -188,10 +205,28 @@ TEST(OpenNotch, ReachesAcrossTheMember) {
 TEST(OpenNotch, ThatReachesPastTheMemberKeepsItsEnds) {
   TestMember bar;
   makeBar(bar);
+  // Two lines outside of the bar, each crossed by an arm of the polygon where it lies beyond the bar's rectangle: were
+  // the arm shortened to that, they would go whole.
+  KrVector beyondTop = line(880, 100, 920, 100, KR_VT_LINHA, KR_VF_PADRAO);
+  KrVector beyondEnd = line(1200, 0, 1200, 40, KR_VT_LINHA, KR_VF_PADRAO);
+  bar.AddVertex(beyondTop, Superior);
+  bar.AddVertex(beyondEnd, Superior);
+  const Polygon wide = Polygon().add(900, 300).add(900, 20).add(1400, 20);
+  AcGePoint2d side = kInCope;
+  ASSERT_EQ(bar.RecorteVisual(wide.points, wide.bulges, side, 0, nullptr), Acad::eOk);
+  std::vector<KrVector> left = elementsOf(bar);
+  std::erase_if(left, [](const KrVector& v) { return v.type() != KR_VT_LINHA || v.tipo() != KR_VF_PADRAO; });
+  ASSERT_EQ(left.size(), 2u);
+  EXPECT_TRUE(runs(left[0], 880, 100, 900, 100));
+  EXPECT_TRUE(runs(left[1], 1200, 0, 1200, 20));
+}
+
+TEST(OpenNotch, IsStoredAsItWasGiven) {
+  TestMember bar;
+  makeBar(bar);
   const Polygon wide = Polygon().add(900, 300).add(900, 20).add(1400, 20);
   ASSERT_EQ(notch(bar, wide, kInCope), Acad::eOk);
   EXPECT_TRUE(holdsLine(bar, 900, 50, 900, 20));
-  // What it is stored by is what was given, lengthened or not.
   EXPECT_TRUE(shown(bar)[0].points()[0].isEqualTo({900, 300}));
   TestMember other;
   makeBar(other);
@@ -248,6 +283,100 @@ TEST(VisualNotch, HidesAndMakesNoEdges) {
   }
   EXPECT_EQ(hidden, 2) << "the ends of the upper edge and of the end's edge";
 }
+
+TEST(VisualNotch, MovesTheReferenceLineWithAnEndThatGoesOnRequest) {
+  for (const bool moves : {false, true}) {
+    TestMember bar;
+    makeBar(bar);
+    const Polygon end = rectangle(900, -60, 1100, 60);
+    AcGePoint2d side(950, 0);
+    ASSERT_EQ(bar.RecorteVisual(end.points, end.bulges, side, moves ? 1 : 0, nullptr), Acad::eOk);
+    AcGePoint3d a, b;
+    ASSERT_EQ(bar.GetPointsOfEixo(a, b, 1), Acad::eOk);
+    EXPECT_TRUE(a.isEqualTo({0, 0, 0}));
+    EXPECT_NEAR(b.x, moves ? 900 : 1000, 1e-9);
+    EXPECT_NEAR(bar.getComprimentoReal(), moves ? 900 : 1000, 1e-9);
+  }
+}
+
+TEST(VisualNotch, TurnsWhatGoesIntoHiddenLinesAndMakesNoEdges) {
+  TestMember bar;
+  makeBar(bar);
+  const std::size_t before = elementsOf(bar).size();
+  AcArray<void*> made;
+  AcGePoint2d side = kInCope;
+  ASSERT_EQ(bar.RecorteVisual(cope().points, cope().bulges, side, 0, OcultaOutLines, &made), Acad::eOk);
+  EXPECT_EQ(made.length(), 0);
+  std::vector<KrVector> turned = elementsOf(bar);
+  EXPECT_EQ(turned.size(), before + 2) << "two edges are parted, none is new";
+  std::erase_if(turned, [](const KrVector& v) { return v.type() != KR_VT_LINHA_OCULTA; });
+  ASSERT_EQ(turned.size(), 2u);
+  const auto has = [&](double x0, double y0, double x1, double y1) {
+    return std::any_of(turned.begin(), turned.end(), [&](const KrVector& v) {
+      return v.hidden() == 0 && (runs(v, x0, y0, x1, y1) || runs(v, x1, y1, x0, y0));
+    });
+  };
+  EXPECT_TRUE(has(900, 50, 1000, 50));
+  EXPECT_TRUE(has(1000, 20, 1000, 50));
+  EXPECT_TRUE(holdsLine(bar, 0, 50, 900, 50));
+  EXPECT_TRUE(holdsLine(bar, 1000, -50, 1000, 20));
+}
+
+// --- Polygons of drawn elements --------------------------------------------------------------------------------------
+
+/// The sides of a rectangle as elements of all types that make a polygon, among such as make none.
+KrObjectArray<KrVector> drawnRectangle(double x0, double y0, double x1, double y1) {
+  const auto hole = [&](KrVectorType type) { return line(x0 + 1, y0 + 1, x1 - 1, y1 - 1, type); };
+  return listOf({line(x0, y0, x1, y0, KR_VT_LINHA_OCULTA), hole(KR_VT_FURO), line(x1, y0, x1, y1, KR_VT_LINHA),
+                 hole(KR_VT_FURO_EIXO), KrVector(AcGePoint3d(x0, y0, 0), 5), line(x1, y1, x0, y1, KR_VT_REFERENCIA),
+                 hole(KR_VT_FURO_LINHA), line(x0, y1, x0, y0, KR_VT_ARCO_OCULTO)});
+}
+
+/// Gives a member the polygon of elements, and one like it the same rectangle as a notch: both are to be the same.
+void expectCutAsNotched(KrObject& cut, KrObject& notched, const Polygon& corners, AcGePoint2d side) {
+  const AcGePoint2d &low = corners.points[0], &high = corners.points[2];
+  KrObjectArray<KrVector> elements = drawnRectangle(low.x, low.y, high.x, high.y);
+  AcGePoint3d at(side.x, side.y, 0);
+  ASSERT_EQ(cut.Corte(elements, at), Acad::eOk);
+  ASSERT_EQ(notch(notched, corners, side), Acad::eOk);
+  EXPECT_EQ(elements.length(), 8) << "they stay as they were";
+  EXPECT_EQ(elements[0].type(), KR_VT_LINHA_OCULTA);
+  EXPECT_TRUE(sameList(elementsOf(cut), elementsOf(notched), 0));
+  ASSERT_EQ(shown(cut).length(), 1);
+  EXPECT_TRUE(shown(cut)[0] == shown(notched)[0]);
+  EXPECT_EQ(cut.numCortes(), 0) << "it is a notch";
+}
+
+TEST(DrawnPolygon, IsANotchOfItsLinesAndArcs) {
+  TestMember cut, notched;
+  makeBar(cut);
+  makeBar(notched);
+  expectCutAsNotched(cut, notched, cope(), kInCope);
+  EXPECT_TRUE(holdsLine(cut, 900, 20, 1000, 20));
+  EXPECT_TRUE(holdsLine(cut, 900, 20, 900, 50));
+}
+
+TEST(DrawnPolygon, NotchesAPlateToo) {
+  // Seen from the right a plate reaches from its axis upwards, by its width.
+  const auto plate = [] { return std::make_unique<KrChapa>(AcGePoint3d(0, 0, 0), Direita, 300, 10, 1000, 0, 0); };
+  const auto cut = plate(), notched = plate();
+  expectCutAsNotched(*cut, *notched, rectangle(900, 270, 1010, 310), AcGePoint2d(950, 290));
+  EXPECT_TRUE(holdsLine(*cut, 900, 270, 1000, 270));
+  EXPECT_TRUE(holdsLine(*cut, 900, 270, 900, 300));
+}
+
+TEST(DrawnPolygon, ThatIsRefusedLeavesTheMemberAndTellsNothing) {
+  TestMember bar;
+  makeBar(bar);
+  const auto before = elementsOf(bar);
+  KrObjectArray<KrVector> window = drawnRectangle(400, -10, 600, 10);
+  AcGePoint3d inside(500, 0, 0);
+  EXPECT_EQ(bar.Corte(window, inside), Acad::eOk) << "whatever becomes of it";
+  EXPECT_TRUE(sameList(elementsOf(bar), before, 0));
+  EXPECT_EQ(shown(bar).length(), 0);
+}
+
+// --- Pictures over pictures ------------------------------------------------------------------------------------------
 
 TEST(VisualNotch, DrawsNoEdgeInAWindowThatIsOpenAlready) {
   TestMember bar;
@@ -680,6 +809,17 @@ class LinkedNotch : public testing::Test {
     }
   }
 
+  /// Gives the bar in the view from above a cope.
+  void notchFirst() {
+    open(ids_[0], [](TestMember& bar) {
+      AcGePoint3d a, b;
+      bar.GetPointsOfEixo(a, b, 1);
+      Polygon polygon = cope();
+      for (AcGePoint2d& p : polygon.points) p += AcGeVector2d(a.x, a.y);
+      ASSERT_EQ(notch(bar, polygon, kInCope + AcGeVector2d(a.x, a.y)), Acad::eOk);
+    });
+  }
+
   template <class Use>
   static void open(const AcDbObjectId& id, Use use) {
     AcDbObject* object = nullptr;
@@ -693,13 +833,7 @@ class LinkedNotch : public testing::Test {
 };
 
 TEST_F(LinkedNotch, ShowsInTheViewOfTheSamePairAndIsStoredInAll) {
-  open(ids_[0], [](TestMember& bar) {
-    AcGePoint3d a, b;
-    bar.GetPointsOfEixo(a, b, 1);
-    Polygon polygon = cope();
-    for (AcGePoint2d& p : polygon.points) p += AcGeVector2d(a.x, a.y);
-    ASSERT_EQ(notch(bar, polygon, kInCope + AcGeVector2d(a.x, a.y)), Acad::eOk);
-  });
+  notchFirst();
   for (std::size_t k = 1; k < 4; ++k) {
     open(ids_[k], [&](TestMember& bar) {
       EXPECT_EQ(tagged(bar, KR_VTX_RECORTE).size(), k == 1 ? 2u : 0u) << k;
@@ -716,6 +850,46 @@ TEST_F(LinkedNotch, ShowsInTheViewOfTheSamePairAndIsStoredInAll) {
     EXPECT_EQ(tagged(bar, KR_VTX_RECORTE).size(), 2u);
   });
   open(ids_[4], [](TestMember& bar) { EXPECT_NEAR(bar.getComprimentoReal(), 1000, 1e-9); });
+}
+
+TEST_F(LinkedNotch, IsStoredInALinkedSection) {
+  notchFirst();
+  open(ids_[4], [](TestMember& bar) {
+    bar.setVista(Superior);
+    bar.Gera_KrVector();
+    EXPECT_EQ(shown(bar).length(), 1);
+  });
+}
+
+TEST_F(LinkedNotch, SkipsAMemberThatDoesntOpen) {
+  AcDbObject* held = nullptr;
+  ASSERT_EQ(acdbOpenAcDbObject(held, ids_[1], AcDb::kForRead), Acad::eOk);
+  notchFirst();
+  held->close();
+  open(ids_[1], [](TestMember& bar) {
+    EXPECT_EQ(shown(bar).length(), 0);
+    EXPECT_TRUE(tagged(bar, KR_VTX_RECORTE).empty());
+  });
+  open(ids_[0], [](TestMember& bar) { EXPECT_EQ(shown(bar).length(), 1); });
+  open(ids_[2], [](TestMember& bar) {
+    bar.setVista(Superior);
+    bar.Gera_KrVector();
+    EXPECT_EQ(shown(bar).length(), 1) << "those behind it aren't skipped";
+  });
+}
+
+TEST_F(LinkedNotch, ReachesMembersOnALockedLayerAndLeavesItLocked) {
+  open(ids_[1], [](TestMember& bar) { ASSERT_EQ(bar.setLayer(L"PERFIL"), Acad::eOk); });
+  const AcDbObjectId layer = drawing_.layer(L"PERFIL");
+  int before = 0;
+  ASSERT_EQ(krLockLayer(layer, 1, before), Acad::eOk);
+  notchFirst();
+  const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForRead);
+  ASSERT_EQ(record.openStatus(), Acad::eOk);
+  EXPECT_TRUE(record->isLocked());
+  const AcDbObjectPointer<KrObject> bar(ids_[1], AcDb::kForRead);
+  ASSERT_EQ(bar.openStatus(), Acad::eOk);
+  EXPECT_EQ(shown(*bar).length(), 1);
 }
 
 TEST_F(LinkedNotch, AtTheEndShortensThemAll) {
@@ -758,12 +932,8 @@ TEST_F(LinkedNotch, OfOneEndIsRemovedInAll) {
 }
 
 TEST_F(LinkedNotch, StaysWhenASplitIsRemoved) {
+  notchFirst();
   open(ids_[0], [](TestMember& bar) {
-    AcGePoint3d a, b;
-    bar.GetPointsOfEixo(a, b, 1);
-    Polygon polygon = cope();
-    for (AcGePoint2d& p : polygon.points) p += AcGeVector2d(a.x, a.y);
-    ASSERT_EQ(notch(bar, polygon, kInCope + AcGeVector2d(a.x, a.y)), Acad::eOk);
     KrObjectSplit split;
     split.setZPos(500);
     bar.addSplit(split, 0);

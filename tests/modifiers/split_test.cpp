@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "modifiers/NotchSpace.h"
+#include "object/Drawing.h"
 
 namespace {
 
@@ -151,6 +152,36 @@ TEST(Split, OfNegativeLengthIsTheSameGap) {
   EXPECT_TRUE(holdsLine(bar, 310, 50, 310, -50));
 }
 
+/// A bar in a drawing, which is made anew when it is closed.
+class DrawnBar : public testing::Test {
+ protected:
+  DrawnBar() {
+    auto* bar = new TestMember;
+    makeBar(*bar);
+    id_ = drawing_.append(bar);
+  }
+
+  template <class Use>
+  void open(Use use) {
+    AcDbObject* object = nullptr;
+    ASSERT_EQ(acdbOpenAcDbObject(object, id_, AcDb::kForWrite), Acad::eOk);
+    use(static_cast<TestMember&>(*object));
+    object->close();
+  }
+
+  Drawing drawing_;
+  AcDbObjectId id_;
+};
+
+TEST_F(DrawnBar, TakesADeferredSplitWhenItIsClosed) {
+  open([](TestMember& bar) {
+    EXPECT_EQ(bar.addSplit(splitAt(300, 20), 1), 0);
+    EXPECT_EQ(bar.numSplits(), 1);
+    EXPECT_EQ(contoursOf(bar), 1);
+  });
+  open([](TestMember& bar) { EXPECT_EQ(contoursOf(bar), 2); });
+}
+
 // --- Visual limits ---------------------------------------------------------------------------------------------------
 
 std::vector<KrVector> breakLines(const KrObject& member) {
@@ -195,6 +226,26 @@ TEST(VisualLimit, DrawsABreakLineAndHidesWhatLiesBeyond) {
   const auto once = elementsOf(bar);
   bar.Gera_KrVector();
   EXPECT_TRUE(sameList(elementsOf(bar), once, 0));
+}
+
+TEST_F(DrawnBar, ShowsALimitWhenItIsClosed) {
+  open([](TestMember& bar) {
+    bar.setVisualRepEnd(0.7);
+    EXPECT_TRUE(breakLines(bar).empty());
+  });
+  open([](TestMember& bar) {
+    EXPECT_EQ(breakLines(bar).size(), 5u);
+    bar.setVisualRepStart(0.2);
+    EXPECT_EQ(breakLines(bar).size(), 5u);
+  });
+  open([](TestMember& bar) {
+    EXPECT_EQ(breakLines(bar).size(), 10u);
+    bar.setVisualRepScale(0.5);
+  });
+  open([](TestMember& bar) {
+    // The far end of the zigzag's second line stands 15 of the symbol's size behind the limit.
+    EXPECT_TRUE(runs(breakLines(bar)[1], 700, 5, 700 - 7.5, 1));
+  });
 }
 
 TEST(VisualLimit, AtBothEndsLeavesTheMiddle) {

@@ -220,6 +220,72 @@ TEST(SectionQuarter, TurningDoesNotRegenerate) {
   EXPECT_THAT(lists::of(member, Superior), lists::Are(before));
 }
 
+// --- What a view really shows ----------------------------------------------------------------------------------------
+
+TEST(RealView, OfATurnedSectionIsTheSideThatFacesTheViewer) {
+  // By quarters of the section: the real view, and whether it stands mirrored from its usual sense.
+  struct Real {
+    KrVistas view;
+    int inverted;
+  };
+  const struct {
+    KrVistas view;
+    Real real[4];
+  } cases[] = {{Superior, {{Superior, 0}, {Direita, 0}, {Inferior, 1}, {Esquerda, 1}}},
+               {Inferior, {{Inferior, 0}, {Esquerda, 0}, {Superior, 1}, {Direita, 1}}},
+               {Esquerda, {{Esquerda, 0}, {Superior, 1}, {Direita, 1}, {Inferior, 0}}},
+               {Direita, {{Direita, 0}, {Inferior, 1}, {Esquerda, 1}, {Superior, 0}}}};
+  for (const auto& c : cases) {
+    for (int q = 0; q < 4; ++q) {
+      SCOPED_TRACE(testing::Message() << "view " << c.view << ", quarter " << q);
+      TestMember member;
+      member.setVista(c.view);
+      member.setAngleSecao(q * kPi / 2);
+      int inverted = 7;
+      EXPECT_EQ(member.GetVistaReal(inverted), c.real[q].view);
+      EXPECT_EQ(inverted, c.real[q].inverted);
+    }
+  }
+}
+
+TEST(RealView, RoundsQuartersUpwardsFromTheirIntegerPart) {
+  const struct {
+    double quarters;
+    KrVistas real;
+    int inverted;
+  } cases[] = {{0.5, Direita, 0},     // one
+               {-0.75, Superior, 0},  // none: what lies below its integer part doesn't count
+               {-1.25, Esquerda, 1},  // one back
+               {-0.25, Superior, 0},
+               {4.6, Direita, 0}};
+  for (const auto& c : cases) {
+    TestMember member;
+    member.setVista(Superior);
+    member.setAngleSecao(c.quarters * kPi / 2);
+    int inverted = 7;
+    EXPECT_EQ(member.GetVistaReal(inverted), c.real) << c.quarters;
+    EXPECT_EQ(inverted, c.inverted) << c.quarters;
+  }
+}
+
+TEST(RealView, OfASectionIsTheSectionAndSaysNothingOfASense) {
+  for (const KrVistas view : kSections) {
+    TestMember member;
+    member.setVista(view);
+    member.setAngleSecao(kPi / 2);
+    int inverted = 7;
+    EXPECT_EQ(member.GetVistaReal(inverted), view);
+    EXPECT_EQ(inverted, 7);
+  }
+}
+
+TEST(RealView, ByTheFrameNeedsAReferenceLine) {
+  TestMember member;
+  member.setVista(Superior);
+  EXPECT_EQ(member.Vista(1), -2);
+  EXPECT_EQ(member.Vista(0), Superior);
+}
+
 // --- From view to view -----------------------------------------------------------------------------------------------
 
 struct Pair {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cmath>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -92,8 +93,17 @@ class Model {
       add("cut side", cuts.GetPlane(i).signedDistanceTo(cuts.GetSide(i)));
     }
   }
+  /// Both arrays: the notches that the view shows, and those that the view from the next side does.
   void addNotches(const KrObject& member) {
     if (KrObject::isSecao(member.Vista(0)) != Acad::eNotApplicable) return;
+    addNotchesShown(member);
+    const std::unique_ptr<AcRxObject> copy(member.clone());
+    KrObject& turned = *KrObject::cast(copy.get());
+    turned.setVista(member.Vista(0) <= Inferior ? Direita : Superior);
+    turned.Gera_KrVector();
+    addNotchesShown(turned);
+  }
+  void addNotchesShown(const KrObject& member) {
     KrObjectRecorteArray notches;
     member.getRecortesWCS(notches);
     add("notches", notches.length());

@@ -278,7 +278,8 @@ struct Stretch {
 /// Of a straight line. A chord of an arc is as good as one.
 constexpr int kSamples = 23;
 
-std::vector<Stretch> steelOf(const KrObject& member, const Sheet& sheet) {
+/// With the bands of holes seen edge on, if asked.
+std::vector<Stretch> steelOf(const KrObject& member, const Sheet& sheet, bool withBands = false) {
   /// How far a chord lies at most off its arc: no sample leaves what bounds it.
   constexpr double kSagitta = 0.2 * kSlack;
   std::vector<Stretch> all;
@@ -287,7 +288,8 @@ std::vector<Stretch> steelOf(const KrObject& member, const Sheet& sheet) {
   for (int i = 0; i < list.length(); ++i) {
     const KrVector& v = list[i];
     if (v.hidden() != 0) continue;
-    if (v.type() == KR_VT_LINHA || v.type() == KR_VT_LINHA_OCULTA) {
+    const bool isBand = withBands && v.type() == KR_VT_FURO_LINHA;
+    if (isBand || v.type() == KR_VT_LINHA || v.type() == KR_VT_LINHA_OCULTA) {
       all.push_back({placed(v.startPoint()), placed(v.endPoint()), kSamples});
     } else if (v.type() == KR_VT_ARCO || v.type() == KR_VT_ARCO_OCULTO) {
       // Through its three points; straight where they are in line.
@@ -339,7 +341,7 @@ TEST(Space, NothingThatIsTakenAwayRemainsDrawn) {
         std::string wrong;
         for (const KrVistas view : kElevations) {
           const auto other = seenIn(recipe, *work.member, view);
-          for (const Stretch& s : steelOf(*other, Sheet(recipe, view))) {
+          for (const Stretch& s : steelOf(*other, Sheet(recipe, view), true)) {
             forEachSample(s, [&](const Place& p) {
               if (!wrong.empty()) return;
               if (!work.prism.isTaken(view, p, kSlack)) return;
