@@ -73,6 +73,18 @@ Acad::ErrorStatus KrObject::applyPartialUndo(AcDbDwgFiler* filer, AcRxClass* cla
   return AcDbEntity::applyPartialUndo(filer, classe);
 }
 
+Acad::ErrorStatus KrObject::decomposeForSave(AcDb::AcDbDwgVersion version, AcDbObject*& replacement,
+                                             AcDbObjectId& replacementId, Adesk::Boolean& exchangeXData) {
+  assertReadEnabled();
+  return AcDbEntity::decomposeForSave(version, replacement, replacementId, exchangeXData);
+}
+
+Acad::ErrorStatus KrObject::subWblockClone(AcRxObject* owner, AcDbObject*& copia, AcDbIdMapping& idMap,
+                                           bool isPrimary) const {
+  assertReadEnabled();
+  return AcDbEntity::subWblockClone(owner, copia, idMap, isPrimary);
+}
+
 Acad::ErrorStatus KrObject::subGetTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copia) const {
   assertReadEnabled();
   return AcDbEntity::subGetTransformedCopy(xform, copia);

@@ -1,7 +1,9 @@
 // Filing: one layout for file, copy, undo and clone. Only the list of the view shown is filed, so that a member read
-// back draws at once. What version 9 leaves out (splits, visual limits, cropping objects, the other lists) doesn't come
-// back.
+// back draws at once. What version 9 leaves out (splits, visual limits, cropping objects, the other lists) the reader
+// leaves as it is.
 
+#include <algorithm>
+#include <cmath>
 #include <cwchar>
 
 #include "object/KrObject.h"
@@ -61,6 +63,11 @@ void readWord(AcDbDwgFiler* filer, Enum& field) {
   Adesk::UInt16 word = 0;
   filer->readUInt16(&word);
   field = static_cast<Enum>(word);
+}
+
+/// Whether something can be shown at a scale that a file tells.
+bool isScale(double factor) {
+  return std::isfinite(factor) && factor > 0;
 }
 
 AcGePoint3d atLevel(const AcGePoint3d& p, double z) {
@@ -163,7 +170,12 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
   if (version_ >= kFirstWithNotches)
     for (KrObjectRecorteArray& notches : recortes_)
       if (const Acad::ErrorStatus es = notches.dwgInFields(filer); es != Acad::eOk) return es;
-  if (version_ >= kFirstWithExtensions && !readExtensions(filer)) return Acad::eOk;
+  if (version_ >= kFirstWithExtensions) {
+    bool complete = true;
+    if (const Acad::ErrorStatus es = readExtensions(filer, complete); es != Acad::eOk || !complete) return es;
+  }
+  // What broke off isn't of the newest version, and nothing is drawn from it.
+  if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
 
   version_ = kKrObjectVersion;
   AcGePoint3d p[4];
@@ -221,7 +233,7 @@ Acad::ErrorStatus KrObject::readModel(AcDbDwgFiler* filer) {
     cortes_.expect(cuts);
     cortes_.Add(plane, side);
   }
-  return Acad::eOk;
+  return filer->filerStatus();
 }
 
 Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
@@ -237,6 +249,7 @@ Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
     filer->readDouble(&bulge);
     secao_.Add(vertex, bulge);
   }
+  if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
   // An outline is measured from its reference node: without that it is none.
   if (!secao_.isEmpty() && secao_.numNodes() <= secao_.Qtd()) return Acad::eInvalidInput;
   if (const Acad::ErrorStatus es = readHoles(filer); es != Acad::eOk) return es;
@@ -246,7 +259,10 @@ Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
   readIds(filer, relativeDim_);
   readIds(filer, relativePos_);
   tipoBarra_ = Barra;
-  return Acad::eOk;
+  if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
+  // A regeneration divides by the scales. What a member was given all the same, its copies and its undo hold too.
+  const bool drawable = isScale(xScale_) && isScale(yScale_) && isScale(zScale_);
+  return drawable || filer->filerType() != AcDb::kFileFiler ? Acad::eOk : Acad::eInvalidInput;
 }
 
 Acad::ErrorStatus KrObject::readHoles(AcDbDwgFiler* filer) {
@@ -265,38 +281,41 @@ Acad::ErrorStatus KrObject::readHoles(AcDbDwgFiler* filer) {
     furos_.expect(holes);
     furos_.Add(ini, fim, diametro, stretch, angle);
   }
-  return Acad::eOk;
+  return filer->filerStatus();
 }
 
-// False when an extension's class isn't there: the rest of the object is then left as it was.
-bool KrObject::readExtensions(AcDbDwgFiler* filer) {
+// Without an extension's class nothing more is read: the rest of the object is then left as it was.
+Acad::ErrorStatus KrObject::readExtensions(AcDbDwgFiler* filer, bool& complete) {
   for (int i = 0; i < 3; ++i) {
     AcDbHardPointerId layer;
     filer->readHardPointerId(&layer);
   }
   Adesk::Int32 count = 0;
   filer->readInt32(&count);
+  if (count > kMostCounted) return Acad::eInvalidInput;
   deleteExtensions();
-  for (int i = 0; i < count && filer->filerStatus() == Acad::eOk; ++i) {
+  extensions_.resize(static_cast<std::size_t>(std::max(count, 0)));
+  for (KrObjectExtension*& slot : extensions_) {
     ACHAR* name = nullptr;
     filer->readString(&name);
     const std::wstring className = name != nullptr ? name : L"";
     acutDelString(name);
-    extensions_.push_back(nullptr);
+    if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
     if (className.empty()) continue;
     AcRxClass* cls = AcRxClass::cast(acrxClassDictionary->at(className.c_str()));
-    if (cls == nullptr) return false;
+    complete = cls != nullptr;
+    if (!complete) return Acad::eOk;
     AcRxObject* const made = cls->create();
-    KrObjectExtension* extension = KrObjectExtension::cast(made);
-    if (extension == nullptr) {
+    slot = KrObjectExtension::cast(made);
+    complete = slot != nullptr;
+    if (!complete) {
       delete made;
-      return false;
+      return Acad::eOk;
     }
-    extensions_.back() = extension;
-    extension->dwgInFieldsExtension(filer);
-    extension->setCurExtendedObj(this);
+    slot->dwgInFieldsExtension(filer);
+    slot->setCurExtendedObj(this);
   }
-  return true;
+  return filer->filerStatus();
 }
 
 // The host's own audit comes last, and only for a member in which nothing was found.

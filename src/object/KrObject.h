@@ -599,6 +599,8 @@ class KrObject : public AcDbEntity {
   KrObjectModCData* accessCDataToMod(ObjMods mod, int indice) const;
   Acad::ErrorStatus assocCDataToMod(ObjMods mod, int indice, KrObjectModCData* dados);
   void purgeModCData(int mods, AcRxClass* classe);
+  /// Takes the extension over and appends it. Its id is that of the last one plus 1, or 1 without any; an empty slot
+  /// has no id.
   void addKrObjectExtension(KrObjectExtension* extensao);
   const KrObjectExtension* getKrObjectExtension(unsigned id) const;
   int modifyKrObjectExtension(unsigned id, const KrObjectExtension* extensao);
@@ -654,6 +656,11 @@ class KrObject : public AcDbEntity {
   Acad::ErrorStatus subClose() override;
   void saveAs(AcGiWorldDraw* draw, AcDb::SaveType type) override;
   Acad::ErrorStatus applyPartialUndo(AcDbDwgFiler* filer, AcRxClass* classe) override;
+  // A member is saved as it is and cloned as the host clones: these see to the access alone.
+  Acad::ErrorStatus decomposeForSave(AcDb::AcDbDwgVersion version, AcDbObject*& replacement,
+                                     AcDbObjectId& replacementId, Adesk::Boolean& exchangeXData) override;
+  Acad::ErrorStatus subWblockClone(AcRxObject* owner, AcDbObject*& copia, AcDbIdMapping& idMap,
+                                   bool isPrimary) const override;
 
  protected:
   Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
@@ -723,7 +730,8 @@ class KrObject : public AcDbEntity {
   void drawElement(AcGiWorldDraw* draw, AcGiSubEntityTraits& traits, const KrVector& v, AcDbObjectId entityLayer) const;
   Acad::ErrorStatus readModel(AcDbDwgFiler* filer);
   Acad::ErrorStatus readLinksAndOutline(AcDbDwgFiler* filer);
-  bool readExtensions(AcDbDwgFiler* filer);
+  /// `complete` tells whether every extension's class was there.
+  Acad::ErrorStatus readExtensions(AcDbDwgFiler* filer, bool& complete);
   bool readIdentity(StrictDxfReader& in);
   bool readPlacement(StrictDxfReader& in);
   bool readCuts(StrictDxfReader& in);

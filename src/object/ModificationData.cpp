@@ -69,8 +69,8 @@ void KrObject::purgeModCData(int mods, AcRxClass* classe) {
 void KrObject::addKrObjectExtension(KrObjectExtension* extensao) {
   assertWriteEnabled();
   extensao->setCurExtendedObj(this);
-  const KrObjectExtension* last = extensions_.empty() ? nullptr : extensions_.back();
-  extensao->setExtensionId(last == nullptr ? 1U : last->extensionId() + 1U);
+  const auto last = std::find_if(extensions_.rbegin(), extensions_.rend(), [](auto* e) { return e != nullptr; });
+  extensao->setExtensionId(last == extensions_.rend() ? 1U : (*last)->extensionId() + 1U);
   extensions_.push_back(extensao);
 }
 

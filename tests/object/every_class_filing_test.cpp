@@ -258,19 +258,38 @@ TEST_F(MemberLosses, OfADeepClone) {
   clone->close();
 }
 
+// Undo reads into the member as it stands: what its record doesn't hold stays as it is now, what it replaces is new.
 TEST_F(MemberLosses, OfAnUndo) {
   std::unique_ptr<KrObject> before = rich();
   before->setUserName(L"P7");
+  ASSERT_EQ(before->numSplits(), 1);
   const AcDbObjectId id = drawing.append(before.release());
   drawing.database()->startUndoRecord();
   KrObject* member = nullptr;
   ASSERT_EQ(acdbOpenObject(member, id, AcDb::kForWrite), Acad::eOk);
   member->setUserName(L"changed");
+  KrObjectSplit split;
+  split.setZPos(900);
+  split.setLength(30);
+  member->addSplit(split, 1);
+  member->setVisualRepStart(0.2);
+  member->setVisualRepEnd(0.8);
+  member->setVisualRepScale(3);
   member->close();
+  ASSERT_EQ(acdbOpenObject(member, id, AcDb::kForRead), Acad::eOk);
+  const int othersShown = member->GetNumVertex(Direita);
+  member->close();
+  ASSERT_GT(othersShown, 0);
   ASSERT_EQ(drawing.database()->undo(), Acad::eOk);
   ASSERT_EQ(acdbOpenObject(member, id, AcDb::kForRead), Acad::eOk);
   EXPECT_STREQ(member->userName(), L"P7");
-  // Undo reads into the member as it stands: what its record doesn't hold stays, but what it replaces is new.
+  ASSERT_EQ(member->numSplits(), 2);
+  EXPECT_DOUBLE_EQ(member->splitList()[0].zPos(), 400);
+  EXPECT_DOUBLE_EQ(member->splitList()[1].zPos(), 900);
+  EXPECT_DOUBLE_EQ(member->visualRepStart(), 0.2);
+  EXPECT_DOUBLE_EQ(member->visualRepEnd(), 0.8);
+  EXPECT_DOUBLE_EQ(member->visualRepScale(), 3);
+  EXPECT_EQ(member->GetNumVertex(Direita), othersShown);
   EXPECT_EQ(member->accessCDataToMod(ModFuro, 0), nullptr);
   EXPECT_EQ(member->accessCDataToMod(ModCorte, 0), nullptr);
   EXPECT_NE(member->accessCDataToMod(ModRecorte, 0), nullptr);

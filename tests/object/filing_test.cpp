@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
 #include <vector>
 
 #include "object/Drawing.h"
@@ -204,6 +205,44 @@ TEST(MemberFiling, OfAnEmptyListRegeneratesWhenRead) {
   TestMember back;
   ASSERT_EQ(back.dwgInFieldsData(&filer), Acad::eOk);
   EXPECT_GT(back.GetNumVertex(Direita), 0);
+}
+
+TEST(MemberSaving, IsSavedAsItself) {
+  // The member's own, not the entity's alone.
+  static_assert(std::is_same_v<decltype(&KrObject::decomposeForSave),
+                               Acad::ErrorStatus (KrObject::*)(AcDb::AcDbDwgVersion, AcDbObject*&, AcDbObjectId&,
+                                                               Adesk::Boolean&)>);
+  static_assert(std::is_same_v<decltype(&KrObject::subWblockClone),
+                               Acad::ErrorStatus (KrObject::*)(AcRxObject*, AcDbObject*&, AcDbIdMapping&, bool) const>);
+  Drawing drawing;
+  auto* const member = new Filed;
+  member->fill();
+  const AcDbObjectId id = drawing.append(member);
+  KrObject* opened = nullptr;
+  ASSERT_EQ(acdbOpenObject(opened, id, AcDb::kForRead), Acad::eOk);
+  AcDbObject* replacement = opened;
+  AcDbObjectId replacementId = id;
+  Adesk::Boolean exchange = Adesk::kTrue;
+  EXPECT_EQ(opened->decomposeForSave(AcDb::kDHL_1015, replacement, replacementId, exchange), Acad::eOk);
+  EXPECT_EQ(replacement, nullptr);
+  EXPECT_TRUE(replacementId.isNull());
+  EXPECT_FALSE(exchange);
+  opened->close();
+}
+
+std::wstring lastAbort;
+
+TEST(MemberSaving, AsksForAnOpenMember) {
+  Drawing drawing;
+  const AcDbObjectId id = drawing.append(new KrObject);
+  auto& closed = static_cast<KrObject&>(*id.stub()->object);
+  const AcRxAbortHandler former = acrxSetAbortHandler([](const ACHAR* message) { lastAbort = message; });
+  AcDbObject* replacement = nullptr;
+  AcDbObjectId replacementId;
+  Adesk::Boolean exchange = Adesk::kFalse;
+  closed.decomposeForSave(AcDb::kDHL_1015, replacement, replacementId, exchange);
+  acrxSetAbortHandler(former);
+  EXPECT_EQ(lastAbort, L"KrObject: eNotOpenForRead\n");
 }
 
 TEST(MemberUndo, RestoresTheModelThroughItsOwnFiler) {

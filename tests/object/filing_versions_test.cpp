@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "object/Drawing.h"
 #include "object/MemberLayout.h"
 #include "object/TestMember.h"
+#include "records/KrObjectTextExtension.h"
 
 namespace {
 
@@ -126,6 +129,23 @@ class MemberLayouts : public testing::Test {
     AcDbMemoryDwgFiler filer(AcDb::kFileFiler, layout.bytes());
     return member.dwgInFieldsData(&filer);
   }
+
+  /// A text as a file holds it.
+  static MemberLayout::Extension textExtension(Adesk::UInt32 id) {
+    return {L"KrObjectTextExtension", [id](AcDbDwgFiler& filer) {
+              filer.writeUInt32(1);
+              filer.writeUInt32(id);
+              filer.writeUInt32(1);
+              filer.writeString(L"P12");
+              filer.writeUInt32(9);
+              filer.writeVector3d(AcGeVector3d(0, 0, 0));
+              filer.writeHardPointerId(AcDbHardPointerId());
+              filer.writeHardPointerId(AcDbHardPointerId());
+              filer.writeDouble(30);
+              filer.writeDouble(0);
+            }};
+  }
+
   Drawing drawing;
 };
 
@@ -240,6 +260,63 @@ TEST_F(MemberLayouts, WhatNoMemberCanHoldIsRefused) {
   EXPECT_EQ(read(member, noReference), Acad::eInvalidInput);
 }
 
+TEST_F(MemberLayouts, WhatBreaksOffKeepsItsVersionAndIsNotDrawn) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.version = 3;
+  for (std::vector<KrVector>& list : layout.lists) list.clear();
+  layout.relativePos = {drawing.append(new AcDbLine)};
+  AcDbMemoryDwgFiler::Buffer bytes = layout.bytes();
+  bytes.resize(bytes.size() - 2);
+  TestMember member;
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler, bytes);
+  EXPECT_EQ(member.dwgInFieldsData(&filer), Acad::eEndOfObject);
+  EXPECT_EQ(versionOf(member), 3);
+  EXPECT_EQ(member.outline().Qtd(), 5) << "what was read stays";
+  EXPECT_EQ(member.GetNumVertex(Superior), 0) << "the empty list isn't regenerated";
+  layout.relativePos.clear();
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  EXPECT_EQ(versionOf(member), MemberLayout::kNewest);
+  EXPECT_GT(member.GetNumVertex(Superior), 4) << "whole it is";
+}
+
+// The role stands behind the links: a file that breaks off in these has none, and the member keeps its own.
+TEST_F(MemberLayouts, NothingBehindABreakIsTaken) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.version = 5;
+  AcDbMemoryDwgFiler::Buffer bytes = layout.bytes();
+  bytes.resize(bytes.size() - 1);
+  TestMember member;
+  member.settipoBarra(Pilar);
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler, bytes);
+  EXPECT_EQ(member.dwgInFieldsData(&filer), Acad::eEndOfObject);
+  EXPECT_EQ(versionOf(member), 5);
+}
+
+// At a scale of 0 a regeneration would make numbers that are none.
+TEST_F(MemberLayouts, AFileOfScalesAtWhichNothingCanBeDrawnIsRefused) {
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  constexpr double kEndless = std::numeric_limits<double>::infinity();
+  for (double MemberLayout::*const scale : {&MemberLayout::xScale, &MemberLayout::yScale, &MemberLayout::zScale})
+    for (const double bad : {0.0, -0.5, kNone, kEndless}) {
+      MemberLayout layout = MemberLayout::plate();
+      for (std::vector<KrVector>& list : layout.lists) list.clear();
+      layout.*scale = bad;
+      TestMember member;
+      EXPECT_EQ(read(member, layout), Acad::eInvalidInput) << bad;
+      EXPECT_EQ(member.GetNumVertex(Superior), 0) << bad;
+    }
+}
+
+TEST_F(MemberLayouts, ACopyHoldsAnyScaleThatItsMemberWasGiven) {
+  TestMember member;
+  member.setXscale(0);
+  TestMember copy;
+  ASSERT_EQ(copy.copyDataFrom(&member), Acad::eOk);
+  double scale = 1;
+  copy.Xscale(scale);
+  EXPECT_EQ(scale, 0);
+}
+
 TEST_F(MemberLayouts, ASaveDropsLinksToDimensionsThatAreGoneAndACopyKeepsThem) {
   const AcDbObjectId living = drawing.append(new AcDbLine);
   const AcDbObjectId gone = drawing.append(new AcDbLine);
@@ -283,6 +360,49 @@ TEST_F(MemberLayouts, AClassThatIsNoExtensionStopsItToo) {
   TestMember member;
   EXPECT_EQ(read(member, layout), Acad::eOk);
   EXPECT_EQ(member.getKrObjectExtension(1), nullptr);
+}
+
+TEST_F(MemberLayouts, SlotsBehindAnUnknownExtensionAreCountedAndEmpty) {
+  for (const wchar_t* const unknown : {L"SomeoneElsesMark", L"AcDbLine"}) {
+    MemberLayout layout = MemberLayout::plate();
+    layout.hidden = drawing.layer(L"L-HIDDEN");
+    layout.hideFace = drawing.layer(L"KR_HIDE_FACE");
+    layout.axis = drawing.layer(L"EIXO");
+    layout.extensions = {{unknown, {}}, textExtension(2)};
+    TestMember member;
+    ASSERT_EQ(read(member, layout), Acad::eOk);
+    EXPECT_EQ(member.getKrObjectExtension(2), nullptr) << "what stands behind it isn't read";
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+    member.dwgOutFieldsData(&filer);
+    layout.extensions = {{L"", {}}, {L"", {}}};
+    EXPECT_EQ(filer.buffer(), layout.bytes());
+  }
+}
+
+TEST_F(MemberLayouts, MoreExtensionsThanAnyMemberHasAreRefused) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.extensions.resize(65536);
+  TestMember member;
+  EXPECT_EQ(read(member, layout), Acad::eInvalidInput);
+  layout.extensions.resize(65535);
+  EXPECT_EQ(read(member, layout), Acad::eOk);
+}
+
+TEST_F(MemberLayouts, AnExtensionAddedBehindEmptySlotsGetsANumberOfItsOwn) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.extensions = {textExtension(1), textExtension(2), {L"", {}}};
+  TestMember member;
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  auto* const added = new KrObjectTextExtension;
+  member.addKrObjectExtension(added);
+  EXPECT_EQ(added->extensionId(), 3U);
+  EXPECT_EQ(member.getKrObjectExtension(3), added);
+  layout.extensions = {{L"", {}}, {L"", {}}};
+  TestMember empty;
+  ASSERT_EQ(read(empty, layout), Acad::eOk);
+  auto* const first = new KrObjectTextExtension;
+  empty.addKrObjectExtension(first);
+  EXPECT_EQ(first->extensionId(), 1U);
 }
 
 TEST_F(MemberLayouts, AnEmptySlotOfAnExtensionHasNothingBehindItsName) {
