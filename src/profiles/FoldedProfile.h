@@ -39,7 +39,7 @@
     return MiddleLine::strips(linhaMedia_, espessura_);   \
   }
 
-/// Filing behind the base: the version, the parameters and the line.
+/// Filing behind the base: the version, the parameters and the line. A drawing that holds no outline gets it back.
 #define KR_FOLDED_DEFINE_DWG(CLASS)                                                                  \
   Acad::ErrorStatus CLASS::dwgOutFields(AcDbDwgFiler* filer) const {                                 \
     assertReadEnabled();                                                                             \
@@ -54,6 +54,7 @@
     const Acad::ErrorStatus es = ProfileHelpers::readFields(filer, versao_, kVersion, filed(*this)); \
     if (es != Acad::eOk) return es;                                                                  \
     MiddleLine::readNodes(filer, linhaMedia_);                                                       \
+    MiddleLine::restoreOutline(outline(), linhaMedia_, espessura_);                                  \
     versao_ = kVersion;                                                                              \
     return filer->filerStatus();                                                                     \
   }

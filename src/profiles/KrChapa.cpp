@@ -226,6 +226,7 @@ Acad::ErrorStatus KrChapa::dwgInFields(AcDbDwgFiler* filer) {
     filer->readDouble(&largura_);
     linhaMedia_ = std::make_shared<KrGeratriz>();
     MiddleLine::readNodes(filer, *linhaMedia_);
+    MiddleLine::restoreOutline(outline(), *linhaMedia_, espessura_);
   }
   if (versao_ >= kVersionWithType) {
     Adesk::Int16 tipo = 0;

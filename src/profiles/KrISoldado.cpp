@@ -184,6 +184,7 @@ Acad::ErrorStatus KrISoldado::dwgInFields(AcDbDwgFiler* filer) {
     filer->readDouble(&tf1_);
     filer->readDouble(&tf2_);
   }
+  MiddleLine::restoreOutline(outline(), linhaMedia_, tf1_);
   versao_ = kVersion;
   return filer->filerStatus();
 }

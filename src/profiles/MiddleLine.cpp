@@ -23,6 +23,9 @@ constexpr std::int16_t kDxfVersionRead = 1;
 
 constexpr int kDxfNormal = 210;
 
+/// More nodes than this a line can't count.
+constexpr Adesk::Int32 kMostCounted = 65535;
+
 FoldedStrip::Turn opposite(FoldedStrip::Turn turn) {
   return turn == FoldedStrip::kLeft ? FoldedStrip::kRight : FoldedStrip::kLeft;
 }
@@ -138,6 +141,14 @@ void thicken(KrObject& bar, KrGeratriz& line, double espessura) {
   bar.Gera_KrVector(bar.startPoint(), line, bar.Vista(0), espessura, hasOrigin ? 0 : 1);
 }
 
+void restoreOutline(KrGeratriz& outline, const KrGeratriz& line, double espessura) {
+  // A branch of n nodes gives 2 n + 1, and has two at least. A line from a file may be too long for an outline.
+  constexpr int kMostThickened = kMostCounted / 3;
+  if (outline.Qtd() != 0 || line.Qtd() == 0 || line.numNodes() <= line.Qtd() || line.Qtd() > kMostThickened) return;
+  outline.Clear();
+  KrObject::gera_Secao(line, outline, espessura);
+}
+
 AcArray<double> strips(const KrGeratriz& line, double espessura) {
   const AcArray<double> lengths = KrObject::Calcula_LengthGeratriz(line);
   AcArray<double> pairs;
@@ -163,6 +174,7 @@ void readNodes(AcDbDwgFiler* filer, KrGeratriz& line, WithoutCount without) {
   line.Clear();
   Adesk::Int32 qtd = 0;
   filer->readInt32(&qtd);
+  if (qtd > kMostCounted) filer->setFilerStatus(Acad::eInvalidInput);
   if (qtd == 0 && without == kNoneWithoutCount) return;
   for (Adesk::Int32 i = 0; i <= qtd && filer->filerStatus() == Acad::eOk; ++i) {
     AcGeVector3d vertex;

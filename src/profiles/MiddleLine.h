@@ -104,6 +104,10 @@ void writeHalves(KrGeratriz& line, KrGeratriz& half, const AcGeVector3d& origin,
 /// from DXF has, leaves the outline as it stands.
 void thicken(KrObject& bar, KrGeratriz& line, double espessura);
 
+/// Gives a bar that was filed without an outline the one of its line; nothing happens where one stands, or without a
+/// line with its origin. Nothing is regenerated.
+void restoreOutline(KrGeratriz& outline, const KrGeratriz& line, double espessura);
+
 /// Thickness and developed length of each strip of a line, in turn.
 AcArray<double> strips(const KrGeratriz& line, double espessura);
 
@@ -111,7 +115,8 @@ AcArray<double> strips(const KrGeratriz& line, double espessura);
 void writeNodes(AcDbDwgFiler* filer, const KrGeratriz& line);
 /// Whether a count of 0 is followed by the origin's node all the same, or by nothing.
 enum WithoutCount : bool { kNoneWithoutCount = false, kOriginWithoutCount = true };
-/// Reads the line back in the place of what it held. Stops where the filer does.
+/// Reads the line back in the place of what it held. Stops where the filer does; more nodes than a line can count end
+/// in `Acad::eInvalidInput` in the filer.
 void readNodes(AcDbDwgFiler* filer, KrGeratriz& line, WithoutCount without = kOriginWithoutCount);
 
 /// Files in DXF: the class's subclass marker, group 40 with the marker of a version, group 170, a group 40 per

@@ -6,6 +6,7 @@
 
 #include "FoldedSamples.h"
 #include "object/DxfRecords.h"
+#include "object/MemberLayout.h"
 #include "records/Filing.h"
 
 namespace {
@@ -192,6 +193,62 @@ TEST_P(FoldedFiling, FileThatBreaksOffWithinTheLineIsReported) {
   filer.writeVector3d(AcGeVector3d(1, 2, 3));
   filer.seek(0);
   EXPECT_NE(GetParam().empty()->dwgInFields(&filer), Acad::eOk);
+}
+
+// Files of the first two versions hold no outline, and one of any version may hold an empty one.
+TEST_P(FoldedFiling, DwgWithoutAnOutlineGetsItBackFromTheLine) {
+  const std::unique_ptr<KrObject> bar = GetParam().make();
+  for (const int version : {1, 2, 9}) {
+    MemberLayout layout;
+    layout.version = version;
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+    layout.write(filer);
+    filer.writeInt16(1);
+    for (const double parameter : GetParam().parameters) filer.writeDouble(parameter);
+    folded::writeLine(filer, folded::filedLine(*bar, static_cast<int>(GetParam().parameters.size())));
+    filer.seek(0);
+    const std::unique_ptr<KrObject> read = GetParam().empty();
+    ASSERT_EQ(read->dwgInFieldsData(&filer), Acad::eOk);
+    EXPECT_TRUE(filer.atEnd());
+    profile::expectOutline(*read, profile::outlineOf(*bar));
+    read->Gera_KrVector(Direita);
+    EXPECT_GT(read->GetNumVertex(Direita), 0);
+  }
+}
+
+TEST_P(FoldedFiling, DwgWithAnOutlineKeepsIt) {
+  const std::unique_ptr<KrObject> bar = GetParam().make();
+  const MemberLayout layout = MemberLayout::plate();
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  layout.write(filer);
+  filer.writeInt16(1);
+  for (const double parameter : GetParam().parameters) filer.writeDouble(parameter);
+  folded::writeLine(filer, folded::filedLine(*bar, static_cast<int>(GetParam().parameters.size())));
+  filer.seek(0);
+  const std::unique_ptr<KrObject> read = GetParam().empty();
+  ASSERT_EQ(read->dwgInFieldsData(&filer), Acad::eOk);
+  EXPECT_EQ(profile::outlineOf(*read).size(), layout.outline.size());
+}
+
+TEST_P(FoldedFiling, DwgOfALineLongerThanItCanCountIsRefused) {
+  for (const Adesk::Int32 count : {65535, 65536}) {
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+    MemberLayout layout;
+    layout.version = 2;
+    layout.write(filer);
+    filer.writeInt16(1);
+    for (const double parameter : GetParam().parameters) filer.writeDouble(parameter);
+    filer.writeInt32(count);
+    for (Adesk::Int32 i = 0; i <= count; ++i) {
+      filer.writeVector3d(AcGeVector3d(i, i % 2, 0));
+      filer.writeDouble(i < count ? 0 : KrGeratriz::kReferenceBulge);
+    }
+    filer.seek(0);
+    const std::unique_ptr<KrObject> read = GetParam().empty();
+    EXPECT_EQ(read->dwgInFieldsData(&filer), count > 65535 ? Acad::eInvalidInput : Acad::eOk);
+    // Its outline would have twice as many.
+    EXPECT_TRUE(profile::outlineOf(*read).empty());
+  }
 }
 
 TEST_P(FoldedFiling, CopyOfEverythingFilesTheSame) {

@@ -266,4 +266,13 @@ inline void expectLine(const std::vector<profile::Node>& nodes, const std::vecto
   }
 }
 
+/// Files a middle line as `filedLine` gives it.
+inline void writeLine(AcDbDwgFiler& filer, const std::vector<profile::Node>& nodes) {
+  filer.writeInt32(static_cast<Adesk::Int32>(nodes.size()) - 1);
+  for (const profile::Node& node : nodes) {
+    filer.writeVector3d(AcGeVector3d(node.x, node.y, 0.0));
+    filer.writeDouble(node.bulge);
+  }
+}
+
 }  // namespace folded

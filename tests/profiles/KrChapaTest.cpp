@@ -1,6 +1,7 @@
 #include "profiles/KrChapa.h"
 
 #include "FoldedSamples.h"
+#include "object/MemberLayout.h"
 #include "records/Filing.h"
 
 namespace {
@@ -156,6 +157,24 @@ TEST(KrChapa, DwgHasVersionTwoThicknessWidthLineAndKind) {
   filing::NotingDwgFiler again;
   read.dwgOutFields(&again);
   EXPECT_EQ(again.items, filer.items);
+}
+
+TEST(KrChapa, DwgWithoutAnOutlineGetsItBackFromTheLine) {
+  MemberLayout layout;
+  layout.version = 2;
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  layout.write(filer);
+  filer.writeInt16(1);
+  filer.writeDouble(8);
+  filer.writeDouble(120);
+  folded::writeLine(filer, {{0, 0, 0}, {0, 120, 0}, {0, 0, -5000}});
+  filer.seek(0);
+  KrChapa read;
+  ASSERT_EQ(read.dwgInFieldsData(&filer), Acad::eOk);
+  // Half the thickness to the left of the line, then back on its other side.
+  profile::expectOutline(read, {{-4, 0, 0}, {-4, 120, 0}, {4, 120, 0}, {4, 0, 0}, {-4, 0, 0}, {0, 0, -5000}});
+  read.Gera_KrVector(Direita);
+  EXPECT_GT(read.GetNumVertex(Direita), 0);
 }
 
 // Unlike every other class it reads any version: without the kind below 2, nothing at 0, all from 2 on.

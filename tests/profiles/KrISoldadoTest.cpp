@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "FoldedSamples.h"
+#include "object/MemberLayout.h"
 #include "records/Filing.h"
 
 namespace {
@@ -107,6 +108,27 @@ TEST(KrISoldado, DwgOfTheOlderLayoutHasOneThicknessForBothFlanges) {
       read, {PARAMETER(KrISoldado, tf, 9), PARAMETER(KrISoldado, tw, 6), PARAMETER(KrISoldado, altura, 300),
              PARAMETER(KrISoldado, mesa1, 150), PARAMETER(KrISoldado, mesa2, 200), PARAMETER(KrISoldado, KgMetro, 36),
              PARAMETER(KrISoldado, tf1, 9), PARAMETER(KrISoldado, tf2, 9)});
+}
+
+TEST(KrISoldado, DwgWithoutAnOutlineGetsItBackAtTheFlangesOwnThicknesses) {
+  const std::unique_ptr<KrISoldado> bar = welded();
+  MemberLayout layout;
+  layout.version = 2;
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  layout.write(filer);
+  filer.writeDouble(std::numeric_limits<double>::max());
+  filer.writeInt16(4);
+  for (const double field : {0.0, 6.0, 300.0, 150.0, 200.0, 40.0}) filer.writeDouble(field);
+  folded::writeLine(filer, folded::filedLine(*bar, 6, true));
+  filer.writeDouble(10);
+  filer.writeDouble(12.5);
+  filer.seek(0);
+  KrISoldado read;
+  ASSERT_EQ(read.dwgInFieldsData(&filer), Acad::eOk);
+  EXPECT_TRUE(filer.atEnd());
+  profile::expectOutline(read, profile::outlineOf(*bar));
+  read.Gera_KrVector(Direita);
+  EXPECT_GT(read.GetNumVertex(Direita), 0);
 }
 
 TEST(KrISoldado, DwgClassVersionAboveFourIsLeftToAProxy) {
