@@ -304,17 +304,19 @@ TEST_F(ModifierDrawing, AScaleShortensTheBarAndKeepsItsHolesRound) {
   }
 }
 
-TEST_F(ModifierDrawing, AScaledBarThatIsSeenFromBehindStandsAtItsAxisToo) {
-  for (const std::string view : {"Inferior", "Esquerda"}) {
-    SCOPED_TRACE(view);
-    draw(view, R"("holes": [{"view": ")" + view + R"(", "at": [200, 40], "diameter": 18}], "scale": "1:10")");
-    const kr::MemberAxis axis = kr::drawnAxis(job_, job_.members[0]);
-    EXPECT_NEAR(axis.end.x - axis.start.x, 300, kNear);
+TEST_F(ModifierDrawing, AScaledBarStaysAtItsStartInEveryView) {
+  for (const View& view : kViews) {
+    SCOPED_TRACE(view.word);
+    draw(view.word, R"("holes": [{"view": ")" + view.word +
+                        R"(", "at": [200, 40], "diameter": 18}], "scale": "1:10", "scaleAlong": "1:50")");
+    EXPECT_TRUE(hasEdge(bar(), 0, view.half / 10, 60, view.half / 10));
+    EXPECT_TRUE(hasEdge(bar(), 0, view.half / 10, 0, -view.half / 10));
     const Elements holes = ofType(bar(), KR_VT_FURO);
     ASSERT_THAT(holes, SizeIs(1));
-    EXPECT_TRUE(isAt(holes[0].midPoint(), axis.start.x + 20, 4));
-    const double half = view == "Inferior" ? 5 : 8;
-    EXPECT_TRUE(hasEdge(bar(), axis.start.x, half, axis.end.x, half));
+    EXPECT_TRUE(isAt(holes[0].midPoint(), 4, 4));
+    const kr::MemberAxis axis = kr::drawnAxis(job_, job_.members[0]);
+    EXPECT_NEAR(axis.start.x, 0, kNear);
+    EXPECT_NEAR(axis.end.x, 60, kNear);
   }
 }
 

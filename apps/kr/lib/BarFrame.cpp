@@ -51,12 +51,8 @@ MemberAxis drawnAxis(const Job& job, const JobMember& member) {
   const JobModifiers& modifiers = job.modifiers[member.modifiers];
   const double along = modifiers.scaleAlong > 0 ? modifiers.scaleAlong : modifiers.scale;
   if (along <= 0) return axis;
-  // Those that see the bar from behind are drawn from its end.
-  const bool fromEnd = member.view == 2 || member.view == 3;
-  JobPoint& fixed = fromEnd ? axis.end : axis.start;
-  JobPoint& moved = fromEnd ? axis.start : axis.end;
-  const AcGeVector3d bar = fromTo(fixed, moved) * along;
-  moved = {fixed.x + bar.x, fixed.y + bar.y, fixed.z + bar.z};
+  const AcGeVector3d bar = fromTo(axis.start, axis.end) * along;
+  axis.end = {axis.start.x + bar.x, axis.start.y + bar.y, axis.start.z + bar.z};
   return axis;
 }
 

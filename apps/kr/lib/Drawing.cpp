@@ -66,11 +66,14 @@ class MemberLayers {
   std::vector<AcDbObjectId> ids_;
 };
 
-// The scale that a job gives a member in its plane.
+// The scale that a job gives a member in its plane, about the bar's start.
 void applyScale(const JobModifiers& modifiers, KrObject& member) {
   const double across = modifiers.scale > 0 ? modifiers.scale : 1;
   const double along = modifiers.scaleAlong > 0 ? modifiers.scaleAlong : across;
+  const AcGePoint3d end = member.endPoint();
   member.ObjectScale(along, across, across);
+  // From behind a bar is drawn from its end, about which it was scaled.
+  if (member.isInverted() != 0) member.transformBy(AcGeMatrix3d::translation(end - member.endPoint()));
 }
 
 bool makeLayers(const Job& job, AcDbDatabase& database, std::string& why) {

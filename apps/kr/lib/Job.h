@@ -210,7 +210,7 @@ struct MemberAxis {
 };
 MemberAxis memberAxis(const Job& job, const JobMember& member);
 
-/// The same as the member is drawn in the plane of the job: its own scale shortens it towards its start as drawn.
+/// The same as the member is drawn in the plane of the job: its own scale shortens it towards its start.
 MemberAxis drawnAxis(const Job& job, const JobMember& member);
 
 }  // namespace kr
