@@ -117,7 +117,7 @@ Acad::ErrorStatus KrObject::moveCortesVista(const AcGeVector3d& v, const AcArray
 
 // A cut shows by the edge that closes its section. A later clip may have split that edge and left the pieces without
 // their tag: then they are known by lying on the trace.
-void KrObject::deleteModifiersNotVisible() {
+int KrObject::deleteModifiersNotVisible() {
   assertWriteEnabled();
   const KrObjectArray<KrVector>& lista = currentVertexList(VistaCorrente);
   const auto isShown = [&](int cut) {
@@ -142,6 +142,8 @@ void KrObject::deleteModifiersNotVisible() {
   for (std::size_t i = 0; i < shown.size(); ++i) shown[i] = isShown(static_cast<int>(i));
   // The walk runs over the cuts as they were, and removes at the same place of the list as it is by now: after one
   // removal a later place holds the cut behind. Kept as it is.
+  const int before = cortes_.Qtd();
   for (std::size_t i = 0; i < shown.size(); ++i)
     if (!shown[i]) cortes_.removeAt(static_cast<int>(i));
+  return before - cortes_.Qtd();
 }

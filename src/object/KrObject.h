@@ -134,6 +134,7 @@ class KrObject : public AcDbEntity {
   Acad::ErrorStatus Xscale(double& escala) const;
   Acad::ErrorStatus Yscale(double& escala) const;
   Acad::ErrorStatus Zscale(double& escala) const;
+  /// A factor of 0 is refused with `eInvalidInput`.
   Acad::ErrorStatus setXscale(double escala);
   Acad::ErrorStatus setYscale(double escala);
   Acad::ErrorStatus setZscale(double escala);
@@ -230,6 +231,8 @@ class KrObject : public AcDbEntity {
   Acad::ErrorStatus ClearVertexes(KrVistas vista);
   /// The first axis line (`KR_VT_EIXO`) of a view; 0 when it has none.
   int GetVectorEixo(KrVistas vista, KrVector& v) const;
+  /// Rewrites it, and in the elevation shown the member's start and end point with it. 0 when there is none, or when
+  /// `v` isn't told in numbers.
   int UpdateVectorEixo(KrVistas vista, const KrVector& v);
   /// Ends of the first axis line (`qual` 0) or reference line (any other) of the current view; `eNotApplicable`
   /// without.
@@ -522,8 +525,8 @@ class KrObject : public AcDbEntity {
   void RemoveCortes() { RemoveMods(ModCorte, -1); }
   void RemoveCortes(int extremo, int regenera);
   Acad::ErrorStatus moveCortesVista(const AcGeVector3d& v, const AcArray<int>& indices);
-  /// Drops the cuts that left no edge in the current view.
-  void deleteModifiersNotVisible();
+  /// Drops the cuts that left no edge in the current view; how many went.
+  int deleteModifiersNotVisible();
 
   // --- Notches: the clipper and what stands on it
   // --------------------------------------------------------------------
@@ -536,7 +539,8 @@ class KrObject : public AcDbEntity {
   Acad::ErrorStatus RecorteVisual(const AcArray<AcGePoint2d>& pontos, const AcArray<double>& bulges, AcGePoint2d& lado,
                                   int atualizaEixo, RecorteOutLinesOpts opcoes, AcArray<void*>* saida);
   Acad::ErrorStatus RecHideVisual(const AcArray<AcGePoint2d>& pontos, const AcArray<double>& bulges, AcGePoint2d& lado);
-  /// The one clipper: splits every element where it meets the polygon and judges each piece by its mid point.
+  /// The one clipper: splits every element where it meets the polygon and judges each piece by its mid point. A polygon
+  /// or a side point that isn't told in numbers clips nothing.
   static void RecorteKrVectorArray(RecKrVectorArrayArgs& args);
   static void RecorteKrVectorArray(KrObjectArray<KrVector>& elementos, const AcArray<AcGePoint2d>& pontos,
                                    const AcArray<double>& bulges, const AcGePoint2d& lado, int manterFora,

@@ -173,9 +173,9 @@ TEST(CutsNotVisible, AreDroppedAndTheOthersStay) {
     bar.ObjectScale(scale, scale, scale);
     bar.cutAt(900 * scale, 950 * scale);
     bar.cut({850 * scale, 0, 0}, {860 * scale, 10 * scale, 0}, {900 * scale, 0, 0});
-    bar.deleteModifiersNotVisible();
+    EXPECT_EQ(bar.deleteModifiersNotVisible(), 1);
     ASSERT_EQ(bar.numCortes(), 1) << "the mitre took the first cut's edge away: it reaches beyond it nowhere";
-    bar.deleteModifiersNotVisible();
+    EXPECT_EQ(bar.deleteModifiersNotVisible(), 0);
     EXPECT_EQ(bar.numCortes(), 1);
     bar.Gera_KrVector();
     bar.deleteModifiersNotVisible();
@@ -187,11 +187,39 @@ TEST(CutsNotVisible, AreDroppedAndTheOthersStay) {
 TEST(CutsNotVisible, OneThatIsAskewInTheViewShowsByItsTrace) {
   CutBar master;
   master.cut({850, 0, 0}, {860, 10, 0}, {900, 0, 0});
-  CutBar side(Direita);
-  side.addCortes(master.stored(), 0);
-  side.Gera_KrVector();
-  side.deleteModifiersNotVisible();
-  EXPECT_EQ(side.numCortes(), 1);
+  for (const double scale : {1.0, 0.1}) {
+    CutBar side(Direita);
+    side.ObjectScale(scale, scale, scale);
+    side.addCortes(master.stored(), 0);
+    side.Gera_KrVector();
+    EXPECT_EQ(side.deleteModifiersNotVisible(), 0) << scale;
+    EXPECT_EQ(side.numCortes(), 1);
+  }
+}
+
+TEST(CutsNotVisible, LeaveTwoOfWhichTheSecondFindsItsPlaceGone) {
+  CutBar bar;
+  bar.cutAt(900, 950);
+  bar.cutAt(100, 50);
+  bar.ClearVertexes(Superior);
+  EXPECT_EQ(bar.deleteModifiersNotVisible(), 1) << "the first goes, and place 1 is past the end by then";
+  EXPECT_EQ(bar.numCortes(), 1);
+}
+
+TEST(CutsNotVisible, TakeNoNotchWithThem) {
+  CutBar bar;
+  KrObjectRecorteArray notches;
+  AcArray<AcGePoint2d> corners;
+  for (const AcGePoint2d& p : {AcGePoint2d(2000, 30), AcGePoint2d(2000, 60), AcGePoint2d(2100, 60)}) corners.append(p);
+  AcArray<double> bulges;
+  bulges.setLogicalLength(3);
+  bulges.setAll(0.0);
+  notches.append(KrObjectRecorte(corners, bulges, AcGePoint2d(2010, 50)));
+  ASSERT_EQ(bar.addRecortesWCS(notches), Acad::eOk);
+  EXPECT_EQ(bar.deleteModifiersNotVisible(), 0);
+  KrObjectRecorteArray left;
+  bar.getRecortesWCS(left);
+  EXPECT_EQ(left.length(), 1) << "although it lies past the bar";
 }
 
 TEST(CutsNotVisible, OneWhoseEdgeWasSplitAndLostItsTagShowsByThePieces) {
