@@ -76,25 +76,32 @@ int writeAll(FileSystem& files, int descriptor, std::string_view contents) {
   return 0;
 }
 
-bool isRest(int descriptor, std::string_view contents) {
+// Gives `take` the contents of a file piece by piece, until it returns false.
+template <class Take>
+int readPieces(const std::string& path, Take take) {
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) return errno;
   std::array<char, 65536> buffer;
+  int error = 0;
   for (;;) {
     const ssize_t got = ::read(descriptor, buffer.data(), buffer.size());
     if (got < 0 && errno == EINTR) continue;
-    if (got <= 0) return got == 0 && contents.empty();
-    const std::string_view piece(buffer.data(), std::size_t(got));
-    if (!contents.starts_with(piece)) return false;
-    contents.remove_prefix(piece.size());
+    if (got < 0) error = errno;
+    if (got <= 0 || !take(std::string_view(buffer.data(), std::size_t(got)))) break;
   }
+  ::close(descriptor);
+  return error;
 }
 
 // Whether a file, read back, holds exactly `contents`.
 bool holds(const std::string& path, std::string_view contents) {
-  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) return false;
-  const bool same = isRest(descriptor, contents);
-  ::close(descriptor);
-  return same;
+  bool same = true;
+  const int error = readPieces(path, [&](std::string_view piece) {
+    same = contents.starts_with(piece);
+    if (same) contents.remove_prefix(piece.size());
+    return same;
+  });
+  return error == 0 && same && contents.empty();
 }
 
 /// The temporary file beside the target: closed and removed unless it has taken the target's place.
@@ -170,10 +177,33 @@ int inspect(FileSystem& files, const std::string& target, const ReplaceOptions& 
   return 0;
 }
 
+// What the system answers where it can't give this file a second name.
+bool cannotLink(int error) {
+  return error == EPERM || error == EOPNOTSUPP || error == ENOSYS || error == EMLINK;
+}
+
+// The old file stays where it is, whole, whatever becomes of the copy.
+int copyToBackup(FileSystem& files, const std::string& target, unsigned mode) {
+  std::string contents;
+  if (const int error = readPieces(target, [&](std::string_view piece) {
+        contents += piece;
+        return true;
+      }))
+    return error;
+  const std::string backup = backupName(target);
+  TemporaryFile copy(files);
+  if (const int error = copy.create(backup)) return error;
+  if (const int error = copy.write(contents)) return error;
+  if (const int error = copy.setMode(mode)) return error;
+  if (const int error = copy.finish()) return error;
+  if (const int error = copy.prove(contents)) return error;
+  return copy.moveTo(backup);
+}
+
 // The backup is a second name of the old file, so that the old contents are never without one.
-int backUp(FileSystem& files, const std::string& target) {
+int backUp(FileSystem& files, const std::string& target, unsigned mode) {
   const std::string spare = target + ".bak" + std::to_string(::getpid());
-  if (const int error = files.link(target, spare)) return error;
+  if (const int error = files.link(target, spare)) return cannotLink(error) ? copyToBackup(files, target, mode) : error;
   const int error = files.rename(spare, backupName(target));
   if (error != 0) files.remove(spare);
   return error;
@@ -191,7 +221,7 @@ int writeSpecial(FileSystem& files, const std::string& target, std::string_view 
 // File systems without second names for a file leave only the rename.
 int putNew(TemporaryFile& temporary, const std::string& target) {
   const int error = temporary.linkTo(target);
-  return error == EPERM || error == EOPNOTSUPP ? temporary.moveTo(target) : error;
+  return cannotLink(error) ? temporary.moveTo(target) : error;
 }
 
 int replace(FileSystem& files, const std::string& target, std::string_view contents, const ReplaceOptions& options) {
@@ -204,7 +234,7 @@ int replace(FileSystem& files, const std::string& target, std::string_view conte
   if (const int error = old.present ? temporary.setMode(old.mode) : 0) return error;
   if (const int error = temporary.finish()) return error;
   if (const int error = temporary.prove(contents)) return error;
-  if (const int error = old.present && options.keepBackup ? backUp(files, target) : 0) return error;
+  if (const int error = old.present && options.keepBackup ? backUp(files, target, old.mode) : 0) return error;
   const int error = options.overwrite ? temporary.moveTo(target) : putNew(temporary, target);
   return error != 0 ? error : files.syncFolder(folderOf(target));
 }

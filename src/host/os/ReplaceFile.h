@@ -11,8 +11,8 @@ namespace os {
 struct ReplaceOptions {
   /// Whether a file that stands there may be replaced at all.
   bool overwrite = true;
-  /// Whether the file that stood there is kept under its name with ".bak" in the place of its ending. Needs a file
-  /// system that can give a file two names; on others the replacement is refused and nothing changes.
+  /// Whether the file that stood there is kept under its name with ".bak" in the place of its ending: a second
+  /// name of it, or a copy where the file system can't give a file two names.
   bool keepBackup = false;
 };
 

@@ -213,6 +213,65 @@ TEST_P(ReplaceFailure, AtAnyStepLeavesTheOldFileOrTheNewOne) {
 
 INSTANTIATE_TEST_SUITE_P(WithAndWithoutBackup, ReplaceFailure, testing::Bool());
 
+/// A file system that gives no file two names, and whose n-th step fails.
+class LinklessFileSystem final : public FailingFileSystem {
+ public:
+  explicit LinklessFileSystem(int error, int failingStep = 0) : FailingFileSystem(failingStep, ENOSPC), error_(error) {}
+  int link(const std::string&, const std::string&) override { return error_; }
+
+ private:
+  int error_;
+};
+
+TEST(ReplaceWithoutSecondNames, KeepsACopyOfTheOldFileAsBackup) {
+  for (const int error : {EPERM, EOPNOTSUPP, ENOSYS, EMLINK}) {
+    const Scratch scratch;
+    scratch.write("a.dxf", kOld);
+    scratch.write("a.bak", "older still");
+    ::chmod(scratch.path("a.dxf").c_str(), 0640);
+    LinklessFileSystem files(error);
+    EXPECT_TRUE(os::replaceFile(scratch.path("a.dxf"), kNew, {.keepBackup = true}, files)) << error;
+    EXPECT_EQ(scratch.read("a.dxf"), kNew);
+    EXPECT_EQ(scratch.read("a.bak"), kOld);
+    struct stat found {};
+    ::stat(scratch.path("a.bak").c_str(), &found);
+    EXPECT_EQ(found.st_mode & 07777U, 0640U);
+    EXPECT_THAT(scratch.names(), testing::UnorderedElementsAre("a.dxf", "a.bak"));
+  }
+}
+
+TEST(ReplaceWithoutSecondNames, LeavesTheOldFileOrTheNewOneWhicheverStepFails) {
+  int step = 1;
+  for (;; ++step) {
+    const Scratch scratch;
+    scratch.write("a.dxf", kOld);
+    scratch.write("a.bak", "older still");
+    LinklessFileSystem files(EPERM, step);
+    const os::ReplaceResult result = os::replaceFile(scratch.path("a.dxf"), kNew, {.keepBackup = true}, files);
+    if (!files.hasFailed()) {
+      EXPECT_TRUE(result);
+      break;
+    }
+    ASSERT_FALSE(result) << "step " << step;
+    ASSERT_THAT(scratch.read("a.dxf"), testing::AnyOf(kOld, kNew)) << "step " << step;
+    ASSERT_THAT(scratch.read("a.bak"), testing::AnyOf("older still", kOld)) << "step " << step;
+    ASSERT_TRUE(scratch.read("a.dxf") == kOld || scratch.read("a.bak") == kOld) << "step " << step;
+    ASSERT_THAT(scratch.names(), testing::UnorderedElementsAre("a.dxf", "a.bak")) << "step " << step;
+  }
+  // Ten writes of the new contents, four of the old, each of at most four bytes, and the steps around them.
+  EXPECT_GT(step, 20);
+}
+
+TEST(ReplaceWithoutSecondNames, RefusesOtherErrorsOfTheSecondName) {
+  const Scratch scratch;
+  scratch.write("a.dxf", kOld);
+  LinklessFileSystem files(EACCES);
+  EXPECT_EQ(os::replaceFile(scratch.path("a.dxf"), kNew, {.keepBackup = true}, files).kind,
+            ReplaceErrorKind::notWritable);
+  EXPECT_EQ(scratch.read("a.dxf"), kOld);
+  EXPECT_THAT(scratch.names(), testing::ElementsAre("a.dxf"));
+}
+
 TEST(Replace, WritesToADeviceWithoutTakingItsPlace) {
   if (!std::filesystem::is_character_file("/dev/full")) GTEST_SKIP() << "no device that is always full";
   const os::ReplaceResult result = os::replaceFile("/dev/full", kNew);
