@@ -324,6 +324,26 @@ TEST(PlotSvg, IsDrawnAlikeByAnotherProgram) {
   EXPECT_LT(sum / 255.0 / static_cast<double>(own.rgb.size()), 0.002);
 }
 
+TEST(Plot, TellsOnceThatThereAreMorePartsThanItDraws) {
+  DrawWith nothing([](AcGiWorldDraw&) {});
+  DrawWith bar([](AcGiWorldDraw& draw) { line(draw, 10, 5, 90, 5); });
+  const auto plotted = [&](int parts) {
+    DrawWith drawable([&](AcGiWorldDraw& draw) {
+      for (int i = 0; i < parts; ++i) draw.geometry().draw(&nothing);
+      draw.geometry().draw(&bar);
+    });
+    return plotOne(sheetOf(drawable), PlotFormat::svg);
+  };
+  const PlotOutput whole = plotted(100);
+  ASSERT_TRUE(whole);
+  EXPECT_TRUE(whole.warnings.empty());
+  const PlotOutput cut = plotted(4'000'000);
+  ASSERT_TRUE(cut);
+  ASSERT_EQ(cut.warnings.size(), 1U);
+  EXPECT_THAT(cut.warnings[0], HasSubstr("the drawing is incomplete"));
+  EXPECT_LT(cut.bytes.size(), whole.bytes.size()) << "the bar came too late";
+}
+
 TEST(PlotErrors, AreValuesThatSayWhatIsWrong) {
   DrawWith drawable = sample();
   const auto kindOf = [](const PlotOutput& output) {

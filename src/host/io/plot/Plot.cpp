@@ -138,6 +138,9 @@ class Plotter {
     for (AcGiDrawable* drawable : drawables) {
       if (drawable != nullptr) draw.drawWhole(*drawable);
     }
+    if (draw.regenAbort() != Adesk::kFalse) {
+      warnings_.add("blocks within blocks tell of more figures than are drawn: the drawing is incomplete");
+    }
     canvas.flush();
     return std::nullopt;
   }
