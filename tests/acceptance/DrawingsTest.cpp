@@ -158,7 +158,8 @@ TEST_F(Drawings, AreTheSameBytesWhenOpenedAndSavedAgain) {
   for (const std::string ending : {".dwg", ".dxf"}) {
     ASSERT_EQ(runShell("kr convert " + path("a" + ending) + " " + path("b" + ending)).code, 0);
     ASSERT_EQ(runShell("kr convert " + path("b" + ending) + " " + path("c" + ending)).code, 0);
-    EXPECT_EQ(saved("b" + ending), saved("c" + ending)) << ending;
+    EXPECT_TRUE(saved("a" + ending) == saved("b" + ending)) << ending;
+    EXPECT_TRUE(saved("b" + ending) == saved("c" + ending)) << ending;
   }
 }
 
@@ -329,6 +330,13 @@ TEST_F(Drawings, StayWhenTheNewOneCannotBeSaved) {
   EXPECT_EQ(runShell("kr convert " + path("a.dwg") + " " + path("b.pdf")).code, 1);
 }
 
+// Whether the tests run under a sanitizer, where each start of the program takes many times as long.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kIsSanitized = true;
+#else
+constexpr bool kIsSanitized = false;
+#endif
+
 // Tells when a file comes into a folder.
 class FolderWatch {
  public:
@@ -392,12 +400,12 @@ TEST_F(Drawings, AreTheOldOrTheNewOneWhenTheProgramIsKilled) {
   std::uniform_int_distribution<std::int64_t> anywhere(0, whole.count());
   // From the first byte to the file in its place takes less than this.
   std::uniform_int_distribution<std::int64_t> withinSave(0, 1500);
-  constexpr int kRounds = 400;
-  constexpr auto kMostTime = std::chrono::seconds(10);  // on a machine that is busy
+  constexpr int kWantedWithinSaves = kIsSanitized ? 20 : 200;
+  constexpr auto kMostTime = std::chrono::seconds(120);  // on a machine that is busy
   const auto start = Clock::now();
   int killed = 0;
   int withinSaves = 0;  // a temporary file is left
-  for (int i = 0; i < kRounds && Clock::now() - start < kMostTime; ++i) {
+  for (int i = 0; withinSaves < kWantedWithinSaves && Clock::now() - start < kMostTime; ++i) {
     watch.forget();
     const pid_t child = startConversion(folder.path(i % 2 == 0 ? "a.dwg" : "b.dwg"), target);
     if (i % 4 == 0) {
@@ -408,12 +416,14 @@ TEST_F(Drawings, AreTheOldOrTheNewOneWhenTheProgramIsKilled) {
       while (Clock::now() < end) continue;
     }
     killed += endNow(child) ? 1 : 0;
+    bool isWithinSave = false;
     for (const auto& entry : fs::directory_iterator(folder.path("save"))) {
       const std::string name = entry.path().filename().string();
       if (name == "target.dwg" || name == "target.bak") continue;
-      ++withinSaves;
+      isWithinSave = true;
       fs::remove(entry.path());
     }
+    withinSaves += isWithinSave ? 1 : 0;
     const std::string now = saved("save/target.dwg");
     ASSERT_TRUE(now == first || now == second) << "round " << i;
     const std::string backup = saved("save/target.bak");
@@ -421,8 +431,8 @@ TEST_F(Drawings, AreTheOldOrTheNewOneWhenTheProgramIsKilled) {
   }
   RecordProperty("killed", killed);
   RecordProperty("killed_within_saves", withinSaves);
-  EXPECT_GT(killed, 20);
-  EXPECT_GT(withinSaves, 10);
+  EXPECT_GE(killed, withinSaves);
+  EXPECT_EQ(withinSaves, kWantedWithinSaves);
   EXPECT_EQ(runShell("kr audit " + quoted(target)).code, 0);
 }
 

@@ -20,6 +20,13 @@ bool isHosts(const AcRxClass& rxClass) {
   return application == L"ObjectDBX Classes" || application == L"krhost";
 }
 
+/// Whether the class that a record names is there: objects of it that are proxies all the same were refused by it.
+bool isLoaded(const AcDbClassRecord& record) {
+  const AcRxClass* const found = acrxFindClass(record.cppName.c_str());
+  return found != nullptr && found->constructor() != nullptr && found->dxfName() != nullptr &&
+         record.dxfName == found->dxfName() && found->isDerivedFrom(AcDbEntity::desc()) == record.isEntity();
+}
+
 /// Whether an entity belongs to an object that doesn't list its entities: it stands with the objects then.
 bool isStray(const AcDbStub& stub) {
   const AcRxClass* const own = stub.object->isA();
@@ -31,7 +38,7 @@ bool isStray(const AcDbStub& stub) {
   return entity == nullptr || entity->subentities() == nullptr;
 }
 
-/// All that stands in the section of objects, in its order.
+/// All that stands in the section of objects: the dictionary of named objects, then the others by their handles.
 std::vector<AcDbObject*> plainObjects(AcDbDatabase& database) {
   std::vector<AcDbObject*> objects;
   for (const AcDbStub& stub : database.handleTable().stubs()) {
@@ -88,7 +95,7 @@ AcDbClassRecord Writer::classOf(const AcDbProxyData& data, bool entity) {
 void Writer::addClass(const AcDbClassRecord& record, bool asProxy) {
   const auto [entry, isNew] = classPlaces_.try_emplace(record.dxfName, classes_.size());
   if (isNew) classes_.push_back(record);
-  classes_[entry->second].wasProxy = asProxy;
+  if (asProxy) classes_[entry->second].wasProxy = true;
 }
 
 void Writer::listClasses() {
@@ -128,6 +135,9 @@ void Writer::listClasses() {
     const bool entity = own->isDerivedFrom(AcDbEntity::desc());
     record.itemClassId = entity ? AcDbClassRecord::kEntityClass : AcDbClassRecord::kObjectClass;
     if (!classPlaces_.contains(record.dxfName)) addClass(record, false);
+  }
+  for (AcDbClassRecord& record : classes_) {
+    if (isLoaded(record)) record.wasProxy = false;
   }
 }
 
