@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 
 #include "Budget.h"
 #include "frame/Module.h"
@@ -131,7 +132,33 @@ void writeAndReadAgain(const Format& format, AcDbDatabase& database) {
   if (second != first) fail("a drawing that was only opened is saved as other bytes: " + difference(first, second));
 }
 
-bool tryReading(const Format& format, std::span<const std::byte> bytes, bool recover) {
+/// How many entities each block has, by the handle of its record.
+std::map<std::uint64_t, std::size_t> entitiesOfBlocks(const AcDbDatabase& database) {
+  std::map<std::uint64_t, std::size_t> counts;
+  for (const AcDbStub& stub : database.handleTable().stubs()) {
+    if (stub.object == nullptr || stub.has(AcDbStub::kErased)) continue;
+    const auto* const block = AcDbBlockTableRecord::cast(stub.object);
+    if (block == nullptr) continue;
+    counts[stub.handle] = std::size_t(std::ranges::count_if(block->entities(), [](const AcDbStub* each) {
+      return each->object != nullptr && !each->has(AcDbStub::kErased);
+    }));
+  }
+  return counts;
+}
+
+void writeOtherwise(const Format& other, AcDbDatabase& database) {
+  bool could = false;
+  const std::vector<std::byte> bytes = written(other, database, could);
+  if (!could) return;
+  const auto again = std::make_unique<AcDbDatabase>(false);
+  krio::Report report;
+  if (other.read(bytes, *again, report, {}) != Acad::eOk)
+    fail("what was written in the other format isn't read", report);
+  if (entitiesOfBlocks(database) != entitiesOfBlocks(*again))
+    fail("a drawing in the other format has other entities", report);
+}
+
+bool tryReading(const Format& format, const Format& other, std::span<const std::byte> bytes, bool recover) {
   const auto database = std::make_unique<AcDbDatabase>(false);
   krio::Report report;
   const Acad::ErrorStatus status = [&] {
@@ -146,13 +173,14 @@ bool tryReading(const Format& format, std::span<const std::byte> bytes, bool rec
   const Working working(*database);
   drawAll(*database);
   writeAndReadAgain(format, *database);
+  writeOtherwise(other, *database);
   return true;
 }
 
 }  // namespace
 
-void tryDrawing(const Format& format, std::span<const std::byte> bytes) {
-  if (!tryReading(format, bytes, false)) tryReading(format, bytes, true);
+void tryDrawing(const Format& format, const Format& other, std::span<const std::byte> bytes) {
+  if (!tryReading(format, other, bytes, false)) tryReading(format, other, bytes, true);
 }
 
 }  // namespace fuzz

@@ -9,6 +9,8 @@
 #include "host/db/db.h"
 #include "host/gi/WorldDrawBase.h"
 #include "host/io/Report.h"
+#include "host/io/dwg/Dwg.h"
+#include "host/io/dxf/Dxf.h"
 
 /// What all targets that work on drawings have in common.
 namespace fuzz {
@@ -40,10 +42,13 @@ struct Format {
   Acad::ErrorStatus (*write)(AcDbDatabase&, std::vector<std::byte>&, krio::Report&);
 };
 
+inline constexpr Format kDwg{krio::readDwg, krio::writeDwg};
+inline constexpr Format kDxf{krio::readDxf, krio::writeDxf};
+
 /// What any bytes must lead to: strictly read, a drawing or an error in the report; recovered, the same. A drawing can
 /// be audited and drawn, nothing of it stays open, and what can be written of it is read strictly and written again as
-/// the same bytes.
-void tryDrawing(const Format& format, std::span<const std::byte> bytes);
+/// the same bytes. What can be written in the other format is read strictly too, with as many entities in each block.
+void tryDrawing(const Format& format, const Format& other, std::span<const std::byte> bytes);
 
 /// A small stream of pseudorandom numbers, for mutators, which get a seed.
 class Dice {

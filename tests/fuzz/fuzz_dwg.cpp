@@ -1,5 +1,6 @@
 // The DWG reader takes any bytes: it ends with a drawing or with an error that is told, strictly and recovering, within
-// its memory and its time; a drawing can be drawn, written, read again and written as the same bytes.
+// its memory and its time; a drawing can be drawn, written, read again and written as the same bytes, and in the other
+// form.
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -7,11 +8,10 @@
 
 #include "Drawings.h"
 #include "DwgParts.h"
-#include "host/io/dwg/Dwg.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz::startModule();
-  fuzz::tryDrawing({krio::readDwg, krio::writeDwg}, std::as_bytes(std::span(data, size)));
+  fuzz::tryDrawing(fuzz::kDwg, fuzz::kDxf, std::as_bytes(std::span(data, size)));
   return 0;
 }
 

@@ -1,5 +1,6 @@
 // The DXF reader takes any bytes: it ends with a drawing or with an error that is told, strictly and recovering, within
-// its memory and its time; a drawing can be drawn, written, read again and written as the same bytes.
+// its memory and its time; a drawing can be drawn, written, read again and written as the same bytes, and in the other
+// form.
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -8,11 +9,10 @@
 #include <vector>
 
 #include "Drawings.h"
-#include "host/io/dxf/Dxf.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz::startModule();
-  fuzz::tryDrawing({krio::readDxf, krio::writeDxf}, std::as_bytes(std::span(data, size)));
+  fuzz::tryDrawing(fuzz::kDxf, fuzz::kDwg, std::as_bytes(std::span(data, size)));
   return 0;
 }
 

@@ -176,6 +176,25 @@ TEST(OwnersThatAreNot, KeepTheirHandleFromNewObjects) {
   expectSavedAndOpened(*read.database, 2);
 }
 
+TEST(OwnersInACircle, AreDroppedWithAWarningSoThatTheDrawingCanBeSaved) {
+  const std::string dictionary = "100\nAcDbDictionary\n281\n1\n";
+  const Text read(oneLine("330\n2A\n", "", "",
+                          "0\nDICTIONARY\n5\n50\n330\n50\n" + dictionary + "0\nDICTIONARY\n5\n51\n330\n52\n" +
+                              dictionary + "0\nDICTIONARY\n5\n52\n330\n53\n" + dictionary +
+                              "0\nDICTIONARY\n5\n53\n330\n51\n" + dictionary));
+  ASSERT_EQ(read.status, Acad::eOk) << textOf(read.report);
+  for (const Adesk::UInt64 handle : {0x2A, 0x50, 0x51, 0x52, 0x53}) {
+    AcDbObjectId id;
+    ASSERT_EQ(read.database->getAcDbObjectId(id, false, AcDbHandle(handle)), Acad::eOk);
+    EXPECT_FALSE(id.isEffectivelyErased());
+    // Of a circle the first that the file names: 51 names its owner ahead of itself.
+    EXPECT_EQ(id.stub()->owner == nullptr, handle == 0x50 || handle == 0x52) << std::hex << handle;
+  }
+  EXPECT_THAT(textOf(read.report), HasSubstr("owners form a circle; it has none now (handle 80"));
+  EXPECT_THAT(textOf(read.report), HasSubstr("owners form a circle; it has none now (handle 82"));
+  expectSavedAndOpened(*read.database, 1);
+}
+
 TEST(Handles, BeyondTheLimitAreRefusedByTheDatabase) {
   AcDbDatabase database;
   const Adesk::UInt64 seed = database.handseed().value();

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "host/db/OwnerChain.h"
 #include "host/io/dwg/Reader.h"
 #include "host/io/dwg/ValueBytes.h"
 
@@ -95,14 +96,10 @@ void Reader::listRecords() {
   }
 }
 
-/// No object may be its own owner, however many steps away. Owners lie a few steps apart; a climb that goes on and on
-/// is taken for a circle.
+/// No object may be its own owner, however many steps away.
 bool Reader::breakOwnerCircles() {
-  constexpr int kMostSteps = 256;
   for (AcDbStub& stub : const_cast<AcDbHandleTable&>(database_.handleTable()).stubs()) {
-    const AcDbStub* at = stub.owner;
-    for (int i = 0; at != nullptr && i < kMostSteps; ++i) at = at->owner;
-    if (at == nullptr) continue;
+    if (!isInOwnerCircle(stub)) continue;
     if (!policy_.goOn("the object's owners form a circle", 0, stub.handle)) return false;
     stub.owner = nullptr;
     circlesBroken_ = true;

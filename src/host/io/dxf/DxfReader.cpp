@@ -1,5 +1,6 @@
 #include "host/io/dxf/DxfReader.h"
 
+#include "host/db/OwnerChain.h"
 #include "host/db/db.h"
 #include "host/io/dxf/Dxf.h"
 #include "host/io/dxf/DxfCodes.h"
@@ -306,6 +307,11 @@ void Reader::finish() {
   drawing_.makeRest();
   if (in_.stopped()) return;
   header_.finish();
+  for (AcDbStub& stub : const_cast<AcDbHandleTable&>(drawing_.db().handleTable()).stubs()) {
+    if (!isInOwnerCircle(stub)) continue;
+    in_.warn("the object's owners form a circle; it has none now", stub.handle);
+    stub.owner = nullptr;
+  }
   const Acad::ErrorStatus es = drawing_.db().finishRead();
   header_.finishStyles();
   if (es != Acad::eOk) in_.fault("the drawing lacks something that it can't be without", 0, es);
