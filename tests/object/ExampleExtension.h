@@ -69,7 +69,9 @@ class BoltData : public KrObjectModCData {
   explicit BoltData(const wchar_t* bolt) : name(bolt) {}
 
   std::wstring name;
+  int goesWithACopy = 1;
 
+  int saveOnCopy() const override { return goesWithACopy; }
   Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override {
     ACHAR* text = nullptr;
     filer->readString(&text);

@@ -348,15 +348,17 @@ Acad::ErrorStatus AcDbCloner::cloneHardReferences() {
     AcDbIdPair pair;
     pairs.getMap(pair);
     if (!pair.isCloned() || !pair.value().isResident()) continue;
-    AcDbStub& stub = *pair.value().stub();
+    const AcDbDatabase* const to = pair.value().database();
     std::vector<AcDbObjectId> wanted;
     {
-      const HostWrite guard(stub);
+      // It is the original that is asked: a clone may file nothing of what isn't in its own drawing.
+      const AcDbObjectPointer<AcDbObject> original(pair.key(), AcDb::kForRead);
+      if (original.openStatus() != Acad::eOk) continue;
       AcDbMemoryDwgFiler record(AcDb::kWblockCloneFiler);
-      if (stub.object->dwgOutFields(&record) != Acad::eOk) continue;
+      if (original->dwgOutFields(&record) != Acad::eOk) continue;
       record.visitReferences([&](AcDbReferenceKind kind, AcDbObjectId& id) {
         AcDbIdPair mapped(id, AcDbObjectId::kNull, false);
-        if (isHard(kind) && id.database() != stub.database && !id.isErased() && !idMap_.compute(mapped)) {
+        if (isHard(kind) && !id.isNull() && id.database() != to && !id.isErased() && !idMap_.compute(mapped)) {
           wanted.push_back(id);
         }
       });
