@@ -65,9 +65,9 @@ void readWord(AcDbDwgFiler* filer, Enum& field) {
   field = static_cast<Enum>(word);
 }
 
-/// Whether something can be shown at a scale that a file tells.
+/// Whether something can be shown at a scale: a regeneration divides by it.
 bool isScale(double factor) {
-  return std::isfinite(factor) && factor > 0;
+  return std::isfinite(factor) && factor != 0;
 }
 
 AcGePoint3d atLevel(const AcGePoint3d& p, double z) {
@@ -260,9 +260,7 @@ Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
   readIds(filer, relativePos_);
   tipoBarra_ = Barra;
   if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
-  // A regeneration divides by the scales. What a member was given all the same, its copies and its undo hold too.
-  const bool drawable = isScale(xScale_) && isScale(yScale_) && isScale(zScale_);
-  return drawable || filer->filerType() != AcDb::kFileFiler ? Acad::eOk : Acad::eInvalidInput;
+  return isScale(xScale_) && isScale(yScale_) && isScale(zScale_) ? Acad::eOk : Acad::eInvalidInput;
 }
 
 Acad::ErrorStatus KrObject::readHoles(AcDbDwgFiler* filer) {

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+#include <limits>
+
 #include "files/Trips.h"
 #include "object/MemberLayout.h"
 
@@ -58,6 +61,46 @@ std::unique_ptr<AcDbProxyEntity> plateOfVersion(int version, Adesk::Int16 own, b
   bits.filer.writeVector3d({0, 0, 0});
   bits.filer.writeDouble(0);
   return bits.proxy(L"KrChapa", L"KRCHAPA", version >= 9 ? 3 : 0);
+}
+
+/// A member of the newest layout without an outline, then what `writeOwn` writes behind it.
+std::unique_ptr<AcDbProxyEntity> memberOf(const wchar_t* className, const wchar_t* dxfName,
+                                          const std::function<void(AcDbDwgFiler&)>& writeOwn,
+                                          MemberLayout layout = MemberLayout()) {
+  BitsOf bits;
+  layout.write(bits.filer);
+  writeOwn(bits.filer);
+  return bits.proxy(className, dxfName, 3);
+}
+
+/// A drawing with a member as a file holds it, from the file.
+struct FromFile {
+  explicit FromFile(std::unique_ptr<AcDbProxyEntity> member)
+      : id(drawing.append(member.release())), went(AcDbProxyEntity::cast(id.stub()->object)->data()) {}
+
+  /// That the file's bits stay with it, and go into the next file.
+  void expectKept() {
+    Opened opened(saved(*drawing.database(), Form::kDwg));
+    const auto* const kept = opened.at<AcDbProxyEntity>(id.handle());
+    ASSERT_NE(kept, nullptr);
+    EXPECT_EQ(kept->data().bits, went.bits);
+    EXPECT_EQ(kept->data().bitCount, went.bitCount);
+    Opened again(saved(opened.database(), Form::kDwg));
+    const auto* const next = again.at<AcDbProxyEntity>(id.handle());
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(next->data().bits, went.bits);
+    EXPECT_EQ(next->data().bitCount, went.bitCount);
+  }
+
+  Drawing drawing;
+  AcDbObjectId id;
+  AcDbProxyData went;
+};
+
+/// The ten numbers of a rolled I or channel.
+void writeTen(AcDbDwgFiler& filer, Adesk::Int16 own) {
+  filer.writeInt16(own);
+  for (const double number : {203.0, 102.0, 6.9, 22.8, 9.5, 4.0, 27.4, 3490.0, 0.165, 10.8}) filer.writeDouble(number);
 }
 
 /// The members' module is away for the life of this object.
@@ -123,6 +166,69 @@ TEST(MemberVersions, OfAllTimesOpenAsMembersAndAreSavedAsTheNewest) {
     EXPECT_NE(again.at<KrChapa>(id.handle()), nullptr);
     EXPECT_TRUE(saved(again.database(), Form::kDwg) == newest);
   }
+}
+
+TEST(MemberVersions, ARolledIOfVersion1HasTheFirstOfTheTypes) {
+  FromFile file(
+      memberOf(L"KrILaminadoUSA", L"KR_PERFIL_I_LAMINADO_USA", [](AcDbDwgFiler& filer) { writeTen(filer, 1); }));
+  Opened opened(saved(*file.drawing.database(), Form::kDwg));
+  auto* const bar = opened.at<KrILaminadoUSA>(file.id.handle());
+  ASSERT_NE(bar, nullptr) << textOf(opened.report);
+  ISolType type = ISolInclinada;
+  bar->tipo(type);
+  EXPECT_EQ(type, 0);
+  double height = 0;
+  bar->Altura(height);
+  EXPECT_EQ(height, 203);
+  KrGeratriz outline;
+  bar->GetSecao(outline);
+  EXPECT_GT(outline.Qtd(), 4) << "the outline that the file lacks is there";
+}
+
+TEST(MemberVersions, AWeldedIOfTheLayoutWithoutMarkerHasOneThicknessForBothFlanges) {
+  FromFile file(memberOf(L"KrISoldado", L"KRISOLDADO", [](AcDbDwgFiler& filer) {
+    for (const double number : {9.0, 6.0, 300.0, 150.0, 200.0, 36.0}) filer.writeDouble(number);
+    filer.writeInt32(0);
+  }));
+  Opened opened(saved(*file.drawing.database(), Form::kDwg));
+  auto* const bar = opened.at<KrISoldado>(file.id.handle());
+  ASSERT_NE(bar, nullptr) << textOf(opened.report);
+  double tf = 0, tf1 = 0, tf2 = 0;
+  bar->tf(tf);
+  bar->tf1(tf1);
+  bar->tf2(tf2);
+  EXPECT_EQ(tf, 9);
+  EXPECT_EQ(tf1, 9);
+  EXPECT_EQ(tf2, 9);
+}
+
+TEST(MemberVersions, ClassesNewerThanKnownStayAsTheyAre) {
+  FromFile(memberOf(L"KrULaminado", L"KR_PERFIL_U_LAMINADO", [](AcDbDwgFiler& filer) {
+    writeTen(filer, 2);
+    filer.writeInt16(3);
+  })).expectKept();
+  FromFile(memberOf(L"KrISoldado", L"KRISOLDADO", [](AcDbDwgFiler& filer) {
+    filer.writeDouble(std::numeric_limits<double>::max());
+    filer.writeInt16(5);
+    for (const double number : {9.0, 6.0, 300.0, 150.0, 200.0, 36.0}) filer.writeDouble(number);
+    filer.writeInt32(0);
+    filer.writeDouble(9);
+    filer.writeDouble(9);
+    filer.writeDouble(4);
+  })).expectKept();
+}
+
+// Nothing can be drawn of them, and nothing is lost.
+TEST(MemberVersions, OfNumbersThatAreNoneOrScalesOfZeroStayAsTheyAre) {
+  const auto own = [](AcDbDwgFiler& filer) { writeTen(filer, 1); };
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  constexpr double kEndless = std::numeric_limits<double>::infinity();
+  MemberLayout lengthless, placeless, flat;
+  lengthless.comprimento = kNone;
+  placeless.start.x = kEndless;
+  flat.zScale = 0;
+  for (const MemberLayout& layout : {lengthless, placeless, flat})
+    FromFile(memberOf(L"KrILaminadoUSA", L"KR_PERFIL_I_LAMINADO_USA", own, layout)).expectKept();
 }
 
 TEST(MemberVersions, AnExtensionWhoseModuleIsntThereKeepsTheMemberWhole) {

@@ -9,6 +9,7 @@
 #include "object/DxfRecords.h"
 #include "object/SampleOutlines.h"
 #include "object/TestMember.h"
+#include "profiles/KrTubo.h"
 
 namespace {
 
@@ -330,6 +331,43 @@ TEST_F(MemberDxf, AWrongCodeGivesOneMessageAndGoesBackToTheFiler) {
     ASSERT_EQ(filer.readItem(&item), Acad::eOk) << i;
     EXPECT_EQ(item.restype, 70) << i;
   }
+}
+
+namespace {
+
+/// Counts the faults reported to it.
+class CountingDxfFiler : public AcDbMemoryDxfFiler {
+ public:
+  using AcDbMemoryDxfFiler::AcDbMemoryDxfFiler;
+  int reports = 0;
+  void setFilerStatus(Acad::ErrorStatus status) override {
+    if (status == Acad::eInvalidDxfCode) ++reports;
+    AcDbMemoryDxfFiler::setFilerStatus(status);
+  }
+};
+
+}  // namespace
+
+TEST_F(MemberDxf, AFaultIsReportedOnceWhereverItStands) {
+  Groups wrongCode = memberGroups();
+  wrongCode[kPatternPlace] = real(3);
+  CountingDxfFiler ofCode(wrongCode);
+  EXPECT_EQ(TestMember().dxfInFields(&ofCode), Acad::eInvalidDxfCode);
+  EXPECT_EQ(ofCode.reports, 1);
+
+  const KrTubo tube(AcGePoint3d(0, 0, 0), AcGePoint3d(900, 0, 0), Superior, 114.3, 104.3);
+  AcDbMemoryDxfFiler written;
+  ASSERT_EQ(tube.dxfOutFields(&written), Acad::eOk);
+  CountingDxfFiler ofElement(written.groups());
+  EXPECT_EQ(KrTubo().dxfInFields(&ofElement), Acad::eInvalidDxfCode);
+  EXPECT_EQ(ofElement.reports, 1) << "the element's, whose version isn't read";
+
+  Groups wrongClass = dxfrecords::withReadableElements(written.groups());
+  wrongClass.back().code = 41;
+  CountingDxfFiler ofClass(wrongClass);
+  EXPECT_EQ(KrTubo().dxfInFields(&ofClass), Acad::eInvalidDxfCode);
+  EXPECT_EQ(ofClass.reports, 1);
+  EXPECT_STREQ(ofClass.errorMessage(), kMessage);
 }
 
 TEST_F(MemberDxf, KeepsWhatWasReadBeforeAFault) {

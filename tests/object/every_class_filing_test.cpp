@@ -374,10 +374,11 @@ TEST_F(MemberWithMark, HasTheMarksGrip) {
   EXPECT_TRUE(mark->centre().isEqualTo(points[0] + AcGeVector3d(1, 1, 0)));
 }
 
-TEST_F(MemberWithMark, EmptySlotsKeepTheirPlace) {
+TEST_F(MemberWithMark, KeepsAllOfThemInTheirOrder) {
   member->addKrObjectExtension(new ErectionMark(18, 5));
   AcDbMemoryDwgFiler filer(AcDb::kFileFiler, written(*member));
   KrChapa back;
   ASSERT_EQ(back.dwgInFields(&filer), Acad::eOk);
+  EXPECT_EQ(markOf(back, 1)->number, 17);
   EXPECT_EQ(markOf(back, 2)->number, 18);
 }

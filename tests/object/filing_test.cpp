@@ -306,25 +306,6 @@ TEST(MemberModifiers, RemovedInADrawingRegenerateTheMember) {
   opened->close();
 }
 
-TEST(MemberAudit, MendsAnUnknownRole) {
-  TestMember member;
-  member.settipoBarra(static_cast<TipoBarra>(12));
-  AcDbAuditInfo info;
-  info.setFixErrors(true);
-  EXPECT_EQ(member.audit(&info), 120);
-  EXPECT_EQ(info.numErrors(), 1);
-  EXPECT_EQ(info.numFixes(), 1);
-  ASSERT_EQ(info.entries().size(), 1U);
-  EXPECT_EQ(info.entries()[0].value, L"Invalido");
-  EXPECT_EQ(info.entries()[0].validation, L"Tipo de Barra - 12");
-  EXPECT_EQ(info.entries()[0].defaultValue, L"Setado para \"Barra\"");
-  EXPECT_EQ(member.tipoBarra(), Barra);
-  member.settipoBarra(static_cast<TipoBarra>(12));
-  AcDbAuditInfo dry;
-  EXPECT_EQ(member.audit(&dry), 122);
-  EXPECT_EQ(member.tipoBarra(), 12);
-}
-
 TEST(MemberClose, RegeneratesOnceWhenMarkedAndNotAfterAReadOnly) {
   Drawing drawing;
   KrObject::rxInit();
