@@ -132,13 +132,14 @@ void writeAndReadAgain(const Format& format, AcDbDatabase& database) {
   if (second != first) fail("a drawing that was only opened is saved as other bytes: " + difference(first, second));
 }
 
-/// How many entities each block has, by the handle of its record.
+/// How many entities each block of the table has, by the handle of its record. A damaged file can hold records of
+/// blocks that belong to no table; an exchange file has no place for these.
 std::map<std::uint64_t, std::size_t> entitiesOfBlocks(const AcDbDatabase& database) {
   std::map<std::uint64_t, std::size_t> counts;
   for (const AcDbStub& stub : database.handleTable().stubs()) {
     if (stub.object == nullptr || stub.has(AcDbStub::kErased)) continue;
     const auto* const block = AcDbBlockTableRecord::cast(stub.object);
-    if (block == nullptr) continue;
+    if (block == nullptr || stub.owner != database.blockTableId().stub()) continue;
     counts[stub.handle] = std::size_t(std::ranges::count_if(block->entities(), [](const AcDbStub* each) {
       return each->object != nullptr && !each->has(AcDbStub::kErased);
     }));

@@ -183,7 +183,7 @@ TEST(OwnersInACircle, AreDroppedWithAWarningSoThatTheDrawingCanBeSaved) {
                               dictionary + "0\nDICTIONARY\n5\n52\n330\n53\n" + dictionary +
                               "0\nDICTIONARY\n5\n53\n330\n51\n" + dictionary));
   ASSERT_EQ(read.status, Acad::eOk) << textOf(read.report);
-  for (const Adesk::UInt64 handle : {0x2A, 0x50, 0x51, 0x52, 0x53}) {
+  for (const Adesk::UInt64 handle : {0x2AU, 0x50U, 0x51U, 0x52U, 0x53U}) {
     AcDbObjectId id;
     ASSERT_EQ(read.database->getAcDbObjectId(id, false, AcDbHandle(handle)), Acad::eOk);
     EXPECT_FALSE(id.isEffectivelyErased());
