@@ -132,8 +132,9 @@ void writeAndReadAgain(const Format& format, AcDbDatabase& database) {
   if (second != first) fail("a drawing that was only opened is saved as other bytes: " + difference(first, second));
 }
 
-/// How many entities each block of the table has, by the handle of its record. A damaged file can hold records of
-/// blocks that belong to no table; an exchange file has no place for these.
+/// How many entities each block of the table has that has any, by the handle of its record. A damaged file can hold
+/// records of blocks that belong to no table; an exchange file has no place for these, and for a name that no table
+/// holds its reader makes an empty block.
 std::map<std::uint64_t, std::size_t> entitiesOfBlocks(const AcDbDatabase& database) {
   std::map<std::uint64_t, std::size_t> counts;
   for (const AcDbStub& stub : database.handleTable().stubs()) {
@@ -144,6 +145,7 @@ std::map<std::uint64_t, std::size_t> entitiesOfBlocks(const AcDbDatabase& databa
       return each->object != nullptr && !each->has(AcDbStub::kErased);
     }));
   }
+  std::erase_if(counts, [](const auto& each) { return each.second == 0; });
   return counts;
 }
 
