@@ -6,6 +6,7 @@
 #include "host/io/dwg/BitWriter.h"
 #include "host/io/dwg/Container.h"
 #include "host/io/dwg/Crc.h"
+#include "host/io/dxf/Dxf.h"
 
 // Damaged files: each ends in a drawing, in a drawing with a report, or in an error that tells the place.
 
@@ -178,6 +179,46 @@ TEST(DwgDamage, AnObjectWithAWrongChecksumIsNamedAndLeftOutByRecovery) {
   const Opened recovered(bytes, true);
   ASSERT_EQ(recovered.status, Acad::eOk) << textOf(recovered.report);
   EXPECT_FALSE(recovered.report.clean());
+}
+
+/// How many entities a drawing's table of blocks holds in model space.
+std::size_t entitiesInModelSpace(const AcDbDatabase& database) {
+  const AcDbObjectPointer<AcDbBlockTable> table(database.blockTableId(), AcDb::kForRead);
+  AcDbObjectId space;
+  EXPECT_EQ(table->getAt(ACDB_MODEL_SPACE, space), Acad::eOk);
+  EXPECT_EQ(space, database.modelSpaceId());
+  const AcDbObjectPointer<AcDbBlockTableRecord> record(space, AcDb::kForRead);
+  return record->entities().size();
+}
+
+// The spaces belong to no table then, and a new one without them would lose what they hold in the other form.
+TEST(DwgDamage, ALostTableLosesNoneOfItsRecords) {
+  const Bytes whole = smallDrawing();
+  krio::Report report;
+  krio::dwg::FaultPolicy policy(report, false);
+  krio::dwg::Container container({reinterpret_cast<const std::uint8_t*>(whole.data()), whole.size()}, policy);
+  ASSERT_TRUE(container.read());
+  const Opened before(whole);
+  const AcDbDatabase& drawing = *before.database;
+  for (const bool all : {false, true}) {
+    Bytes bytes = whole;
+    std::vector<AcDbObjectId> lost{drawing.blockTableId()};
+    if (all) lost.insert(lost.end(), {drawing.layerTableId(), drawing.linetypeTableId(), drawing.dimStyleTableId()});
+    for (const krio::dwg::MapEntry& entry : container.map()) {
+      const auto isLost = [&](AcDbObjectId id) { return id.handle().value() == entry.handle; };
+      if (std::any_of(lost.begin(), lost.end(), isLost)) bytes[entry.address + 3] ^= std::byte(1);
+    }
+    const Opened recovered(bytes, true);
+    ASSERT_EQ(recovered.status, Acad::eOk) << textOf(recovered.report);
+    EXPECT_FALSE(recovered.report.clean());
+    EXPECT_EQ(entitiesInModelSpace(*recovered.database), 4U);
+    std::vector<std::byte> other;
+    krio::Report written;
+    ASSERT_EQ(krio::writeDxf(*recovered.database, other, written), Acad::eOk);
+    AcDbDatabase again(false);
+    ASSERT_EQ(krio::readDxf(other, again, written, {}), Acad::eOk) << textOf(written);
+    EXPECT_EQ(entitiesInModelSpace(again), 4U);
+  }
 }
 
 }  // namespace

@@ -91,6 +91,7 @@ class Reader {
   void dropForeignEnds();
   bool breakOwnerCircles();
   void listRecords();
+  void adoptStrays();
   bool listParts();
   bool orderByLinks(Parts& parts);
   void listInserts();
@@ -115,6 +116,7 @@ class Reader {
   std::size_t lastParts_ = 0;
   std::vector<Control> controls_;
   std::vector<AcDbStub*> records_;  // of all symbol tables
+  std::vector<AcDbStub*> strays_;   // of them, those that no table lists
   std::vector<BlockRecord> blocks_;
   std::unordered_map<AcDbStub*, std::wstring> blockNames_;  // by the BLOCK entity
   std::vector<ExtendedData> extendedData_;

@@ -9,6 +9,15 @@
 
 namespace krio::dwg {
 
+namespace {
+
+bool hasRecord(AcDbObjectId table, const std::wstring& name) {
+  const AcDbObjectPointer<AcDbSymbolTable> open(table, AcDb::kForRead);
+  return open->has(name.c_str());
+}
+
+}  // namespace
+
 bool Reader::finish() {
   if (blocks_.empty()) {
     report_.error("there is no drawing in the file: it has no blocks", 0, 0);
@@ -24,6 +33,7 @@ bool Reader::finish() {
     report_.error("the file lacks what no drawing can be without");
     return false;
   }
+  adoptStrays();
   if (!readAllExtendedData()) return false;
   if (context_->dangling() != 0) {
     report_.note(std::to_string(context_->dangling()) + " references name objects that the file doesn't have");
@@ -90,9 +100,43 @@ void Reader::listRecords() {
   }
   for (AcDbStub* const stub : records_) {
     if (stub->object == nullptr || listed.contains(stub)) continue;
-    const bool found = stub->owner != nullptr && listIn(stub->owner, stub);
-    report_.warn(found ? "the record was missing in its table" : "the record belongs to no table", stub->handle, -1,
-                 found);
+    if (stub->owner != nullptr && listIn(stub->owner, stub)) {
+      report_.warn("the record was missing in its table", stub->handle, -1, true);
+    } else {
+      strays_.push_back(stub);
+    }
+  }
+}
+
+/// Records whose table was lost go into the one that stands for it now. It has its own records by then: what a space
+/// holds goes into the one of that name.
+void Reader::adoptStrays() {
+  const AcDbObjectId ids[] = {database_.blockTableId(),    database_.layerTableId(),     database_.linetypeTableId(),
+                              database_.dimStyleTableId(), database_.textStyleTableId(), database_.viewportTableId(),
+                              database_.regAppTableId(),   database_.viewTableId(),      database_.UCSTableId()};
+  for (AcDbStub* const stub : strays_) {
+    auto& record = static_cast<AcDbSymbolTableRecord&>(*stub->object);
+    const auto* const id = std::ranges::find_if(ids, [&](AcDbObjectId each) {
+      return record.isKindOf(static_cast<AcDbSymbolTable*>(each.stub()->object)->recordClass());
+    });
+    auto* const table = id != std::end(ids) ? static_cast<AcDbSymbolTable*>(id->stub()->object) : nullptr;
+    if (table != nullptr && !hasRecord(*id, record.nameText())) {
+      stub->owner = id->stub();
+      table->listAsRead(record);
+      report_.warn("the record belonged to no table; it was put into that of its kind", stub->handle, -1, true);
+      continue;
+    }
+    report_.warn("the record belongs to no table", stub->handle, -1, false);
+    auto* const block = AcDbBlockTableRecord::cast(&record);
+    for (const AcDbObjectId space : {database_.modelSpaceId(), database_.paperSpaceId()}) {
+      auto* const target = static_cast<AcDbBlockTableRecord*>(space.stub()->object);
+      if (block == nullptr || block == target || block->nameText() != target->nameText()) continue;
+      for (AcDbStub* const entity : block->entities()) {
+        entity->owner = space.stub();
+        target->listAsRead(entity);
+      }
+      block->setEntitiesAsRead({});
+    }
   }
 }
 
