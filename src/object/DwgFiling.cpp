@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cwchar>
 
+#include "object/FiledNumbers.h"
 #include "object/KrObject.h"
 #include "support/Database.h"
 
@@ -67,7 +68,7 @@ void readWord(AcDbDwgFiler* filer, Enum& field) {
 
 /// Whether something can be shown at a scale: a regeneration divides by it.
 bool isScale(double factor) {
-  return std::isfinite(factor) && factor != 0;
+  return isFinite(factor) && factor != 0;
 }
 
 AcGePoint3d atLevel(const AcGePoint3d& p, double z) {
@@ -176,6 +177,7 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
   }
   // What broke off isn't of the newest version, and nothing is drawn from it.
   if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
+  if (filer->filerType() == AcDb::kFileFiler && !isFinite(*this)) return Acad::eInvalidInput;
 
   version_ = kKrObjectVersion;
   AcGePoint3d p[4];
@@ -228,6 +230,8 @@ Acad::ErrorStatus KrObject::readModel(AcDbDwgFiler* filer) {
     for (double& coefficient : k) filer->readDouble(&coefficient);
     AcGePoint3d side;
     filer->readPoint3d(&side);
+    for (const double number : {k[0], k[1], k[2], k[3], side.x, side.y, side.z})
+      if (!isFinite(number)) return Acad::eInvalidInput;
     AcGePlane plane;
     plane.set(k[0], k[1], k[2], k[3]);
     cortes_.expect(cuts);
@@ -247,6 +251,7 @@ Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
     double bulge = 0;
     filer->readVector3d(&vertex);
     filer->readDouble(&bulge);
+    if (!isFinite(vertex) || !isFinite(bulge)) return Acad::eInvalidInput;
     secao_.Add(vertex, bulge);
   }
   if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
@@ -276,6 +281,8 @@ Acad::ErrorStatus KrObject::readHoles(AcDbDwgFiler* filer) {
     filer->readDouble(&diametro);
     filer->readDouble(&stretch);
     if (version_ >= kFirstWithHoleAngle) filer->readDouble(&angle);
+    for (const double number : {ini.x, ini.y, ini.z, fim.x, fim.y, fim.z, diametro, stretch, angle})
+      if (!isFinite(number)) return Acad::eInvalidInput;
     furos_.expect(holes);
     furos_.Add(ini, fim, diametro, stretch, angle);
   }

@@ -1,5 +1,6 @@
 // The DXF form: identity, the list of the view shown, placement and cuts. What it leaves out doesn't come back.
 
+#include "object/FiledNumbers.h"
 #include "object/KrObject.h"
 #include "records/StrictDxfReader.h"
 
@@ -76,7 +77,7 @@ Acad::ErrorStatus KrObject::dxfInFields(AcDbDxfFiler* filer) {
   if (version_ == kVersionRead) {
     if (!readIdentity(in)) return in.giveUp();
     if (const Acad::ErrorStatus es = vertexList(VistaCorrente).dxfInFields(filer); es != Acad::eOk) return es;
-    if (!readPlacement(in) || !readCuts(in)) return in.giveUp();
+    if (!readPlacement(in) || !in.require(isFinite(*this)) || !readCuts(in)) return in.giveUp();
   }
   generateEixoBarra();
   return filer->filerStatus();

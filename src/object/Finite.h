@@ -7,22 +7,26 @@
 #include "host/rx/rx.h"
 #include "records/KrVector.h"
 
-/// Whether values consist of numbers alone. What isn't one is refused where it comes in, so that no list ever holds it.
+/// Whether values consist of numbers alone that can be reckoned with. What doesn't is refused where it comes in, so
+/// that no list ever holds it.
+
+/// The square of what is larger than this is no number any more, and so its distance from anything isn't either.
+inline constexpr double kLargestNumber = 1e150;
 
 inline bool isFinite(double number) {
-  return std::isfinite(number);
+  return std::fabs(number) <= kLargestNumber;
 }
 
 inline bool isFinite(const AcGePoint2d& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y);
+  return isFinite(p.x) && isFinite(p.y);
 }
 
 inline bool isFinite(const AcGePoint3d& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+  return isFinite(p.x) && isFinite(p.y) && isFinite(p.z);
 }
 
 inline bool isFinite(const AcGeVector3d& v) {
-  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+  return isFinite(v.x) && isFinite(v.y) && isFinite(v.z);
 }
 
 inline bool isFinite(const AcGeMatrix3d& m) {
@@ -36,10 +40,10 @@ inline bool isFinite(const AcGeMatrix3d& m) {
 inline bool isFinite(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, const AcGePoint2d& side) {
   return isFinite(side) &&
          std::all_of(points.begin(), points.end(), [](const AcGePoint2d& p) { return isFinite(p); }) &&
-         std::all_of(bulges.begin(), bulges.end(), [](double b) { return std::isfinite(b); });
+         std::all_of(bulges.begin(), bulges.end(), [](double b) { return isFinite(b); });
 }
 
 inline bool isFinite(const KrVector& v) {
-  return isFinite(v.startPoint()) && isFinite(v.midPoint()) && isFinite(v.endPoint()) && std::isfinite(v.direction()) &&
-         std::isfinite(v.radius()) && std::isfinite(v.folga());
+  return isFinite(v.startPoint()) && isFinite(v.midPoint()) && isFinite(v.endPoint()) && isFinite(v.direction()) &&
+         isFinite(v.radius()) && isFinite(v.folga());
 }

@@ -102,8 +102,10 @@ void Reader::listRecords() {
     if (stub->object == nullptr || listed.contains(stub)) continue;
     if (stub->owner != nullptr && listIn(stub->owner, stub)) {
       report_.warn("the record was missing in its table", stub->handle, -1, true);
-    } else {
+    } else if (AcDbSymbolTableRecord::cast(stub->object) != nullptr) {
       strays_.push_back(stub);
+    } else {
+      report_.warn("something else stands in the place of a record", stub->handle, -1, false);
     }
   }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -43,7 +44,7 @@ struct Frame {
 /// What a kind of object in the file is here.
 struct ObjectKind {
   AcRxClass* rxClass = nullptr;  // null: none that can be made
-  const AcDbClassRecord* record = nullptr;
+  std::optional<AcDbClassRecord> record;
   bool isHosts = false;  // of the host itself
 };
 

@@ -255,7 +255,7 @@ void FrameReader::readExtendedData() {
 bool FrameReader::isEntity(std::string_view dxfName) {
   if (dxfName == "ACAD_PROXY_ENTITY" || dxfName == "SEQEND") return true;
   const ObjectKind& kind = kindOf(dxfName, false);
-  return kind.record != nullptr && kind.record->isEntity() && kind.rxClass == nullptr;
+  return kind.record && kind.record->isEntity() && kind.rxClass == nullptr;
 }
 
 const ObjectKind& FrameReader::kindOf(std::string_view dxfName, bool entity) {
@@ -265,8 +265,9 @@ const ObjectKind& FrameReader::kindOf(std::string_view dxfName, bool entity) {
   ObjectKind& kind = entry->second;
   std::wstring wide;
   decodeText(in_.page(), dxfName, wide);
-  kind.record = drawing_.classRecord(wide);
-  if (kind.record != nullptr) kind.rxClass = acrxFindClass(kind.record->cppName.c_str());
+  // A copy: the file may list further classes later.
+  if (const AcDbClassRecord* const record = drawing_.classRecord(wide)) kind.record = *record;
+  if (kind.record) kind.rxClass = acrxFindClass(kind.record->cppName.c_str());
   if (kind.rxClass == nullptr) {
     const auto found = byDxfName_.find(wide);
     if (found != byDxfName_.end()) kind.rxClass = found->second;
@@ -335,10 +336,10 @@ void FrameReader::keepGroups(AcDbProxyData& data) {
 }
 
 void FrameReader::describe(AcDbProxyData& data, std::string_view dxfName, const ObjectKind& kind) {
-  if (kind.record != nullptr) data.classRecord = *kind.record;
-  data.fixedType = Adesk::UInt16(kind.record != nullptr ? 0 : fixedTypeOf(dxfName));
+  if (kind.record) data.classRecord = *kind.record;
+  data.fixedType = Adesk::UInt16(kind.record ? 0 : fixedTypeOf(dxfName));
   decodeText(in_.page(), dxfName, data.dxfName);
-  if (kind.record == nullptr && kind.rxClass != nullptr && data.fixedType == 0) {
+  if (!kind.record && kind.rxClass != nullptr && data.fixedType == 0) {
     data.classRecord.dxfName = data.dxfName;
     data.classRecord.cppName = kind.rxClass->name();
     data.classRecord.appName = kind.rxClass->appName() != nullptr ? kind.rxClass->appName() : L"";
