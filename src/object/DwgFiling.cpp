@@ -177,13 +177,14 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
   }
   // What broke off isn't of the newest version, and nothing is drawn from it.
   if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
-  if (filer->filerType() == AcDb::kFileFiler && !isFinite(*this)) return Acad::eInvalidInput;
 
   version_ = kKrObjectVersion;
   AcGePoint3d p[4];
   GetExtremePoints(p, 0, 0);
   if ((p[2] - p[0]).isZeroLength()) Gera_KrVector(vista_);
   generateEixoBarra();
+  // The lists as they were read, and what was made of what was read.
+  if (filer->filerType() == AcDb::kFileFiler && !isFinite(*this)) return Acad::eInvalidInput;
   return filer->filerStatus();
 }
 

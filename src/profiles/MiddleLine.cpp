@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "profiles/ProfileHelpers.h"
 #include "records/FiledMarker.h"
 #include "records/StrictDxfReader.h"
 #include "support/Angles.h"
@@ -147,6 +148,7 @@ void restoreOutline(KrGeratriz& outline, const KrGeratriz& line, double espessur
   if (outline.Qtd() != 0 || line.Qtd() == 0 || line.numNodes() <= line.Qtd() || line.Qtd() > kMostThickened) return;
   outline.Clear();
   KrObject::gera_Secao(line, outline, espessura);
+  ProfileHelpers::dropUnlessFinite(outline);
 }
 
 AcArray<double> strips(const KrGeratriz& line, double espessura) {

@@ -4,6 +4,7 @@
 #include <cwchar>
 
 #include "host/ed/ed.h"
+#include "object/Finite.h"
 #include "records/StrictDxfReader.h"
 #include "support/Angles.h"
 #include "support/Bulges.h"
@@ -121,6 +122,13 @@ Acad::ErrorStatus readFields(AcDbDwgFiler* filer, std::int16_t& versao, std::int
   versao = filed;
   for (double* parametro : parametros) filer->readDouble(parametro);
   return filer->filerStatus();
+}
+
+void dropUnlessFinite(KrGeratriz& outline) {
+  for (int i = 0; i < outline.numNodes(); ++i) {
+    const NoGeratriz& node = outline.GetNo(i);
+    if (!isFinite(node.vertex) || !isFinite(node.bulge)) return outline.Clear();
+  }
 }
 
 Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t versao,

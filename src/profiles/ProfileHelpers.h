@@ -66,6 +66,9 @@ Acad::ErrorStatus writeFields(AcDbDwgFiler* filer, std::int16_t versao, std::spa
 Acad::ErrorStatus readFields(AcDbDwgFiler* filer, std::int16_t& versao, std::int16_t known,
                              std::span<double* const> parametros);
 
+/// Empties an outline made from measures of a file that is beyond reckoning: a member without one draws nothing.
+void dropUnlessFinite(KrGeratriz& outline);
+
 /// The same in DXF: the class's subclass marker, group 170 and one group 40 per parameter.
 Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t versao,
                               std::initializer_list<double> parametros);

@@ -56,7 +56,10 @@
     assertWriteEnabled();                                                                            \
     if (const Acad::ErrorStatus es = KrObject::dwgInFields(filer); es != Acad::eOk) return es;       \
     const Acad::ErrorStatus es = ProfileHelpers::readFields(filer, versao_, kVersion, filed(*this)); \
-    if (es == Acad::eOk && outline().Qtd() == 0) CalculeSecao();                                     \
+    if (es == Acad::eOk && outline().Qtd() == 0) {                                                   \
+      CalculeSecao();                                                                                \
+      ProfileHelpers::dropUnlessFinite(outline());                                                   \
+    }                                                                                                \
     return es;                                                                                       \
   }                                                                                                  \
   Acad::ErrorStatus CLASS::dxfOutFields(AcDbDxfFiler* filer) const {                                 \

@@ -59,6 +59,16 @@ class NoNumber : public testing::TestWithParam<double> {
   std::unique_ptr<property::Model> model;
 };
 
+// The distance of such a point from any other is no number.
+TEST(Numbers, WhoseSquaresAreNoneAreRefused) {
+  CutBar bar;
+  const AcGePoint3d far(1e160, 0, 0);
+  EXPECT_EQ(bar.setStartPoint(far), Acad::eInvalidInput);
+  EXPECT_EQ(bar.setComprimento(-1e160), Acad::eInvalidInput);
+  EXPECT_EQ(bar.AddVertex(KrVector(AcGePoint3d(0, 0, 0), far, KR_VT_LINHA), Superior), Acad::eInvalidInput);
+  EXPECT_EQ(bar.setStartPoint({1e150, 0, 0}), Acad::eOk);
+}
+
 TEST(DrawingScale, IsNeverZero) {
   CutBar bar;
   for (const auto set : {&KrObject::setXscale, &KrObject::setYscale, &KrObject::setZscale})

@@ -110,7 +110,9 @@ TEST_P(ReferencesBeyond, AreTextInExtendedDataAndStay) {
   const dwgtools::Opened again(dwgtools::saved(*read.database));
   AcDbObjectId id;
   ASSERT_EQ(again.database->getAcDbObjectId(id, false, AcDbHandle(0x2A)), Acad::eOk);
-  resbuf* const data = id.stub()->object->xData();
+  const AcDbObjectPointer<AcDbLine> line(id, AcDb::kForRead);
+  ASSERT_EQ(line.openStatus(), Acad::eOk);
+  resbuf* const data = line->xData();
   ASSERT_NE(data, nullptr);
   ASSERT_NE(data->rbnext, nullptr);
   std::string digits;

@@ -177,6 +177,8 @@ void FrameReader::takeControlGroup() {
   if (name.empty() || name[0] != '{') return;
   const bool dictionary = name == "{ACAD_XDICTIONARY";
   const bool reactors = name == "{ACAD_REACTORS";
+  // A second such list in an object without markers stands among the groups that are kept: it is the same one.
+  if (reactors) frame_.reactors.clear();
   while (in_.nextField() && in_.code() != 102) {
     if (in_.code() < 320 || in_.code() > 369) continue;
     frame_.hasRareParts = true;
