@@ -274,7 +274,10 @@ Acad::ErrorStatus KrILaminadoUSA::dwgInFields(AcDbDwgFiler* filer) {
   Adesk::Int16 tipo = ISolParalelaArredondada;
   if (filedVersion >= kVersionWithTipo) filer->readInt16(&tipo);
   tipo_ = static_cast<ISolType>(tipo);
-  if (outline().Qtd() == 0) CalculeSecao();
+  if (outline().Qtd() == 0) {
+    CalculeSecao();
+    ProfileHelpers::dropUnlessFinite(outline());
+  }
   return filer->filerStatus();
 }
 

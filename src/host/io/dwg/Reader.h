@@ -92,6 +92,7 @@ class Reader {
   bool breakOwnerCircles();
   void listRecords();
   void adoptStrays();
+  void dropLooseEnds();
   bool listParts();
   bool orderByLinks(Parts& parts);
   void listInserts();

@@ -70,12 +70,25 @@ void Reader::dropForeignEnds() {
     report_.warn("the block's begin or end isn't its own; they are made anew", block.stub->handle, -1, true);
     record.setEndsAsRead(beginIsOwn ? begin : nullptr, endIsOwn ? end : nullptr);
   }
+  if (policy_.recover()) dropLooseEnds();
   for (AcDbStub* const stub : sequences_) {
     AcDbSubentities* const parts = static_cast<AcDbEntity*>(stub->object)->subentities();
     AcDbStub* const end = parts->sequenceEnd().stub();
     if (end == nullptr || isOwn(end, stub, AcDbSequenceEnd::desc())) continue;
     report_.warn("the sequence's end isn't its own and was left out", stub->handle, -1, true);
     parts->setSequenceEndAsRead(nullptr);
+  }
+}
+
+/// What opens or closes no block has no place in a file and nothing to tell.
+void Reader::dropLooseEnds() {
+  for (AcDbStub& stub : const_cast<AcDbHandleTable&>(database_.handleTable()).stubs()) {
+    const AcRxClass* const own = stub.object != nullptr ? stub.object->isA() : nullptr;
+    if (own != AcDbBlockBegin::desc() && own != AcDbBlockEnd::desc()) continue;
+    const auto* const block = stub.owner != nullptr ? AcDbBlockTableRecord::cast(stub.owner->object) : nullptr;
+    const bool isUsed =
+        block != nullptr && (block->blockBeginId().stub() == &stub || block->blockEndId().stub() == &stub);
+    if (!isUsed) stub.flags |= AcDbStub::kErased;
   }
 }
 
@@ -138,6 +151,9 @@ void Reader::adoptStrays() {
         target->listAsRead(entity);
       }
       block->setEntitiesAsRead({});
+      // What is left of the lost space goes: no form of a file has a place for it.
+      for (AcDbStub* const each : {stub, block->blockBeginId().stub(), block->blockEndId().stub()})
+        if (each != nullptr) each->flags |= AcDbStub::kErased;
     }
   }
 }

@@ -190,6 +190,8 @@ void FrameReader::takeControlGroup() {
 void FrameReader::takeGraphics() {
   frame_.hasRareParts = true;
   if (in_.code() != 310) {
+    // A second picture in an object without markers stands among the groups that are kept: it is the same one.
+    frame_.graphics.clear();
     frame_.graphicsSize = std::size_t(std::max<std::int64_t>(0, in_.whole<std::int64_t>()));
     return;
   }
