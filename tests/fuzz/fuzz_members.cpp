@@ -13,6 +13,7 @@
 #include "StreamFiler.h"
 #include "host/gi/Recorder.h"
 #include "host/io/ProxyGraphics.h"
+#include "object/FiledNumbers.h"
 
 namespace {
 
@@ -97,9 +98,20 @@ std::vector<std::uint8_t> readAndWrite(const everyclass::Sample& type, const std
   return fieldsOf(*member);
 }
 
+/// Measures near the largest that are read make lists beyond it, which aren't read again.
+bool canBeRead(const KrObject& member) {
+  KrGeratriz outline;
+  member.GetSecao(outline);
+  bool finite = isFinite(member);
+  for (int i = 0; i < outline.numNodes(); ++i)
+    finite = finite && isFinite(outline.GetNo(i).vertex) && isFinite(outline.GetNo(i).bulge);
+  return finite;
+}
+
 /// A member without length or outline gets a list, and then an outline, when it is read: it settles after some rounds.
 void writeAndReadAgain(const everyclass::Sample& type, const KrObject& member, const AcDbDatabase& database) {
   constexpr int kRounds = 3;
+  if (!canBeRead(member)) return;
   std::vector<std::uint8_t> first = fieldsOf(member);
   std::vector<std::uint8_t> second = readAndWrite(type, first, database);
   for (int i = 1; i < kRounds && second != first; ++i) {
