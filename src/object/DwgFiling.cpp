@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cwchar>
+#include <tuple>
 
 #include "object/FiledNumbers.h"
 #include "object/KrObject.h"
@@ -178,13 +179,19 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
   // What broke off isn't of the newest version, and nothing is drawn from it.
   if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
 
+  if (filer->filerType() == AcDb::kFileFiler && !isFinite(*this)) return Acad::eInvalidInput;
+
   version_ = kKrObjectVersion;
+  const auto placed = std::tuple(startPoint_, endPoint_, comprimento_, angleVista_);
   AcGePoint3d p[4];
   GetExtremePoints(p, 0, 0);
   if ((p[2] - p[0]).isZeroLength()) Gera_KrVector(vista_);
   generateEixoBarra();
-  // The lists as they were read, and what was made of what was read.
-  if (filer->filerType() == AcDb::kFileFiler && !isFinite(*this)) return Acad::eInvalidInput;
+  if (!isFinite(*this)) {
+    // Measures that can be reckoned with may make a drawing that can't: then there is none.
+    for (KrObjectArray<KrVector>& lista : vertexLists_) lista.Clear();
+    std::tie(startPoint_, endPoint_, comprimento_, angleVista_) = placed;
+  }
   return filer->filerStatus();
 }
 
