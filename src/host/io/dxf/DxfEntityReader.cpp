@@ -19,6 +19,11 @@ constexpr int kPolyfaceFlag = 64;
 
 constexpr int kPolyfaceType = 0x1D;
 
+/// The entities that are parts of another one.
+bool isPartsName(std::string_view name) {
+  return name == "VERTEX" || name == "ATTRIB" || name == "SEQEND";
+}
+
 /// What the markers and the flags of the object ahead tell of its class.
 struct Ahead {
   std::string_view lastMarker;
@@ -92,7 +97,7 @@ void EntityReader::read(AcDbBlockTableRecord* block) {
   if (name == "ARC") return readArc();
   if (name == "CIRCLE") return readCircle();
   if (name == "TEXT") return readText();
-  isPart_ = name == "VERTEX" || name == "ATTRIB" || name == "SEQEND";
+  isPart_ = isPartsName(name);
   endsSequence_ = name == "SEQEND";
   readByClass(name);
 }
@@ -100,7 +105,7 @@ void EntityReader::read(AcDbBlockTableRecord* block) {
 void EntityReader::readStray() {
   block_ = nullptr;
   isStray_ = true;
-  isPart_ = false;
+  isPart_ = isPartsName(in_.value());
   frames_.begin();
   readByClass(in_.value());
   isStray_ = false;
@@ -465,8 +470,9 @@ void EntityReader::list(AcDbStub* stub) {
 template <class T>
 T* EntityReader::attach(std::unique_ptr<T> entity) {
   if (in_.stopped()) return nullptr;
-  const bool part = isPart_;
-  if (part && parent_ == nullptr) {
+  // A part among the objects belongs to what it names.
+  const bool part = isPart_ && !(isStray_ && frame_.owner != nullptr);
+  if (part && (isStray_ || parent_ == nullptr)) {
     in_.fault("a vertex, attribute or end of a sequence belongs to nothing; it was left out", frame_.handle);
     return nullptr;
   }
