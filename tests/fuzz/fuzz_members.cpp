@@ -108,9 +108,10 @@ bool canBeRead(const KrObject& member) {
   return finite;
 }
 
-/// A member without length or outline gets a list, and then an outline, when it is read: it settles after some rounds.
+/// A member without length or outline gets a list, and then an outline, when it is read: it settles after some rounds,
+/// as far as the last bits of what is reckoned anew do.
 void writeAndReadAgain(const everyclass::Sample& type, const KrObject& member, const AcDbDatabase& database) {
-  constexpr int kRounds = 3;
+  constexpr int kRounds = 8;
   if (!canBeRead(member)) return;
   std::vector<std::uint8_t> first = fieldsOf(member);
   std::vector<std::uint8_t> second = readAndWrite(type, first, database);
