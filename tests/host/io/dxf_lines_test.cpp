@@ -30,6 +30,21 @@ std::vector<std::pair<int, std::string>> groupsOf(std::string_view text) {
 
 using Groups = std::vector<std::pair<int, std::string>>;
 
+TEST(PlainAscii, HasNoLetterBeyondAndNoneOfNothing) {
+  for (std::size_t length = 0; length <= 20; ++length) {
+    const std::string plain(length, '\x01');
+    EXPECT_TRUE(krio::dxf::isPlainAscii(plain)) << length;
+    EXPECT_TRUE(krio::dxf::isPlainAscii(std::string(length, '\x7F'))) << length;
+    for (std::size_t place = 0; place < length; ++place) {
+      for (const char odd : {'\0', '\x80', '\xFF'}) {
+        std::string text = plain;
+        text[place] = odd;
+        EXPECT_FALSE(krio::dxf::isPlainAscii(text)) << length << " with one at " << place;
+      }
+    }
+  }
+}
+
 }  // namespace
 
 TEST(DxfScanner, CutsPairsOfLinesWhateverTheLineEnds) {

@@ -366,7 +366,8 @@ void EntityReader::readProxy(std::string_view name, const ObjectKind& kind) {
   auto proxy = std::make_unique<AcDbProxyEntity>();
   AcDbProxyData& data = proxy->dataAsRead();
   const bool isRecord = name == "ACAD_PROXY_ENTITY";
-  const Ahead ahead = lookAhead(in_.scanner());
+  const bool isPolyline = name == "POLYLINE";
+  const Ahead ahead = isPolyline ? lookAhead(in_.scanner()) : Ahead();
   const bool markers = frames_.readAll(true);
   const std::uint64_t handle = frame_.handle;
   if (isRecord) {
@@ -374,7 +375,7 @@ void EntityReader::readProxy(std::string_view name, const ObjectKind& kind) {
   } else {
     frames_.describe(data, name, kind);
     frames_.keepGroups(data);
-    if (name == "POLYLINE" && (ahead.lastMarker == "AcDbPolyFaceMesh" || (ahead.flags & kPolyfaceFlag) != 0)) {
+    if (isPolyline && (ahead.lastMarker == "AcDbPolyFaceMesh" || (ahead.flags & kPolyfaceFlag) != 0)) {
       data.fixedType = kPolyfaceType;
     }
     if (kind.rxClass == nullptr) in_.note("entity " + std::string(name) + " is kept as a proxy", handle);
@@ -386,10 +387,11 @@ void EntityReader::readProxy(std::string_view name, const ObjectKind& kind) {
     return;
   }
   // The sequence follows the groups: they are complete only now.
-  const bool hasSequence = std::any_of(data.groups.begin(), data.groups.end(), [](const AcDbProxyData::Group& group) {
+  const auto announces = [](const AcDbProxyData::Group& group) {
     return group.code == 66 && group.value.find('1') != std::string_view::npos;
-  });
-  if (hasSequence && (name == "POLYLINE" || name == "INSERT")) keepSequence(data);
+  };
+  if ((isPolyline || name == "INSERT") && std::any_of(data.groups.begin(), data.groups.end(), announces))
+    keepSequence(data);
   attach(std::move(proxy));
 }
 

@@ -329,8 +329,7 @@ void FrameReader::keepGroups(AcDbProxyData& data) {
       in_.fault("a value isn't of its group's kind");
       value = dxf::kindOf(in_.code()) == Kind::kBinary ? "" : "0";
     }
-    const bool ascii = std::all_of(value.begin(), value.end(), [](char c) { return c > 0; });
-    if (ascii) {
+    if (isPlainAscii(value)) {
       groups_.push_back(in_.code(), value);
     } else {
       groups_.push_back(in_.code(), os::toUtf8(in_.page().decode(value)));

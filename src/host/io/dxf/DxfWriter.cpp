@@ -5,6 +5,7 @@
 #include "host/io/ProxyGraphics.h"
 #include "host/io/dxf/Dxf.h"
 #include "host/io/dxf/DxfHeader.h"
+#include "host/io/dxf/DxfText.h"
 #include "host/os/os.h"
 
 namespace krio::dxf {
@@ -467,8 +468,7 @@ AcDbProxyGroups::Iterator Writer::writeGroups(AcDbProxyGroups::Iterator first, A
   for (auto each = first; each != last; ++each) {
     const AcDbProxyData::Group group = *each;
     if (group.code == 0 && each != first) return each;
-    const bool ascii = std::all_of(group.value.begin(), group.value.end(), [](char c) { return c > 0; });
-    if (ascii) {
+    if (isPlainAscii(group.value)) {
       sink_.raw(group.code, group.value);
     } else {
       sink_.raw(group.code, page_.encode(os::toWide(group.value)));
