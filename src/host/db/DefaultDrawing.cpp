@@ -265,6 +265,12 @@ void dropStrangers(Roots& r) {
   r.namedObjects = ifKind<AcDbDictionary>(r.namedObjects);
   r.paperSpace = ifKind<AcDbBlockTableRecord>(r.paperSpace);
   r.modelSpace = ifKind<AcDbBlockTableRecord>(r.modelSpace);
+  // A damaged file may name one space for the other, and the one that is both would be written twice.
+  const auto hasName = [](AcDbObjectId block, const ACHAR* name) {
+    return block.isResident() && static_cast<AcDbBlockTableRecord*>(block.stub()->object)->nameText() == name;
+  };
+  if (hasName(r.paperSpace, ACDB_MODEL_SPACE)) r.paperSpace.setNull();
+  if (hasName(r.modelSpace, ACDB_PAPER_SPACE)) r.modelSpace.setNull();
   r.byLayer = ifKind<AcDbLinetypeTableRecord>(r.byLayer);
   r.byBlock = ifKind<AcDbLinetypeTableRecord>(r.byBlock);
   r.continuous = ifKind<AcDbLinetypeTableRecord>(r.continuous);
