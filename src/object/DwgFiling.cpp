@@ -179,7 +179,8 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
   // What broke off isn't of the newest version, and nothing is drawn from it.
   if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
 
-  if (filer->filerType() == AcDb::kFileFiler && !isFinite(*this)) return Acad::eInvalidInput;
+  const bool fromFile = filer->filerType() == AcDb::kFileFiler;
+  if (fromFile && !isFinite(*this)) return Acad::eInvalidInput;
 
   version_ = kKrObjectVersion;
   const auto placed = std::tuple(startPoint_, endPoint_, comprimento_, angleVista_);
@@ -187,7 +188,7 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
   GetExtremePoints(p, 0, 0);
   if ((p[2] - p[0]).isZeroLength()) Gera_KrVector(vista_);
   generateEixoBarra();
-  if (!isFinite(*this)) {
+  if (fromFile && !isFinite(*this)) {
     // Measures that can be reckoned with may make a drawing that can't: then there is none.
     for (KrObjectArray<KrVector>& lista : vertexLists_) lista.Clear();
     std::tie(startPoint_, endPoint_, comprimento_, angleVista_) = placed;

@@ -141,7 +141,7 @@ void Reader::adoptStrays() {
       report_.warn("the record belonged to no table; it was put into that of its kind", stub->handle, -1, true);
       continue;
     }
-    report_.warn("the record belongs to no table", stub->handle, -1, false);
+    bool moved = false;
     auto* const block = AcDbBlockTableRecord::cast(&record);
     for (const AcDbObjectId space : {database_.modelSpaceId(), database_.paperSpaceId()}) {
       auto* const target = static_cast<AcDbBlockTableRecord*>(space.stub()->object);
@@ -154,7 +154,11 @@ void Reader::adoptStrays() {
       // What is left of the lost space goes: no form of a file has a place for it.
       for (AcDbStub* const each : {stub, block->blockBeginId().stub(), block->blockEndId().stub()})
         if (each != nullptr) each->flags |= AcDbStub::kErased;
+      moved = true;
     }
+    report_.warn(moved ? "the space belonged to no table; what it holds was put into the one of its name"
+                       : "the record belongs to no table",
+                 stub->handle, -1, moved);
   }
 }
 
