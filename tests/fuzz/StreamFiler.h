@@ -20,6 +20,8 @@ class StreamFiler : public AcDbDwgFiler {
       : bytes_(bytes.begin(), bytes.end()), ids_(std::move(ids)) {}
 
   const std::vector<std::uint8_t>& bytes() const { return bytes_; }
+  /// Where among the bytes written the real numbers begin, in ascending order.
+  const std::vector<std::size_t>& reals() const { return reals_; }
 
   bool framesObjects() const override { return true; }
   Acad::ErrorStatus filerStatus() const override { return status_; }
@@ -37,9 +39,17 @@ class StreamFiler : public AcDbDwgFiler {
   Acad::ErrorStatus write##NAME(GIVEN value) override { \
     return put(&value, sizeof(HELD));                   \
   }                                                     \
-  Acad::ErrorStatus read##NAME(HELD* value) override {  \
-    *value = HELD();                                    \
-    return get(value, sizeof(HELD));                    \
+  KR_FUZZ_READ(NAME, HELD)
+#define KR_FUZZ_REALS(NAME, GIVEN, HELD)                                                                \
+  Acad::ErrorStatus write##NAME(GIVEN value) override {                                                 \
+    for (std::size_t i = 0; i < sizeof(HELD); i += sizeof(double)) reals_.push_back(bytes_.size() + i); \
+    return put(&value, sizeof(HELD));                                                                   \
+  }                                                                                                     \
+  KR_FUZZ_READ(NAME, HELD)
+#define KR_FUZZ_READ(NAME, HELD)                       \
+  Acad::ErrorStatus read##NAME(HELD* value) override { \
+    *value = HELD();                                   \
+    return get(value, sizeof(HELD));                   \
   }
   KR_FUZZ_FIELD(Int8, Adesk::Int8, Adesk::Int8)
   KR_FUZZ_FIELD(Int16, Adesk::Int16, Adesk::Int16)
@@ -49,13 +59,15 @@ class StreamFiler : public AcDbDwgFiler {
   KR_FUZZ_FIELD(UInt16, Adesk::UInt16, Adesk::UInt16)
   KR_FUZZ_FIELD(UInt32, Adesk::UInt32, Adesk::UInt32)
   KR_FUZZ_FIELD(UInt64, Adesk::UInt64, Adesk::UInt64)
-  KR_FUZZ_FIELD(Double, double, double)
-  KR_FUZZ_FIELD(Point2d, const AcGePoint2d&, AcGePoint2d)
-  KR_FUZZ_FIELD(Point3d, const AcGePoint3d&, AcGePoint3d)
-  KR_FUZZ_FIELD(Vector2d, const AcGeVector2d&, AcGeVector2d)
-  KR_FUZZ_FIELD(Vector3d, const AcGeVector3d&, AcGeVector3d)
+  KR_FUZZ_REALS(Double, double, double)
+  KR_FUZZ_REALS(Point2d, const AcGePoint2d&, AcGePoint2d)
+  KR_FUZZ_REALS(Point3d, const AcGePoint3d&, AcGePoint3d)
+  KR_FUZZ_REALS(Vector2d, const AcGeVector2d&, AcGeVector2d)
+  KR_FUZZ_REALS(Vector3d, const AcGeVector3d&, AcGeVector3d)
   KR_FUZZ_FIELD(AcDbHandle, const AcDbHandle&, AcDbHandle)
 #undef KR_FUZZ_FIELD
+#undef KR_FUZZ_REALS
+#undef KR_FUZZ_READ
 
 #define KR_FUZZ_REFERENCE(NAME)                                                                \
   Acad::ErrorStatus write##NAME(const AcDb##NAME&) override {                                  \
@@ -162,6 +174,7 @@ class StreamFiler : public AcDbDwgFiler {
   }
 
   std::vector<std::uint8_t> bytes_;
+  std::vector<std::size_t> reals_;
   std::vector<AcDbObjectId> ids_;
   std::size_t place_ = 0;
   Acad::ErrorStatus status_ = Acad::eOk;

@@ -2,7 +2,9 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "host/io/dwg/Container.h"
@@ -91,6 +93,7 @@ class Reader {
   void dropForeignEnds();
   bool breakOwnerCircles();
   void listRecords();
+  void nameAlone(std::unordered_set<std::wstring>& names, AcDbSymbolTableRecord& record);
   void adoptStrays();
   void dropLooseEnds();
   bool listParts();

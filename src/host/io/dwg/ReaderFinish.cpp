@@ -4,6 +4,7 @@
 #include "host/db/OwnerChain.h"
 #include "host/io/dwg/Reader.h"
 #include "host/io/dwg/ValueBytes.h"
+#include "host/os/os.h"
 
 // What a reader puts in order once all objects are there.
 
@@ -92,14 +93,30 @@ void Reader::dropLooseEnds() {
   }
 }
 
+/// Gives a record that has the name of another of its table one of its own: by their names the exchange format refers
+/// to records, and so do people.
+void Reader::nameAlone(std::unordered_set<std::wstring>& names, AcDbSymbolTableRecord& record) {
+  if (names.insert(acdbFoldedName(record.nameText().c_str())).second) return;
+  std::wstring name;
+  for (int i = 1; name.empty() || !names.insert(acdbFoldedName(name.c_str())).second; ++i) {
+    name = record.nameText() + L"$" + std::to_wstring(i);
+  }
+  report_.warn("the name \"" + os::toUtf8(record.nameText()) + "\" stands twice in a table; the second is now \"" +
+                   os::toUtf8(name) + "\"",
+               record.objectId().handle().value(), -1, true);
+  record.setNameAsRead(name);
+}
+
 void Reader::listRecords() {
   std::unordered_set<AcDbStub*> listed;
+  std::unordered_map<AcDbStub*, std::unordered_set<std::wstring>> names;
   const auto listIn = [&](AcDbStub* tableStub, AcDbStub* stub) {
     auto* const table = tableStub->object != nullptr ? AcDbSymbolTable::cast(tableStub->object) : nullptr;
     auto* const record = AcDbSymbolTableRecord::cast(stub->object);
     if (table == nullptr || record == nullptr || !record->isKindOf(table->recordClass())) return false;
     if (!listed.insert(stub).second) return true;
     stub->owner = tableStub;
+    if (!table->isKindOf(AcDbViewportTable::desc())) nameAlone(names[tableStub], *record);
     table->listAsRead(*record);
     return true;
   };

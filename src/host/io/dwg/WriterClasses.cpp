@@ -38,6 +38,11 @@ bool isLive(const AcDbStub& stub) {
   return stub.object != nullptr && !stub.has(AcDbStub::kErased);
 }
 
+/// A list that was read can tell of a class of objects that it is one of entities: what needs the other gets its own.
+std::wstring keyOf(const AcDbClassRecord& record) {
+  return record.dxfName + L'\n' + record.cppName + (record.isEntity() ? L"\nentity" : L"\nobject");
+}
+
 }  // namespace
 
 const Writer::Kind& Writer::findKind(const AcRxClass* isA) {
@@ -59,6 +64,7 @@ Writer::Kind Writer::makeKind(const AcRxClass& isA) {
       record.appName = kSystemApplication;
       record.cppName = isA.name();
       record.dxfName = kind.type->dxfName;
+      record.itemClassId = kind.isEntity ? AcDbClassRecord::kEntityClass : AcDbClassRecord::kObjectClass;
       kind.number = classNumber(record);
     }
     return kind;
@@ -84,7 +90,7 @@ Writer::Kind Writer::makeKind(const AcRxClass& isA) {
 
 /// The number of a class, which gets a place in the list when it has none.
 unsigned Writer::classNumber(const AcDbClassRecord& record) {
-  const auto [found, added] = classNumbers_.try_emplace(record.dxfName + L'\n' + record.cppName, classes_.size());
+  const auto [found, added] = classNumbers_.try_emplace(keyOf(record), classes_.size());
   if (added) classes_.push_back(record);
   return kFirstClass + found->second;
 }
@@ -120,7 +126,7 @@ unsigned Writer::typeOfProxy(const AcDbProxyData& data, bool isEntity) {
 /// The classes of the drawing's list first, then those that its objects need.
 void Writer::collectClasses() {
   for (const AcDbClassRecord& record : database_.classRecords()) {
-    classNumbers_.try_emplace(record.dxfName + L'\n' + record.cppName, unsigned(classes_.size()));
+    classNumbers_.try_emplace(keyOf(record), unsigned(classes_.size()));
     classes_.push_back(record);
   }
   std::unordered_set<unsigned> ofProxies;

@@ -118,13 +118,16 @@ char* formatWide(char* to, Wide value, Same same) {
 
 }  // namespace
 
+bool hasDegrees(double radians) {
+  return std::isfinite(double(Wide(radians) / kRadiansPerDegree));
+}
+
 char* formatDegrees(char* to, double radians) {
   return formatWide(to, Wide(radians) / kRadiansPerDegree, [&](Wide back) { return radiansOf(back) == radians; });
 }
 
 char* formatRatio(char* to, double width, double height) {
-  const Wide ratio = height != 0 ? Wide(width) / height : Wide(1);
-  return formatWide(to, ratio, [&](Wide back) { return widthOf(height, back) == width; });
+  return formatWide(to, Wide(width) / height, [&](Wide back) { return widthOf(height, back) == width; });
 }
 
 }  // namespace krio::dxf

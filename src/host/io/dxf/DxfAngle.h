@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <string_view>
 
 /// Numbers that the file has in another unit than the database: angles in degrees, here radians, and a view's width as
@@ -18,14 +19,20 @@ bool parseDegrees(std::string_view text, double& radians);
 
 /// Room that these may need.
 inline constexpr int kMaxWideLength = 48;
-/// Writes a finite angle in degrees; gives the end of the text.
+/// Whether an angle in radians is a finite number of degrees.
+bool hasDegrees(double radians);
+/// Writes an angle that has degrees; gives the end of the text.
 char* formatDegrees(char* to, double radians);
 
 /// The width of a view of the height, from their ratio.
 inline double widthOf(double height, Wide ratio) {
   return double(Wide(height) * ratio);
 }
-/// Writes the ratio of a view; 1 for a view without height.
+/// Whether a file can say the width by the height: not for one of next to no height.
+inline bool hasRatio(double width, double height) {
+  return height != 0 && std::isfinite(width / height);
+}
+/// Writes the ratio of a view that has one.
 char* formatRatio(char* to, double width, double height);
 
 }  // namespace krio::dxf

@@ -230,7 +230,7 @@ bool FrameReader::readAll(bool entity) {
       break;
     }
     const std::size_t place = in_.scanner().place();
-    if ((ownSeen && !markers && isOwn(in_.code())) || take(entity) || markers) continue;
+    if ((ownSeen && isOwn(in_.code())) || take(entity) || markers) continue;
     if (!ownSeen) firstOwn = place;
     ownSeen = true;
   }

@@ -1,6 +1,5 @@
 #include "host/io/dxf/DxfOutFiler.h"
 
-#include <cmath>
 #include <cwchar>
 
 #include "host/io/dxf/DxfCodes.h"
@@ -17,7 +16,6 @@ std::wstring_view viewOf(const ACHAR* text) {
 
 void OutFiler::beginObject(bool keepsAngles) {
   keepsAngles_ = keepsAngles;
-  nonFinite_ = false;
   resetFilerStatus();
 }
 
@@ -41,10 +39,6 @@ Acad::ErrorStatus OutFiler::whole(AcDb::DxfCode code, std::int64_t value) {
 }
 
 void OutFiler::real(int code, double value) {
-  if (!std::isfinite(value)) {
-    nonFinite_ = true;
-    value = 0;
-  }
   if (isAngle(code) && !keepsAngles_) {
     sink_.angle(code, value);
   } else {

@@ -13,8 +13,6 @@ class OutFiler : public AcDbDxfFiler {
 
   /// To be called ahead of each object. With `keepsAngles`, groups 50 to 58 are written as they are.
   void beginObject(bool keepsAngles = false);
-  /// Whether a number that is none has been written as 0 since beginObject.
-  bool metNonFinite() const { return nonFinite_; }
 
   AcDbDatabase* database() const override { return &database_; }
   bool framesObjects() const override { return true; }
@@ -55,7 +53,6 @@ class OutFiler : public AcDbDxfFiler {
   Sink& sink_;
   AcDbDatabase& database_;
   bool keepsAngles_ = false;
-  bool nonFinite_ = false;
 };
 
 }  // namespace krio::dxf

@@ -61,10 +61,14 @@ void Sink::encode(std::wstring_view value, std::string& bytes) const {
 }
 
 void Sink::angle(int code, double radians) {
-  end(formatDegrees(begin(code, kMaxWideLength), std::isfinite(radians) ? radians : 0.0));
+  end(formatDegrees(begin(code, kMaxWideLength), hasDegrees(radians) ? radians : none(0.0)));
 }
 
 void Sink::ratio(int code, double width, double height) {
+  if (!hasRatio(width, height)) {
+    if (width != height) metNone_ = true;
+    width = height = 1;
+  }
   end(formatRatio(begin(code, kMaxWideLength), width, height));
 }
 

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/ge/ge.h"
@@ -41,11 +42,11 @@ class Sink {
   void encode(std::wstring_view value, std::string& bytes) const;
   /// What is no finite number is written as 0.
   void real(int code, double value) {
-    end(formatReal(begin(code, kMaxRealLength), std::isfinite(value) ? value : 0.0));
+    end(formatReal(begin(code, kMaxRealLength), std::isfinite(value) ? value : none(0.0)));
   }
-  /// An angle in radians.
+  /// An angle in radians. One that is no finite number, or none in degrees, is written as 0.
   void angle(int code, double radians);
-  /// The ratio of a view's width to its height.
+  /// The ratio of a view's width to its height, 1 where there is none.
   void ratio(int code, double width, double height);
   void int16(int code, int value) { whole(code, value, 6); }
   void int32(int code, std::int64_t value) { whole(code, value, 9); }
@@ -65,6 +66,9 @@ class Sink {
   /// Hexadecimal digits, as many groups as it takes; an empty run gives none.
   void binary(int code, std::span<const std::byte> bytes);
 
+  /// Whether a number since the last call was one that no file can say, and another stands for it.
+  bool takeNone() { return std::exchange(metNone_, false); }
+
   /// The bytes written so far, to be looked at before the next write.
   std::size_t size() const { return std::size_t(cursor_ - first()); }
   std::string_view since(std::size_t place) const { return {first() + place, size() - place}; }
@@ -72,6 +76,10 @@ class Sink {
   void rewind(std::size_t place) { cursor_ = first() + place; }
 
  private:
+  double none(double instead) {
+    metNone_ = true;
+    return instead;
+  }
   char* first() const { return reinterpret_cast<char*>(out_.data()); }
   void whole(int code, std::int64_t value, int width);
   /// Writes the code's line; gives the place of a value of up to `room` characters.
@@ -98,6 +106,7 @@ class Sink {
 
   std::vector<std::byte>& out_;
   const CodePage& page_;
+  bool metNone_ = false;
   char* cursor_ = nullptr;
   char* limit_ = nullptr;
   std::string scratch_;

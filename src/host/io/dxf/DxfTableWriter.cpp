@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "host/io/dxf/DxfAngle.h"
 #include "host/io/dxf/DxfWriter.h"
 
 namespace krio::dxf {
@@ -71,6 +70,7 @@ void Writer::writeTable(const char* kind, AcDbObjectId tableId, const char* mark
     const AcDbObjectPointer<AcDbObject> open(record->objectId(), AcDb::kForRead);
     body(*record, marker);
     writeExtendedData(*record);
+    tellNone(record->objectId().handle().value());
   }
   sink_.start("ENDTAB");
 }

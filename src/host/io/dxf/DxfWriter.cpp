@@ -71,6 +71,7 @@ Writer::Writer(AcDbDatabase& database, std::vector<std::byte>& out, Report& repo
 void Writer::write() {
   listClasses();
   writeHeader(sink_, db_);
+  tellNone(0);
   writeClasses();
   writeTables();
   writeBlocks();
@@ -265,6 +266,7 @@ void Writer::writeBlock(AcDbBlockTableRecord& block) {
   sink_.text(1, data.xrefPath);
   if (!block.commentsText().empty()) sink_.text(4, block.commentsText());
   if (block.blockBeginId().isResident()) writeExtendedData(*block.blockBeginId().stub()->object);
+  tellNone(block.objectId().handle().value());
   if (!model && !paper) writeEntitiesOf(block, false);
   writeEnd(block.blockEndId(), "ENDBLK", "AcDbBlockEnd");
   if (block.blockEndId().isResident()) writeExtendedData(*block.blockEndId().stub()->object);
@@ -314,12 +316,18 @@ void Writer::writeEntitiesOf(const AcDbBlockTableRecord& block, bool inPaperSpac
 void Writer::writeEntity(AcDbStub* stub, bool inPaperSpace) {
   if (stub->object == nullptr || stub->has(AcDbStub::kErased)) return;
   auto& entity = static_cast<AcDbEntity&>(*stub->object);
-  if (writePlainEntity(entity, inPaperSpace)) return;
-  if (auto* const proxy = AcDbProxyEntity::cast(&entity)) {
-    writeProxyEntity(*proxy, inPaperSpace);
-  } else {
-    writeByClass(entity, inPaperSpace);
+  if (!writePlainEntity(entity, inPaperSpace)) {
+    if (auto* const proxy = AcDbProxyEntity::cast(&entity)) {
+      writeProxyEntity(*proxy, inPaperSpace);
+    } else {
+      writeByClass(entity, inPaperSpace);
+    }
   }
+  tellNone(stub->handle);
+}
+
+void Writer::tellNone(std::uint64_t handle) {
+  if (sink_.takeNone()) report_.warn("a number that no file can say was written as another", handle);
 }
 
 bool Writer::writePlainEntity(AcDbEntity& entity, bool inPaperSpace) {
@@ -427,7 +435,6 @@ void Writer::writeFields(AcDbObject& object) {
   const Acad::ErrorStatus es = object.dxfOutFields(&filer_);
   const std::uint64_t handle = object.objectId().handle().value();
   if (es != Acad::eOk) report_.warn("an object stopped writing its groups, status " + std::to_string(int(es)), handle);
-  if (filer_.metNonFinite()) report_.warn("a number that is none was written as 0", handle);
 }
 
 void Writer::writeByClass(AcDbEntity& entity, bool inPaperSpace) {
@@ -561,6 +568,7 @@ void Writer::writeObject(AcDbObject& object) {
     writeFields(object);
   }
   writeExtendedData(object);
+  tellNone(object.objectId().handle().value());
 }
 
 }  // namespace krio::dxf

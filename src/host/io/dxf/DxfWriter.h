@@ -48,6 +48,8 @@ class Writer {
   static int flagsOf(const AcDbBlockTableRecord& block);
   void writeEntitiesOf(const AcDbBlockTableRecord& block, bool inPaperSpace);
   void writeEntity(AcDbStub* stub, bool inPaperSpace);
+  /// Warns of the object just written when one of its numbers couldn't be.
+  void tellNone(std::uint64_t handle);
   void writeParts(AcDbEntity& entity, bool inPaperSpace);
   bool writePlainEntity(AcDbEntity& entity, bool inPaperSpace);
   void writeByClass(AcDbEntity& entity, bool inPaperSpace);
