@@ -15,6 +15,18 @@ AcGeVector3d halfAxis(const AcGePoint3d& from, const AcGePoint3d& to, const AcGe
   return unit * unit.dotProduct(diagonal);
 }
 
+/// By how much the box of the view shown is turned. Seen from the other end a section turns the other way.
+double turnOfView(const KrObject& member) {
+  switch (member.Vista(0)) {
+    case Secao:
+      return member.angleVista() + member.angleSecao();
+    case SecaoVerso:
+      return member.angleVista() - member.angleSecao();
+    default:
+      return member.angleVista();
+  }
+}
+
 }  // namespace
 
 void KrObjectExtension::assertReadEnabled() const {
@@ -44,7 +56,7 @@ void KrObjectTextExtension::calcTextDirection(AcGeVector3d& direction, int* inve
   const bool section = member.isSecao() == Acad::eOk;
   if (inverted != nullptr) *inverted = 0;
   double turn = textAngle_;
-  if (section && relative) turn += member.angleSecao() + member.angleVista();
+  if (section && relative) turn += turnOfView(member);
   direction = AcGeVector3d::kXAxis;
   if (!section && relative) direction = member.direction().normal();
   direction.rotateBy(turn, AcGeVector3d::kZAxis);
@@ -77,15 +89,13 @@ int KrObjectTextExtension::extensionWorldDraw(int&, AcGiWorldDraw* mode) {
   fromAcDbTextStyle(style, textStyleId_);
   if (textHeight_ >= AcGeContext::gTol.equalPoint()) style.setTextSize(textHeight_);
   mode->subEntityTraits().setLayer(layerId_ != AcDbObjectId::kNull ? layerId_ : member->layerId());
-  const bool section = member->isSecao() == Acad::eOk;
-  const double turn = member->angleVista() + (section ? member->angleSecao() : 0.0);
   AcGePoint3d position;
   calcTextPoint(position);
   AcGeVector3d direction;
   calcTextDirection(direction);
   AcGeVector3d justify;
   calcTextJustifyOffset(style, justify);
-  position += AcGeVector3d(vecOffset_).rotateBy(turn, AcGeVector3d::kZAxis) + justify;
+  position += AcGeVector3d(vecOffset_).rotateBy(turnOfView(*member), AcGeVector3d::kZAxis) + justify;
   mode->geometry().text(position, AcGeVector3d::kZAxis, direction, text_->c_str(), -1, Adesk::kTrue, style);
   return 1;
 }

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "host/gi/Recorder.h"
+#include "object/Drawing.h"
 #include "object/TestMember.h"
 #include "records/KrObjectTextExtension.h"
 
@@ -117,6 +118,40 @@ TEST_F(MemberExtensions, ATextTurnsWithTheSection) {
   expectNear(directionOf(text), std::cos(0.2), std::sin(0.2));
 }
 
+// Seen from the other end the section turns the other way, and so does all that stands by it.
+TEST_F(MemberExtensions, ATextOfTheSectionsBackTurnsWithItsBox) {
+  member.setAngleSecao(0.3);
+  member.make(kPlate, SecaoVerso, 1000, 0.1);
+  KrObjectTextExtension& text = *attachText(member);
+  AcGePoint3d e[4];
+  member.GetExtremePoints(e, 0, 0);
+  const AcGeVector3d side = (e[3] - e[1]).normal();
+  expectNear(side, std::cos(0.2), -std::sin(0.2));
+  expectNear(directionOf(text), std::cos(0.2), -std::sin(0.2));
+  text.setTextAngle(0.5);
+  expectNear(directionOf(text), std::cos(0.3), std::sin(0.3));
+  text.setIsRelativeOriented(0);
+  expectNear(directionOf(text), std::cos(0.5), std::sin(0.5));
+}
+
+TEST_F(MemberExtensions, TheOffsetOfATextOfTheSectionsBackTurnsWithItsBox) {
+  member.setAngleSecao(0.3);
+  member.make(kPlate, SecaoVerso, 1000, 0.1);
+  KrObjectTextExtension& text = *attachText(member);
+  text.setVecOffset(AcGeVector3d(10, 0, 0));
+  gi::Recorder recorder;
+  int regen = 0;
+  text.extensionWorldDraw(regen, &recorder);
+  const std::vector<gi::DrawCall> figures = recorder.figures();
+  ASSERT_EQ(figures.size(), 1U);
+  AcGeVector3d justify;
+  text.calcTextJustifyOffset(figures[0].style, justify);
+  // The middle of the upper side of a plate 60 high, turned by -0.2, and 10 along that side.
+  const double x = 30 * std::sin(0.2) + 10 * std::cos(0.2);
+  const double y = 30 * std::cos(0.2) - 10 * std::sin(0.2);
+  expectNear(figures[0].points.at(0), x + justify.x, y + justify.y);
+}
+
 TEST_F(MemberExtensions, ATextOfAnElevationFollowsTheBarAndNeverStandsOnItsHead) {
   const struct {
     double bar;
@@ -225,4 +260,83 @@ TEST_F(MemberExtensions, TheGripOfATextMovesItsOffset) {
   indices.append(5);
   EXPECT_EQ(text.moveExtensionGripPointsAt(indices, AcGeVector3d(0, 3, 0), 5), Acad::eOk);
   expectNear(text.vecOffset(), 13, 0);
+}
+
+// The grip's offset turns by the view's angle alone, the drawn one by the section's too: it stands as it is.
+TEST_F(MemberExtensions, TheGripOfATextOfASectionLeavesTheSectionsAngleOut) {
+  member.setAngleSecao(kPi / 2);
+  member.make(kPlate, Secao, 1000);
+  KrObjectTextExtension& text = *attachText(member);
+  text.setVecOffset(AcGeVector3d(10, 0, 0));
+  expectNear(anchorOf(text), -30, 0);
+  AcArray<AcGePoint3d> points;
+  AcArray<int> modes;
+  AcArray<int> ids;
+  ASSERT_EQ(text.getExtensionGripPoints(points, modes, ids), Acad::eOk);
+  ASSERT_EQ(points.length(), 1);
+  expectNear(points[0], -20, 0);
+  gi::Recorder recorder;
+  int regen = 0;
+  text.extensionWorldDraw(regen, &recorder);
+  ASSERT_EQ(recorder.figures().size(), 1U);
+  AcGeVector3d justify;
+  text.calcTextJustifyOffset(recorder.figures()[0].style, justify);
+  expectNear(recorder.figures()[0].points.at(0) - justify, -30, 10);
+  AcArray<int> indices;
+  indices.append(0);
+  EXPECT_EQ(text.moveExtensionGripPointsAt(indices, AcGeVector3d(0, 3, 0), 0), Acad::eOk);
+  expectNear(text.vecOffset(), 10, 3);
+}
+
+namespace {
+
+class DrawnText : public MemberExtensions {
+ protected:
+  DrawnText() {
+    member.setLayer(L"PERFIL");
+    member.make(kPlate, Secao, 1000);
+    text = attachText(member);
+  }
+
+  gi::DrawCall drawn() const {
+    gi::Recorder recorder;
+    int regen = 0;
+    text->extensionWorldDraw(regen, &recorder);
+    EXPECT_EQ(recorder.figures().size(), 1U);
+    return recorder.figures().at(0);
+  }
+
+  /// Adds a text style of that size.
+  AcDbObjectId style(double size) {
+    AcDbTextStyleTable* table = nullptr;
+    EXPECT_EQ(drawing.database()->getTextStyleTable(table, AcDb::kForWrite), Acad::eOk);
+    auto* const record = new AcDbTextStyleTableRecord;
+    record->setName(L"MARKS");
+    record->setTextSize(size);
+    AcDbObjectId id;
+    EXPECT_EQ(table->add(id, record), Acad::eOk);
+    record->close();
+    table->close();
+    return id;
+  }
+
+  Drawing drawing;
+  KrObjectTextExtension* text = nullptr;
+};
+
+}  // namespace
+
+TEST_F(DrawnText, LiesOnItsLayerOrWithoutOneOnTheMembers) {
+  EXPECT_EQ(drawn().traits.layer, drawing.layer(L"PERFIL"));
+  text->setLayer(drawing.layer(L"EIXO"));
+  EXPECT_EQ(drawn().traits.layer, drawing.layer(L"EIXO"));
+}
+
+TEST_F(DrawnText, HasItsHeightOrWithoutOneItsStylesSize) {
+  text->setTextStyle(style(7));
+  EXPECT_EQ(drawn().style.textSize(), 7.0);
+  text->setTextHeight(5);
+  EXPECT_EQ(drawn().style.textSize(), 5.0);
+  text->setTextHeight(1e-9);
+  EXPECT_EQ(drawn().style.textSize(), 7.0) << "below the tolerance a height is none";
 }
