@@ -9,6 +9,7 @@
 
 #include "object/FiledNumbers.h"
 #include "object/KrObject.h"
+#include "records/ItemReader.h"
 #include "support/Database.h"
 
 namespace {
@@ -26,9 +27,6 @@ constexpr auto kAuditMended = static_cast<Acad::ErrorStatus>(120);
 constexpr auto kAuditFound = static_cast<Acad::ErrorStatus>(122);
 constexpr std::size_t kAuditText = 64;
 
-/// More than this the counters of cuts, holes and outline nodes can't hold.
-constexpr Adesk::Int32 kMostCounted = 65535;
-
 /// How many lists a file held before only that of the view shown was filed: those of views 0 to 4.
 constexpr int kOldLists = 5;
 
@@ -37,15 +35,12 @@ void writeIds(AcDbDwgFiler* filer, const AcDbObjectIdArray& ids) {
   for (int i = 0; i < ids.length(); ++i) filer->writeSoftPointerId(AcDbSoftPointerId(ids[i]));
 }
 
-void readIds(AcDbDwgFiler* filer, AcDbObjectIdArray& ids) {
-  ids.setLogicalLength(0);
+void readIds(ItemReader& in, AcDbObjectIdArray& ids) {
   Adesk::Int32 count = 0;
-  filer->readInt32(&count);
-  for (int i = 0; i < count && filer->filerStatus() == Acad::eOk; ++i) {
-    AcDbSoftPointerId id;
-    filer->readSoftPointerId(&id);
-    ids.append(id);
-  }
+  if (!in.take(count)) return;
+  ids.setLogicalLength(0);
+  AcDbSoftPointerId id;
+  for (int i = 0; i < count && in.take(id); ++i) ids.append(id);
 }
 
 /// The ids that can be opened: a save drops those of erased or lost objects.
@@ -60,16 +55,17 @@ AcDbObjectIdArray living(const AcDbObjectIdArray& ids) {
   return kept;
 }
 
-template <class Enum>
-void readWord(AcDbDwgFiler* filer, Enum& field) {
-  Adesk::UInt16 word = 0;
-  filer->readUInt16(&word);
-  field = static_cast<Enum>(word);
-}
-
 /// Whether something can be shown at a scale: a regeneration divides by it.
 bool isScale(double factor) {
   return isFinite(factor) && factor != 0;
+}
+
+/// An end of the axis: in a file its level is the point's own.
+void takeEnd(ItemReader& in, AcGePoint3d& end, double& level) {
+  AcGePoint3d filed;
+  if (!in.take(filed)) return;
+  end.set(filed.x, filed.y, 0);
+  level = filed.z;
 }
 
 AcGePoint3d atLevel(const AcGePoint3d& p, double z) {
@@ -156,8 +152,9 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
   if (semEntidade_ == 0)
     if (const Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer); es != Acad::eOk) return es;
 
+  ItemReader in(filer);
   Adesk::Int16 version = 0;
-  filer->readInt16(&version);
+  if (!in.take(version)) return in.status();
   version_ = static_cast<Version>(version);
   if (version_ > kKrObjectVersion) return Acad::eMakeMeProxy;
   if (version_ >= kFirstWithModel)
@@ -166,7 +163,7 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
     if (const Acad::ErrorStatus es = readLinksAndOutline(filer); es != Acad::eOk) return es;
   if (version_ >= kFirstWithRole) {
     Adesk::Int16 role = 0;
-    filer->readInt16(&role);
+    if (!in.take(role)) return in.status();
     tipoBarra_ = static_cast<TipoBarra>(static_cast<Adesk::UInt16>(role));
   }
   if (version_ >= kFirstWithNotches)
@@ -196,125 +193,123 @@ Acad::ErrorStatus KrObject::dwgInFields(AcDbDwgFiler* filer) {
   return filer->filerStatus();
 }
 
+// Behind a break nothing is stored: what the file told until then stays, and so does all else that the member held.
 Acad::ErrorStatus KrObject::readModel(AcDbDwgFiler* filer) {
+  ItemReader in(filer);
   ACHAR* name = nullptr;
-  filer->readString(&name);
+  if (!in.take(name)) return in.status();
   setUserName(name != nullptr && *name != L'\0' ? name : nullptr);
   acutDelString(name);
-  readWord(filer, vista_);
-  filer->readUInt16(&material_);
-  readWord(filer, objectType_);
+  KrVistas view = vista_;
+  if (!in.takeWord(view)) return in.status();
   // A list of no view can't be held; the word comes from a file.
-  if (vista_ < 0 || vista_ >= kNumVistas) return Acad::eInvalidInput;
-  if (version_ < kFirstWithOneList) {
-    for (int v = 0; v < kOldLists; ++v)
-      if (const Acad::ErrorStatus es = vertexLists_[static_cast<std::size_t>(v)].dwgInFields(filer); es != Acad::eOk)
-        return es;
-  } else if (const Acad::ErrorStatus es = vertexList(VistaCorrente).dwgInFields(filer); es != Acad::eOk) {
-    return es;
+  if (view < 0 || view >= kNumVistas) return Acad::eInvalidInput;
+  vista_ = view;
+  in.take(material_);
+  if (!in.takeWord(objectType_)) return in.status();
+  const bool oneList = version_ >= kFirstWithOneList;
+  for (int v = 0; v < (oneList ? 1 : kOldLists); ++v) {
+    KrObjectArray<KrVector>& lista = vertexList(oneList ? VistaCorrente : static_cast<KrVistas>(v));
+    if (const Acad::ErrorStatus es = lista.dwgInFields(filer); es != Acad::eOk) return es;
+    if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
   }
-  filer->readVector3d(&normal_);
-  filer->readDouble(&angleVista_);
-  filer->readPoint3d(&startPoint_);
-  filer->readPoint3d(&endPoint_);
-  zCoordIni_ = startPoint_.z;
-  zCoordEnd_ = endPoint_.z;
-  startPoint_.z = endPoint_.z = 0;
-  filer->readDouble(&comprimento_);
-  filer->readDouble(&angleSecao_);
+  in.take(normal_);
+  in.take(angleVista_);
+  takeEnd(in, startPoint_, zCoordIni_);
+  takeEnd(in, endPoint_, zCoordEnd_);
+  in.take(comprimento_);
+  in.take(angleSecao_);
   DclFuracao pattern;
-  filer->readBytes(&pattern, sizeof pattern);
-  furacaoTrelica_ = pattern;
+  if (in.takeBytes(pattern)) furacaoTrelica_ = pattern;
   bool projeto = false;
-  filer->readBool(&projeto);
-  projeto_ = projeto ? 1 : 0;
-  filer->readDouble(&projetoFator_);
+  if (in.take(projeto)) projeto_ = projeto ? 1 : 0;
+  in.take(projetoFator_);
+  return in.status() == Acad::eOk ? readCuts(filer) : in.status();
+}
 
-  cortes_.Clear();
+Acad::ErrorStatus KrObject::readCuts(AcDbDwgFiler* filer) {
+  ItemReader in(filer);
   Adesk::Int32 cuts = 0;
-  filer->readInt32(&cuts);
+  if (!in.take(cuts)) return in.status();
+  cortes_.Clear();
   if (cuts > kMostCounted) return Acad::eInvalidInput;
-  for (int i = 0; i < cuts && filer->filerStatus() == Acad::eOk; ++i) {
+  for (int i = 0; i < cuts; ++i) {
     double k[4] = {};
-    for (double& coefficient : k) filer->readDouble(&coefficient);
+    for (double& coefficient : k) in.take(coefficient);
     AcGePoint3d side;
-    filer->readPoint3d(&side);
-    for (const double number : {k[0], k[1], k[2], k[3], side.x, side.y, side.z})
-      if (!isFinite(number)) return Acad::eInvalidInput;
+    if (!in.take(side)) break;
     AcGePlane plane;
-    plane.set(k[0], k[1], k[2], k[3]);
+    if (!setCutPlane(k[0], k[1], k[2], k[3], side, plane)) return Acad::eInvalidInput;
     cortes_.expect(cuts);
     cortes_.Add(plane, side);
   }
-  return filer->filerStatus();
+  return in.status();
 }
 
 Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
-  readIds(filer, relativeObj_);
-  secao_.Clear();
+  ItemReader in(filer);
+  readIds(in, relativeObj_);
   Adesk::Int32 nodes = 0;
-  filer->readInt32(&nodes);
+  if (!in.take(nodes)) return in.status();
+  secao_.Clear();
   if (nodes > kMostCounted) return Acad::eInvalidInput;
-  for (int i = 0; nodes > 0 && i <= nodes && filer->filerStatus() == Acad::eOk; ++i) {
+  for (int i = 0; nodes > 0 && i <= nodes; ++i) {
     AcGeVector3d vertex;
     double bulge = 0;
-    filer->readVector3d(&vertex);
-    filer->readDouble(&bulge);
+    in.take(vertex);
+    if (!in.take(bulge)) return in.status();
     if (!isFinite(vertex) || !isFinite(bulge)) return Acad::eInvalidInput;
     secao_.Add(vertex, bulge);
   }
-  if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
   // An outline is measured from its reference node: without that it is none.
   if (!secao_.isEmpty() && secao_.numNodes() <= secao_.Qtd()) return Acad::eInvalidInput;
   if (const Acad::ErrorStatus es = readHoles(filer); es != Acad::eOk) return es;
-  filer->readDouble(&xScale_);
-  filer->readDouble(&yScale_);
-  filer->readDouble(&zScale_);
-  readIds(filer, relativeDim_);
-  readIds(filer, relativePos_);
+  for (double* scale : {&xScale_, &yScale_, &zScale_}) in.take(*scale);
+  readIds(in, relativeDim_);
+  readIds(in, relativePos_);
+  if (in.status() != Acad::eOk) return in.status();
   tipoBarra_ = Barra;
-  if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
   return isScale(xScale_) && isScale(yScale_) && isScale(zScale_) ? Acad::eOk : Acad::eInvalidInput;
 }
 
 Acad::ErrorStatus KrObject::readHoles(AcDbDwgFiler* filer) {
-  furos_.Clear();
+  ItemReader in(filer);
   Adesk::Int32 holes = 0;
-  filer->readInt32(&holes);
+  if (!in.take(holes)) return in.status();
+  furos_.Clear();
   if (holes > kMostCounted) return Acad::eInvalidInput;
-  for (int i = 0; i < holes && filer->filerStatus() == Acad::eOk; ++i) {
+  for (int i = 0; i < holes; ++i) {
     AcGeVector3d ini, fim;
     double diametro = 0, stretch = 0, angle = 0;
-    filer->readVector3d(&ini);
-    filer->readVector3d(&fim);
-    filer->readDouble(&diametro);
-    filer->readDouble(&stretch);
-    if (version_ >= kFirstWithHoleAngle) filer->readDouble(&angle);
+    in.take(ini);
+    in.take(fim);
+    in.take(diametro);
+    in.take(stretch);
+    if (version_ >= kFirstWithHoleAngle) in.take(angle);
+    if (in.status() != Acad::eOk) break;
     for (const double number : {ini.x, ini.y, ini.z, fim.x, fim.y, fim.z, diametro, stretch, angle})
       if (!isFinite(number)) return Acad::eInvalidInput;
     furos_.expect(holes);
     furos_.Add(ini, fim, diametro, stretch, angle);
   }
-  return filer->filerStatus();
+  return in.status();
 }
 
 // Without an extension's class nothing more is read: the rest of the object is then left as it was.
 Acad::ErrorStatus KrObject::readExtensions(AcDbDwgFiler* filer, bool& complete) {
-  for (int i = 0; i < 3; ++i) {
-    AcDbHardPointerId layer;
-    filer->readHardPointerId(&layer);
-  }
+  ItemReader in(filer);
+  AcDbHardPointerId unused;
+  for (int i = 0; i < 3; ++i) in.take(unused);
   Adesk::Int32 count = 0;
-  filer->readInt32(&count);
+  if (!in.take(count)) return in.status();
   if (count > kMostCounted) return Acad::eInvalidInput;
   deleteExtensions();
   extensions_.resize(static_cast<std::size_t>(std::max(count, 0)));
   for (KrObjectExtension*& slot : extensions_) {
     ACHAR* name = nullptr;
-    filer->readString(&name);
+    if (!in.take(name)) return in.status();
     const std::wstring className = name != nullptr ? name : L"";
     acutDelString(name);
-    if (filer->filerStatus() != Acad::eOk) return filer->filerStatus();
     if (className.empty()) continue;
     AcRxClass* cls = AcRxClass::cast(acrxClassDictionary->at(className.c_str()));
     complete = cls != nullptr;

@@ -108,7 +108,7 @@ bool KrObject::readPlacement(StrictDxfReader& in) {
 
 bool KrObject::readCuts(StrictDxfReader& in) {
   std::int32_t count = 0;
-  if (!in.int32(count)) return false;
+  if (!in.int32(count) || !in.require(count <= kMostCounted)) return false;
   // Without cuts in the file those of the member stay.
   if (count > 0) cortes_.Clear();
   for (std::int32_t i = 0; i < count; ++i) {
@@ -116,7 +116,7 @@ bool KrObject::readCuts(StrictDxfReader& in) {
     AcGePoint3d side;
     if (!in.real(a) || !in.real(b) || !in.real(c) || !in.real(d) || !in.point(side)) return false;
     AcGePlane plane;
-    plane.set(a, b, c, d);
+    if (!in.require(setCutPlane(a, b, c, d, side, plane))) return false;
     cortes_.Add(plane, side);
   }
   return true;

@@ -45,5 +45,5 @@ inline bool isFinite(const AcArray<AcGePoint2d>& points, const AcArray<double>& 
 
 inline bool isFinite(const KrVector& v) {
   return isFinite(v.startPoint()) && isFinite(v.midPoint()) && isFinite(v.endPoint()) && isFinite(v.direction()) &&
-         isFinite(v.radius()) && isFinite(v.folga());
+         isFinite(v.storedLength()) && isFinite(v.radius()) && isFinite(v.folga()) && isFinite(v.furoAux());
 }

@@ -733,6 +733,7 @@ class KrObject : public AcDbEntity {
   static AcDbObjectId layerOf(const KrVector& v, AcDbObjectId entityLayer);
   void drawElement(AcGiWorldDraw* draw, AcGiSubEntityTraits& traits, const KrVector& v, AcDbObjectId entityLayer) const;
   Acad::ErrorStatus readModel(AcDbDwgFiler* filer);
+  Acad::ErrorStatus readCuts(AcDbDwgFiler* filer);
   Acad::ErrorStatus readLinksAndOutline(AcDbDwgFiler* filer);
   /// `complete` tells whether every extension's class was there.
   Acad::ErrorStatus readExtensions(AcDbDwgFiler* filer, bool& complete);

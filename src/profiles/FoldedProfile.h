@@ -40,23 +40,23 @@
   }
 
 /// Filing behind the base: the version, the parameters and the line. A drawing that holds no outline gets it back.
-#define KR_FOLDED_DEFINE_DWG(CLASS)                                                                  \
-  Acad::ErrorStatus CLASS::dwgOutFields(AcDbDwgFiler* filer) const {                                 \
-    assertReadEnabled();                                                                             \
-    if (const Acad::ErrorStatus es = KrObject::dwgOutFields(filer); es != Acad::eOk) return es;      \
-    ProfileHelpers::writeFields(filer, versao_, filed(*this));                                       \
-    MiddleLine::writeNodes(filer, linhaMedia_);                                                      \
-    return filer->filerStatus();                                                                     \
-  }                                                                                                  \
-  Acad::ErrorStatus CLASS::dwgInFields(AcDbDwgFiler* filer) {                                        \
-    assertWriteEnabled();                                                                            \
-    if (const Acad::ErrorStatus es = KrObject::dwgInFields(filer); es != Acad::eOk) return es;       \
-    const Acad::ErrorStatus es = ProfileHelpers::readFields(filer, versao_, kVersion, filed(*this)); \
-    if (es != Acad::eOk) return es;                                                                  \
-    MiddleLine::readNodes(filer, linhaMedia_);                                                       \
-    MiddleLine::restoreOutline(outline(), linhaMedia_, espessura_);                                  \
-    versao_ = kVersion;                                                                              \
-    return filer->filerStatus();                                                                     \
+#define KR_FOLDED_DEFINE_DWG(CLASS)                                                             \
+  Acad::ErrorStatus CLASS::dwgOutFields(AcDbDwgFiler* filer) const {                            \
+    assertReadEnabled();                                                                        \
+    if (const Acad::ErrorStatus es = KrObject::dwgOutFields(filer); es != Acad::eOk) return es; \
+    ProfileHelpers::writeFields(filer, versao_, filed(*this));                                  \
+    MiddleLine::writeNodes(filer, linhaMedia_);                                                 \
+    return filer->filerStatus();                                                                \
+  }                                                                                             \
+  Acad::ErrorStatus CLASS::dwgInFields(AcDbDwgFiler* filer) {                                   \
+    assertWriteEnabled();                                                                       \
+    if (const Acad::ErrorStatus es = KrObject::dwgInFields(filer); es != Acad::eOk) return es;  \
+    Acad::ErrorStatus es = ProfileHelpers::readFields(filer, versao_, kVersion, filed(*this));  \
+    if (es == Acad::eOk) es = MiddleLine::readNodes(filer, linhaMedia_);                        \
+    if (es != Acad::eOk) return es;                                                             \
+    MiddleLine::restoreOutline(outline(), linhaMedia_, espessura_);                             \
+    versao_ = kVersion;                                                                         \
+    return Acad::eOk;                                                                           \
   }
 
 /// The same in DXF.

@@ -1,10 +1,12 @@
 #include "profiles/KrChapa.h"
 
 #include <cmath>
+#include <utility>
 
 #include "host/ed/ed.h"
 #include "profiles/MiddleLine.h"
 #include "profiles/ProfileHelpers.h"
+#include "records/ItemReader.h"
 
 KR_PROFILE_DEFINE_MEMBERS(KrChapa, KRCHAPA)
 
@@ -218,22 +220,24 @@ Acad::ErrorStatus KrChapa::dwgOutFields(AcDbDwgFiler* filer) const {
 Acad::ErrorStatus KrChapa::dwgInFields(AcDbDwgFiler* filer) {
   assertWriteEnabled();
   if (const Acad::ErrorStatus es = KrObject::dwgInFields(filer); es != Acad::eOk) return es;
+  ItemReader in(filer);
   Adesk::Int16 filed = 0;
-  filer->readInt16(&filed);
+  if (!in.take(filed)) return in.status();
   versao_ = filed;
   if (versao_ >= kVersionWithLine) {
-    filer->readDouble(&espessura_);
-    filer->readDouble(&largura_);
-    linhaMedia_ = std::make_shared<KrGeratriz>();
-    MiddleLine::readNodes(filer, *linhaMedia_);
+    in.take(espessura_);
+    if (!in.take(largura_)) return in.status();
+    auto line = std::make_shared<KrGeratriz>();
+    if (const Acad::ErrorStatus es = MiddleLine::readNodes(filer, *line); es != Acad::eOk) return es;
+    linhaMedia_ = std::move(line);
     MiddleLine::restoreOutline(outline(), *linhaMedia_, espessura_);
   }
   if (versao_ >= kVersionWithType) {
     Adesk::Int16 tipo = 0;
-    filer->readInt16(&tipo);
+    if (!in.take(tipo)) return in.status();
     tipo_ = static_cast<CHAPA_SPECIFICATION>(tipo);
   }
-  return filer->filerStatus();
+  return Acad::eOk;
 }
 
 void KrChapa::subList() const {

@@ -272,7 +272,7 @@ Acad::ErrorStatus KrILaminadoUSA::dwgInFields(AcDbDwgFiler* filer) {
     return es;
   }
   Adesk::Int16 tipo = ISolParalelaArredondada;
-  if (filedVersion >= kVersionWithTipo) filer->readInt16(&tipo);
+  if (filedVersion >= kVersionWithTipo && filer->readInt16(&tipo) != Acad::eOk) return filer->filerStatus();
   tipo_ = static_cast<ISolType>(tipo);
   if (outline().Qtd() == 0) {
     CalculeSecao();

@@ -6,6 +6,7 @@
 #include "profiles/MiddleLine.h"
 #include "profiles/ProfileHelpers.h"
 #include "records/FiledMarker.h"
+#include "records/ItemReader.h"
 
 KR_PROFILE_DEFINE_MEMBERS(KrISoldado, KRISOLDADO)
 
@@ -168,25 +169,30 @@ Acad::ErrorStatus KrISoldado::dwgOutFields(AcDbDwgFiler* filer) const {
 Acad::ErrorStatus KrISoldado::dwgInFields(AcDbDwgFiler* filer) {
   assertWriteEnabled();
   if (const Acad::ErrorStatus es = KrObject::dwgInFields(filer); es != Acad::eOk) return es;
+  ItemReader in(filer);
   double first = 0.0;
-  filer->readDouble(&first);
+  if (!in.take(first)) return in.status();
   const bool older = first != kFiledMarker;
   if (older) {
     tf_ = first;
-    for (double* parametro : {&tw_, &altura_, &mesa1_, &mesa2_, &KgMetro_}) filer->readDouble(parametro);
+    for (double* parametro : {&tw_, &altura_, &mesa1_, &mesa2_, &KgMetro_}) in.take(*parametro);
+    if (in.status() != Acad::eOk) return in.status();
   } else if (const Acad::ErrorStatus es = ProfileHelpers::readFields(filer, versao_, kVersion, filed(*this));
              es != Acad::eOk) {
     return es;
   }
-  MiddleLine::readNodes(filer, linhaMedia_, MiddleLine::kNoneWithoutCount);
-  tf1_ = tf2_ = tf_;
-  if (!older) {
-    filer->readDouble(&tf1_);
-    filer->readDouble(&tf2_);
+  const Acad::ErrorStatus es = MiddleLine::readNodes(filer, linhaMedia_, MiddleLine::kNoneWithoutCount);
+  if (es != Acad::eOk) return es;
+  if (older) {
+    tf1_ = tf2_ = tf_;
+  } else {
+    in.take(tf1_);
+    in.take(tf2_);
+    if (in.status() != Acad::eOk) return in.status();
   }
   MiddleLine::restoreOutline(outline(), linhaMedia_, tf1_);
   versao_ = kVersion;
-  return filer->filerStatus();
+  return Acad::eOk;
 }
 
 Acad::ErrorStatus KrISoldado::dxfOutFields(AcDbDxfFiler* filer) const {

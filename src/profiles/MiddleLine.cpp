@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "object/FiledNumbers.h"
 #include "profiles/ProfileHelpers.h"
 #include "records/FiledMarker.h"
+#include "records/ItemReader.h"
 #include "records/StrictDxfReader.h"
 #include "support/Angles.h"
 #include "support/Bulges.h"
@@ -23,9 +25,6 @@ constexpr int kClockwise = 1;
 constexpr std::int16_t kDxfVersionRead = 1;
 
 constexpr int kDxfNormal = 210;
-
-/// More nodes than this a line can't count.
-constexpr Adesk::Int32 kMostCounted = 65535;
 
 FoldedStrip::Turn opposite(FoldedStrip::Turn turn) {
   return turn == FoldedStrip::kLeft ? FoldedStrip::kRight : FoldedStrip::kLeft;
@@ -172,18 +171,21 @@ void writeNodes(AcDbDwgFiler* filer, const KrGeratriz& line) {
   }
 }
 
-void readNodes(AcDbDwgFiler* filer, KrGeratriz& line, WithoutCount without) {
-  line.Clear();
+Acad::ErrorStatus readNodes(AcDbDwgFiler* filer, KrGeratriz& line, WithoutCount without) {
+  ItemReader in(filer);
   Adesk::Int32 qtd = 0;
-  filer->readInt32(&qtd);
+  if (!in.take(qtd)) return in.status();
+  line.Clear();
   if (qtd > kMostCounted) filer->setFilerStatus(Acad::eInvalidInput);
-  if (qtd == 0 && without == kNoneWithoutCount) return;
-  for (Adesk::Int32 i = 0; i <= qtd && filer->filerStatus() == Acad::eOk; ++i) {
+  if (qtd == 0 && without == kNoneWithoutCount) return Acad::eOk;
+  for (Adesk::Int32 i = 0; i <= qtd; ++i) {
     AcGeVector3d vertex;
     double bulge = 0.0;
-    filer->readVector3d(&vertex);
-    if (filer->readDouble(&bulge) == Acad::eOk) line.Add(vertex, bulge);
+    in.take(vertex);
+    if (!in.take(bulge)) break;
+    line.Add(vertex, bulge);
   }
+  return filer->filerStatus();
 }
 
 Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t versao,
@@ -205,18 +207,22 @@ Acad::ErrorStatus readGroups(AcDbDxfFiler* filer, const ACHAR* className, std::i
   if (!filer->atSubclassData(className)) return filer->filerStatus();
   StrictDxfReader reader(filer);
   double ignored = 0.0;
-  bool complete = reader.real(ignored) && reader.int16(versao) && reader.require(versao == kDxfVersionRead);
+  std::int16_t filed = 0;
+  bool complete = reader.real(ignored) && reader.int16(filed) && reader.require(filed == kDxfVersionRead);
+  if (complete) versao = filed;
   for (double* parametro : parametros) complete = complete && reader.real(*parametro);
   std::int32_t qtd = 0;
-  complete = complete && reader.int32(qtd);
-  line.Clear();
+  complete = complete && reader.int32(qtd) && reader.require(qtd <= kMostCounted);
+  KrGeratriz told;
   for (std::int32_t i = 0; i < qtd && complete; ++i) {
     AcGePoint3d vertex;
     double bulge = 0.0;
     complete = reader.point(vertex, kDxfNormal) && reader.real(bulge);
-    if (complete) line.Add(vertex.asVector(), bulge);
+    if (complete) told.Add(vertex.asVector(), bulge);
   }
-  return complete ? filer->filerStatus() : reader.giveUp();
+  if (!complete) return reader.giveUp();
+  line = told;
+  return filer->filerStatus();
 }
 
 }  // namespace MiddleLine

@@ -116,15 +116,16 @@ void writeNodes(AcDbDwgFiler* filer, const KrGeratriz& line);
 /// Whether a count of 0 is followed by the origin's node all the same, or by nothing.
 enum WithoutCount : bool { kNoneWithoutCount = false, kOriginWithoutCount = true };
 /// Reads the line back in the place of what it held. Stops where the filer does; more nodes than a line can count end
-/// in `Acad::eInvalidInput` in the filer.
-void readNodes(AcDbDwgFiler* filer, KrGeratriz& line, WithoutCount without = kOriginWithoutCount);
+/// in `Acad::eInvalidInput` in the filer. The filer's status.
+Acad::ErrorStatus readNodes(AcDbDwgFiler* filer, KrGeratriz& line, WithoutCount without = kOriginWithoutCount);
 
 /// Files in DXF: the class's subclass marker, group 40 with the marker of a version, group 170, a group 40 per
 /// parameter, and the line: group 90, and 210 and 40 per counted node. The origin's node isn't filed.
 Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t versao,
                               std::span<const double* const> parametros, const KrGeratriz& line);
-/// Reads them back in strict order; a wrong group, or a version other than 1, ends the reading with
-/// `Acad::eInvalidDxfCode` in the filer. Without the subclass marker nothing is read. The filer's status.
+/// Reads them back in strict order; a wrong group, a version other than 1, or more nodes than a line can count end the
+/// reading with `Acad::eInvalidDxfCode` in the filer. The parameters ahead of that stay; a refused version isn't taken,
+/// and the line only whole. Without the subclass marker nothing is read. The filer's status.
 Acad::ErrorStatus readGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t& versao,
                              std::span<double* const> parametros, KrGeratriz& line);
 

@@ -5,6 +5,7 @@
 
 #include "host/ed/ed.h"
 #include "object/Finite.h"
+#include "records/ItemReader.h"
 #include "records/StrictDxfReader.h"
 #include "support/Angles.h"
 #include "support/Bulges.h"
@@ -116,12 +117,13 @@ Acad::ErrorStatus readFields(AcDbDwgFiler* filer, std::int16_t& versao, std::int
 
 Acad::ErrorStatus readFields(AcDbDwgFiler* filer, std::int16_t& versao, std::int16_t known,
                              std::span<double* const> parametros) {
+  ItemReader in(filer);
   Adesk::Int16 filed = 0;
-  filer->readInt16(&filed);
+  if (!in.take(filed)) return in.status();
   if (filed > known) return Acad::eMakeMeProxy;
   versao = filed;
-  for (double* parametro : parametros) filer->readDouble(parametro);
-  return filer->filerStatus();
+  for (double* parametro : parametros) in.take(*parametro);
+  return in.status();
 }
 
 void dropUnlessFinite(KrGeratriz& outline) {
@@ -156,7 +158,9 @@ Acad::ErrorStatus readGroups(AcDbDxfFiler* filer, const ACHAR* className, std::i
                              std::span<double* const> parametros) {
   if (!filer->atSubclassData(className)) return filer->filerStatus();
   StrictDxfReader reader(filer);
-  bool complete = reader.int16(versao) && reader.require(versao == kDxfVersionRead);
+  std::int16_t filed = 0;
+  bool complete = reader.int16(filed) && reader.require(filed == kDxfVersionRead);
+  if (complete) versao = filed;
   for (double* parametro : parametros) complete = complete && reader.real(*parametro);
   return complete ? filer->filerStatus() : reader.giveUp();
 }

@@ -58,7 +58,7 @@ void copyParameters(std::span<double* const> to, std::span<const double* const> 
 /// Files the version of a class and its parameters, behind what the base filed. The filer's status.
 Acad::ErrorStatus writeFields(AcDbDwgFiler* filer, std::int16_t versao, std::initializer_list<double> parametros);
 /// Reads them back: `Acad::eMakeMeProxy` for a version above `known`, with the parameters as they were; else the
-/// filer's status.
+/// filer's status. What stands behind a break keeps what it held.
 Acad::ErrorStatus readFields(AcDbDwgFiler* filer, std::int16_t& versao, std::int16_t known,
                              std::initializer_list<double*> parametros);
 /// The same with the parameters in place.
@@ -73,7 +73,8 @@ void dropUnlessFinite(KrGeratriz& outline);
 Acad::ErrorStatus writeGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t versao,
                               std::initializer_list<double> parametros);
 /// Reads them back in strict order; a wrong group, or a version other than 1, ends the reading with
-/// `Acad::eInvalidDxfCode` in the filer. Without the subclass marker nothing is read. The filer's status.
+/// `Acad::eInvalidDxfCode` in the filer. The parameters ahead of that stay; a refused version isn't taken. Without the
+/// subclass marker nothing is read. The filer's status.
 Acad::ErrorStatus readGroups(AcDbDxfFiler* filer, const ACHAR* className, std::int16_t& versao,
                              std::initializer_list<double*> parametros);
 /// The same with the parameters in place.

@@ -63,6 +63,10 @@ class KrVector {
   /// Clearance of a hole, added to its diameter.
   double folga() const { return folga_; }
   double radius() const { return radius_; }
+  /// A third measure of a hole, which no geometry reads.
+  double furoAux() const { return furoAux_; }
+  /// The length as it is kept, whatever the type makes of it: see `len`.
+  double storedLength() const { return length_; }
   /// 1 if a face or a modifier hides the element, else 0.
   int hidden() const { return hidden_; }
   /// Index of the modifier that generated the element; `typeEx` tells of which kind.

@@ -3,13 +3,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 #include "object/Drawing.h"
 #include "object/DxfRecords.h"
+#include "object/MemberLayout.h"
 #include "object/SampleOutlines.h"
 #include "object/TestMember.h"
 #include "profiles/KrTubo.h"
+#include "records/KrObjectTextExtension.h"
 
 namespace {
 
@@ -250,21 +253,63 @@ TEST_F(MemberDxf, ElementsOfRecordVersion1AreWhatTheReaderTakes) {
   EXPECT_DOUBLE_EQ(lengthOf(member), 500);
 }
 
+namespace {
+
+/// Reads a layout and shows nothing of it, so that DXF takes the whole.
+void fillUnshown(TestMember& member, const MemberLayout& layout) {
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler, layout.bytes());
+  ASSERT_EQ(member.dwgInFieldsData(&filer), Acad::eOk);
+  member.ClearVertexes(Superior);
+}
+
+}  // namespace
+
 TEST_F(MemberDxf, OutlineHolesLevelsScalesRoleAndExtensionsAreNotWritten) {
+  MemberLayout plain = MemberLayout::plate();
+  plain.version = 2;
+  plain.start.z = plain.end.z = 0;
+  plain.lists = {};
+  MemberLayout everything = MemberLayout::plate();
+  everything.start.z = 100;
+  everything.end.z = 200;
+  everything.xScale = 0.1;
+  everything.relativeObj = everything.relativeDim = everything.relativePos = {drawing.append(new AcDbLine)};
+  TestMember bare;
+  fillUnshown(bare, plain);
   TestMember rich;
-  rich.draw({samples::rolledI(200, 100, 6, 9, 12)});
-  KrFuro holes;
-  holes.Add(AcGeVector3d(30, 100, 120), AcGeVector3d(30, 91, 120), 18, 10, 0.2);
-  rich.setFurosSemLink(holes);
-  rich.setZCoordIni(100);
-  rich.settipoBarra(Pilar);
-  AcDbMemoryDxfFiler filer;
-  ASSERT_EQ(rich.dxfOutFields(&filer), Acad::eOk);
-  ASSERT_EQ(read(filer.groups()), Acad::eOk);
-  EXPECT_EQ(member.outline().numNodes(), 0);
-  EXPECT_EQ(member.numFuros(), 0);
+  fillUnshown(rich, everything);
+  KrObjectSplit split;
+  split.setZPos(400);
+  split.setLength(20);
+  rich.addSplit(split, 1);
+  rich.addKrObjectExtension(new KrObjectTextExtension);
+  ASSERT_EQ(rich.numSplits(), 1);
+  ASSERT_EQ(rich.numFuros(), 2);
+  AcDbMemoryDxfFiler ofBare;
+  ASSERT_EQ(bare.dxfOutFields(&ofBare), Acad::eOk);
+  AcDbMemoryDxfFiler ofRich;
+  ASSERT_EQ(rich.dxfOutFields(&ofRich), Acad::eOk);
+  EXPECT_EQ(codes(ofRich.groups()), codes(ofBare.groups()));
+
+  ASSERT_EQ(read(ofRich.groups()), Acad::eOk);
+  EXPECT_EQ(member.numSplits(), 0);
+  EXPECT_EQ(member.getKrObjectExtension(1), nullptr);
   EXPECT_DOUBLE_EQ(member.zCoordIni(), 0);
-  EXPECT_EQ(member.tipoBarra(), Barra);
+  EXPECT_DOUBLE_EQ(member.zCoordEnd(), 0);
+  // All else is the identity, the placement and the cuts of the layout, with the rest at its defaults.
+  MemberLayout left = plain;
+  left.version = MemberLayout::kNewest;
+  left.outline.clear();
+  left.holes.clear();
+  left.notches = {};
+  left.xScale = left.yScale = left.zScale = 1;
+  left.tipoBarra = Barra;
+  left.hidden = drawing.layer(L"L-HIDDEN");
+  left.hideFace = drawing.layer(L"KR_HIDE_FACE");
+  left.axis = drawing.layer(L"EIXO");
+  AcDbMemoryDwgFiler data(AcDb::kFileFiler);
+  ASSERT_EQ(member.dwgOutFieldsData(&data), Acad::eOk);
+  EXPECT_EQ(data.buffer(), left.bytes());
 }
 
 // --- Edges -----------------------------------------------------------------------------------------------------------
@@ -276,6 +321,25 @@ TEST_F(MemberDxf, OfVersion8ReadsItsVersionAndNothingElse) {
   EXPECT_EQ(member.userName(), nullptr);
   EXPECT_DOUBLE_EQ(lengthOf(member), 0);
   EXPECT_EQ(nextCode(), 1) << "the groups behind the version stay unread";
+}
+
+TEST_F(MemberDxf, OfVersion8GetsItsReferenceLineOverItsAxis) {
+  member.make({samples::rolledI(200, 100, 6, 9, 12)}, Superior, 500);
+  std::vector<KrVector> kept;
+  KrVector v;
+  for (int i = 0; member.GetVector(i, v) != 0; ++i)
+    if (v.type() != KR_VT_REFERENCIA) kept.push_back(v);
+  ASSERT_LT(static_cast<int>(kept.size()), member.GetNumVertex(Superior));
+  member.ClearVertexes(Superior);
+  for (const KrVector& each : kept) member.AddVertex(each, Superior);
+  ASSERT_EQ(read(memberGroups(8)), Acad::eOk);
+  KrVector axis;
+  ASSERT_EQ(member.GetVectorEixo(Superior, axis), 1);
+  ASSERT_EQ(member.GetNumVertex(Superior), static_cast<int>(kept.size()) + 1);
+  ASSERT_EQ(member.GetVector(static_cast<int>(kept.size()), v), 1);
+  EXPECT_EQ(v.type(), KR_VT_REFERENCIA);
+  EXPECT_TRUE(v.startPoint().isEqualTo(axis.startPoint()));
+  EXPECT_TRUE(v.endPoint().isEqualTo(axis.endPoint()));
 }
 
 TEST_F(MemberDxf, AVersionKeepsItsSign) {
@@ -397,9 +461,90 @@ TEST_F(MemberDxf, EveryBeginningOfARecordEndsInAStatus) {
 
 TEST_F(MemberDxf, ANumberOfCutsBeyondTheGroupsEndsWithThem) {
   Groups groups = memberGroups();
-  groups[kCutsPlace] = number(90, 2000000000);
+  groups[kCutsPlace] = number(90, 65535);
   EXPECT_EQ(read(groups), Acad::eInvalidDxfCode);
   EXPECT_EQ(member.numCortes(), 1);
+}
+
+// One more than the counter holds would be none, two more would be one.
+TEST_F(MemberDxf, MoreCutsThanAnyMemberHasAreRefused) {
+  ASSERT_EQ(read(memberGroups()), Acad::eOk);
+  Groups groups = memberGroups();
+  const Groups cut(groups.begin() + kCutsPlace + 1, groups.end());
+  while (groups.size() < kCutsPlace + 1 + 65535 * cut.size()) groups.insert(groups.end(), cut.begin(), cut.end());
+  groups[kCutsPlace] = number(90, 65535);
+  TestMember full;
+  AcDbMemoryDxfFiler most(groups);
+  EXPECT_EQ(full.dxfInFields(&most), Acad::eOk);
+  EXPECT_EQ(full.numCortes(), 65535);
+  for (const int count : {65536, 65537}) {
+    groups.insert(groups.end(), cut.begin(), cut.end());
+    groups[kCutsPlace] = number(90, count);
+    EXPECT_EQ(read(groups), Acad::eInvalidDxfCode) << count;
+    EXPECT_STREQ(message(), kMessage);
+    EXPECT_EQ(member.numCortes(), 1) << "those of the member stay";
+    EXPECT_EQ(nextCode(), 90);
+  }
+}
+
+TEST_F(MemberDxf, ACutThatCannotBeReckonedWithIsRefused) {
+  constexpr std::size_t kSidePlace = kCutsPlace + 5;
+  const struct {
+    std::size_t place;
+    Group group;
+  } faults[] = {{kCutsPlace + 1, real(1e200)},
+                {kCutsPlace + 1, real(1e-155)},  // its unit normal stands 40e155 off
+                {kCutsPlace + 4, real(1e200)},
+                {kCutsPlace + 4, real(std::numeric_limits<double>::quiet_NaN())},
+                {kSidePlace, point(10, 60, 1e300, 2)}};
+  for (const auto& fault : faults) {
+    Groups groups = memberGroups();
+    groups[fault.place] = fault.group;
+    TestMember fresh;
+    AcDbMemoryDxfFiler filer(groups);
+    EXPECT_EQ(fresh.dxfInFields(&filer), Acad::eInvalidDxfCode) << fault.place;
+    EXPECT_STREQ(filer.errorMessage(), kMessage);
+    EXPECT_EQ(fresh.numCortes(), 0);
+  }
+}
+
+TEST_F(MemberDxf, ACutWithoutADirectionIsKeptAsItIsTold) {
+  Groups groups = memberGroups();
+  groups[kCutsPlace + 1] = real(0);
+  ASSERT_EQ(read(groups), Acad::eOk);
+  const std::vector<Cut> cuts = cutsOf(member);
+  ASSERT_EQ(cuts.size(), 1U);
+  EXPECT_EQ(cuts[0].a, 0);
+  EXPECT_EQ(cuts[0].b, 0);
+  EXPECT_EQ(cuts[0].c, 0);
+  EXPECT_EQ(cuts[0].d, -40);
+}
+
+TEST_F(MemberDxf, EveryMeasureOfAnElementMustBeReckonable) {
+  // A circle: marker, version, three points, direction, length, type, three measures of a hole, flag, hidden.
+  const auto readWith = [](double length, double aux) {
+    Groups groups = memberGroups();
+    groups[kElementsPlace] = number(90, 1);
+    const Groups circle = {real(std::numeric_limits<double>::max()),
+                           number(170, 1),
+                           point(10, 0, 0, 0),
+                           point(10, 5, 6, 0),
+                           point(10, 0, 0, 0),
+                           real(0),
+                           real(length),
+                           number(170, KR_VT_CIRCULO),
+                           real(9),
+                           real(0),
+                           real(aux),
+                           number(170, KR_VF_PADRAO),
+                           number(170, 0)};
+    groups.insert(groups.begin() + kElementsPlace + 1, circle.begin(), circle.end());
+    AcDbMemoryDxfFiler filer(groups);
+    return TestMember().dxfInFields(&filer);
+  };
+  EXPECT_EQ(readWith(9, 0), Acad::eOk);
+  EXPECT_EQ(readWith(1e300, 0), Acad::eInvalidDxfCode) << "the drawn radius";
+  EXPECT_EQ(readWith(9, 1e300), Acad::eInvalidDxfCode) << "the third measure of a hole";
 }
 
 TEST_F(MemberDxf, AViewThatThereIsNotIsRefused) {

@@ -254,6 +254,7 @@ TEST_F(MemberLayouts, WhatNoMemberCanHoldIsRefused) {
   TestMember member;
   AcDbMemoryDwgFiler filer(AcDb::kFileFiler, bytes);
   EXPECT_EQ(member.dwgInFieldsData(&filer), Acad::eInvalidInput);
+  EXPECT_EQ(member.Vista(0), TestMember().Vista(0)) << "nor is it held";
 
   MemberLayout noReference = MemberLayout::plate();
   noReference.outline.back().bulge = 0;
@@ -279,17 +280,90 @@ TEST_F(MemberLayouts, WhatBreaksOffKeepsItsVersionAndIsNotDrawn) {
   EXPECT_GT(member.GetNumVertex(Superior), 4) << "whole it is";
 }
 
-// The role stands behind the links: a file that breaks off in these has none, and the member keeps its own.
+// An item takes a byte more than its value: a role 3, a factor 9, an id 9.
 TEST_F(MemberLayouts, NothingBehindABreakIsTaken) {
   MemberLayout layout = MemberLayout::plate();
   layout.version = 5;
+  layout.relativePos = {drawing.append(new AcDbLine)};
+  const struct {
+    std::size_t missing;
+    TipoBarra role;
+    const char* where;
+  } breaks[] = {{3 + 1, Pilar, "within the last id"}, {3, Barra, "behind the links"}, {1, Barra, "within the role"}};
+  for (const auto& each : breaks) {
+    AcDbMemoryDwgFiler::Buffer bytes = layout.bytes();
+    bytes.resize(bytes.size() - each.missing);
+    TestMember member;
+    member.settipoBarra(Pilar);
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler, bytes);
+    EXPECT_EQ(member.dwgInFieldsData(&filer), Acad::eEndOfObject) << each.where;
+    EXPECT_EQ(versionOf(member), 5) << each.where;
+    EXPECT_EQ(member.tipoBarra(), each.role) << each.where << ": links that are read whole set the role to 0";
+  }
+}
+
+TEST_F(MemberLayouts, APlacementThatBreaksOffKeepsWhatStandsBehind) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.version = 1;
+  layout.cuts.clear();
+  layout.angleVista = 0.25;
   AcDbMemoryDwgFiler::Buffer bytes = layout.bytes();
-  bytes.resize(bytes.size() - 1);
+  // Within the length: behind it stand its angle, the pattern's run with its length, a mark, a factor and a count.
+  bytes.resize(bytes.size() - (5 + 9 + 2 + (5 + 96) + 9 + 1));
   TestMember member;
-  member.settipoBarra(Pilar);
+  member.setComprimento(77);
+  member.setAngleSecao(0.75);
+  DclFuracao pattern;
+  pattern.words = {9, 8, 7};
+  member.SetFuracaoByTrelica(pattern);
   AcDbMemoryDwgFiler filer(AcDb::kFileFiler, bytes);
   EXPECT_EQ(member.dwgInFieldsData(&filer), Acad::eEndOfObject);
-  EXPECT_EQ(versionOf(member), 5);
+  EXPECT_STREQ(member.userName(), L"V12");
+  EXPECT_DOUBLE_EQ(member.angleVista(), 0.25);
+  EXPECT_DOUBLE_EQ(member.zCoordEnd(), 40);
+  double length = 0;
+  member.Comprimento(length);
+  EXPECT_DOUBLE_EQ(length, 77);
+  EXPECT_DOUBLE_EQ(member.angleSecao(), 0.75);
+  member.GetFuracaoByTrelica(pattern);
+  EXPECT_EQ(pattern.words[1], 8U);
+}
+
+TEST_F(MemberLayouts, AListThatBreaksOffHasNoHalfReadLast) {
+  MemberLayout cuts = MemberLayout::plate();
+  cuts.version = 1;
+  MemberLayout holes = MemberLayout::plate();
+  holes.version = 4;
+  holes.relativeDim.clear();
+  MemberLayout links = holes;
+  links.relativePos = {drawing.append(new AcDbLine), drawing.append(new AcDbLine)};
+  const auto readWithout = [](KrObject& member, const MemberLayout& layout, std::size_t missing) {
+    AcDbMemoryDwgFiler::Buffer bytes = layout.bytes();
+    bytes.resize(bytes.size() - missing);
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler, bytes);
+    return member.dwgInFieldsData(&filer);
+  };
+  TestMember ofCuts;
+  EXPECT_EQ(readWithout(ofCuts, cuts, 1), Acad::eEndOfObject);
+  EXPECT_EQ(ofCuts.numCortes(), 1);
+  TestMember ofHoles;
+  ofHoles.setXscale(0.125);
+  // Behind the last hole stand three scales and two counts.
+  EXPECT_EQ(readWithout(ofHoles, holes, 3 * 9 + 2 * 5 + 1), Acad::eEndOfObject);
+  EXPECT_EQ(ofHoles.numFuros(), 1);
+  double scale = 0;
+  ofHoles.Xscale(scale);
+  EXPECT_DOUBLE_EQ(scale, 0.125);
+  TestMember ofLinks;
+  EXPECT_EQ(readWithout(ofLinks, links, 1), Acad::eEndOfObject);
+  AcDbObjectIdArray ids;
+  ofLinks.RelativePos(ids);
+  ASSERT_EQ(ids.length(), 1);
+  EXPECT_EQ(ids[0], links.relativePos[0]);
+  // A count that isn't read replaces nothing.
+  EXPECT_EQ(readWithout(ofLinks, links, 2 * 9 + 1), Acad::eEndOfObject);
+  ofLinks.RelativePos(ids);
+  EXPECT_EQ(ids.length(), 1);
 }
 
 // At a scale of 0 a regeneration would make numbers that are none.
@@ -305,6 +379,99 @@ TEST_F(MemberLayouts, AFileOfScalesAtWhichNothingCanBeDrawnIsRefused) {
       EXPECT_EQ(read(member, layout), Acad::eInvalidInput) << bad;
       EXPECT_EQ(member.GetNumVertex(Superior), 0) << bad;
     }
+}
+
+namespace {
+
+/// A circle as its record tells it, the drawn radius in its length.
+KrVector circleOf(double length, double aux) {
+  AcDbMemoryDwgFiler filer(AcDb::kCopyFiler);
+  filer.writeDouble(std::numeric_limits<double>::max());
+  filer.writeInt16(3);
+  for (int i = 0; i < 3; ++i) filer.writePoint3d(AcGePoint3d(1, 2, 0));
+  filer.writeDouble(0);
+  filer.writeDouble(length);
+  filer.writeInt16(KR_VT_CIRCULO);
+  for (const double measure : {5.0, 0.0, aux}) filer.writeDouble(measure);
+  filer.writeInt16(KR_VF_PADRAO);
+  filer.writeBoolean(false);
+  filer.writeInt32(-1);
+  filer.writeInt32(0);
+  filer.seek(0);
+  KrVector circle;
+  circle.dwgInFields(&filer);
+  EXPECT_TRUE(filer.atEnd());
+  return circle;
+}
+
+}  // namespace
+
+TEST_F(MemberLayouts, EveryMeasureOfAnElementMustBeReckonable) {
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  const auto readWith = [](double length, double aux) {
+    MemberLayout layout = MemberLayout::plate();
+    layout.lists[Superior].push_back(circleOf(length, aux));
+    TestMember member;
+    return read(member, layout);
+  };
+  EXPECT_EQ(readWith(5, 0), Acad::eOk);
+  EXPECT_EQ(readWith(1e150, 1e150), Acad::eOk);
+  for (const double bad : {1e300, -1e151, kNone}) {
+    EXPECT_EQ(readWith(bad, 0), Acad::eInvalidInput) << "the drawn radius: " << bad;
+    EXPECT_EQ(readWith(5, bad), Acad::eInvalidInput) << "the third measure of a hole: " << bad;
+  }
+}
+
+TEST_F(MemberLayouts, MoreCutsThanAnyMemberHasAreRefused) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.version = 1;
+  for (const std::size_t count : {65536U, 65537U}) {
+    layout.cuts.resize(count, {1, 0, 0, -5, {9, 0, 0}});
+    TestMember member;
+    EXPECT_EQ(read(member, layout), Acad::eInvalidInput) << count;
+  }
+}
+
+TEST_F(MemberLayouts, ACutThatCannotBeReckonedWithIsRefused) {
+  // The last one's unit normal stands 1e155 off.
+  for (const MemberLayout::Cut& cut :
+       {MemberLayout::Cut{1e200, 0, 0, 5, {}}, MemberLayout::Cut{1, 0, 0, 1e200, {}},
+        MemberLayout::Cut{1, 0, 0, 5, {0, 1e300, 0}}, MemberLayout::Cut{1e-155, 0, 0, 1, {}}}) {
+    MemberLayout layout = MemberLayout::plate();
+    layout.cuts = {cut};
+    TestMember member;
+    EXPECT_EQ(read(member, layout), Acad::eInvalidInput) << cut.a << " " << cut.d << " " << cut.side.y;
+  }
+}
+
+// A plane without a direction is none: it is kept as the file has it, and shows nowhere.
+TEST_F(MemberLayouts, ACutWithoutADirectionCutsNothing) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.lists[Superior].clear();
+  layout.cuts.clear();
+  layout.angleSecao = 0;
+  layout.notches = {};
+  layout.xScale = layout.yScale = layout.zScale = 1;
+  TestMember whole;
+  ASSERT_EQ(read(whole, layout), Acad::eOk);
+  layout.cuts = {{0, 0, 0, 5, {100, 0, 0}}};
+  TestMember member;
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  EXPECT_EQ(member.numCortes(), 1);
+  ASSERT_GT(whole.GetNumVertex(Superior), 4);
+  ASSERT_EQ(member.GetNumVertex(Superior), whole.GetNumVertex(Superior));
+  KrVector a, b;
+  for (int i = 0; whole.GetVector(Superior, i, a) != 0; ++i) {
+    ASSERT_EQ(member.GetVector(Superior, i, b), 1);
+    EXPECT_TRUE(a.startPoint().isEqualTo(b.startPoint())) << i;
+    EXPECT_TRUE(a.endPoint().isEqualTo(b.endPoint())) << i;
+  }
+  AcDbMemoryDwgFiler again(AcDb::kFileFiler);
+  ASSERT_EQ(member.dwgOutFieldsData(&again), Acad::eOk);
+  again.seek(0);
+  TestMember back;
+  EXPECT_EQ(back.dwgInFieldsData(&again), Acad::eOk);
+  EXPECT_EQ(back.numCortes(), 1);
 }
 
 TEST_F(MemberLayouts, ASaveDropsLinksToDimensionsThatAreGoneAndACopyKeepsThem) {
@@ -323,9 +490,12 @@ TEST_F(MemberLayouts, ASaveDropsLinksToDimensionsThatAreGoneAndACopyKeepsThem) {
   layout.axis = drawing.layer(L"EIXO");
   TestMember member;
   ASSERT_EQ(read(member, layout), Acad::eOk);
-  AcDbMemoryDwgFiler copy(AcDb::kCopyFiler);
-  member.dwgOutFieldsData(&copy);
-  EXPECT_EQ(copy.buffer(), layout.bytes(AcDb::kCopyFiler));
+  for (const AcDb::FilerType type :
+       {AcDb::kCopyFiler, AcDb::kUndoFiler, AcDb::kPageFiler, AcDb::kDeepCloneFiler, AcDb::kWblockCloneFiler}) {
+    AcDbMemoryDwgFiler other(type);
+    member.dwgOutFieldsData(&other);
+    EXPECT_EQ(other.buffer(), layout.bytes(type)) << type;
+  }
   AcDbMemoryDwgFiler save(AcDb::kFileFiler);
   member.dwgOutFieldsData(&save);
   layout.relativeDim = {living};
@@ -376,6 +546,36 @@ TEST_F(MemberLayouts, MoreExtensionsThanAnyMemberHasAreRefused) {
   EXPECT_EQ(read(member, layout), Acad::eInvalidInput);
   layout.extensions.resize(65535);
   EXPECT_EQ(read(member, layout), Acad::eOk);
+}
+
+// The extension tells of a version that isn't known, and nobody asks: it stands there as it was made.
+TEST_F(MemberLayouts, AnExtensionOfANewerVersionIsThereWithoutItsData) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.hidden = drawing.layer(L"L-HIDDEN");
+  layout.hideFace = drawing.layer(L"KR_HIDE_FACE");
+  layout.axis = drawing.layer(L"EIXO");
+  layout.extensions = {{L"KrObjectTextExtension", [](AcDbDwgFiler& filer) { filer.writeUInt32(2); }}};
+  TestMember member;
+  AcDbMemoryDwgFiler source(AcDb::kFileFiler, layout.bytes());
+  ASSERT_EQ(member.dwgInFieldsData(&source), Acad::eOk);
+  EXPECT_TRUE(source.atEnd());
+  EXPECT_EQ(versionOf(member), MemberLayout::kNewest);
+  EXPECT_EQ(member.getKrObjectExtension(1), nullptr);
+  AcDbMemoryDwgFiler again(AcDb::kFileFiler);
+  member.dwgOutFieldsData(&again);
+  layout.extensions[0].write = [](AcDbDwgFiler& filer) {
+    filer.writeUInt32(1);
+    filer.writeUInt32(0);  // its id
+    filer.writeUInt32(1);
+    filer.writeString(L"");
+    filer.writeUInt32(9);
+    filer.writeVector3d(AcGeVector3d(0, 0, 0));
+    filer.writeHardPointerId(AcDbHardPointerId());
+    filer.writeHardPointerId(AcDbHardPointerId());
+    filer.writeDouble(0);
+    filer.writeDouble(0);
+  };
+  EXPECT_EQ(again.buffer(), layout.bytes());
 }
 
 TEST_F(MemberLayouts, AnExtensionAddedBehindEmptySlotsGetsANumberOfItsOwn) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 
 #include "FoldedSamples.h"
@@ -183,6 +184,55 @@ TEST_P(FoldedFiling, DwgClassVersionAboveOneIsLeftToAProxy) {
   EXPECT_EQ(static_cast<int>(GetParam().empty()->dwgInFields(&filer)), 0x12D);
 }
 
+// Version 0 tells the same fields.
+TEST_P(FoldedFiling, DwgClassVersionZeroIsReadAndWrittenAsOne) {
+  const std::unique_ptr<KrObject> bar = GetParam().make();
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  bar->KrObject::dwgOutFields(&filer);
+  filer.writeInt16(0);
+  for (const double parameter : GetParam().parameters) filer.writeDouble(parameter);
+  folded::writeLine(filer, folded::filedLine(*bar, static_cast<int>(GetParam().parameters.size())));
+  filer.seek(0);
+  const std::unique_ptr<KrObject> read = GetParam().empty();
+  ASSERT_EQ(read->dwgInFields(&filer), Acad::eOk);
+  EXPECT_TRUE(filer.atEnd());
+  EXPECT_EQ(ownItemsOf(*read).at(0), "Int16 1");
+  EXPECT_EQ(itemsOf(*read), itemsOf(*bar));
+}
+
+// Of a line that is known in part no outline is made.
+TEST_P(FoldedFiling, FileThatBreaksOffWithinTheLineGetsNoOutlineFromIt) {
+  const std::unique_ptr<KrObject> bar = GetParam().make();
+  MemberLayout layout;
+  layout.version = 2;
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  layout.write(filer);
+  filer.writeInt16(1);
+  for (const double parameter : GetParam().parameters) filer.writeDouble(parameter);
+  const std::vector<profile::Node> line = folded::filedLine(*bar, static_cast<int>(GetParam().parameters.size()));
+  filer.writeInt32(static_cast<Adesk::Int32>(line.size()));  // one more than there are
+  for (const profile::Node& node : line) {
+    filer.writeVector3d(AcGeVector3d(node.x, node.y, 0.0));
+    filer.writeDouble(node.bulge);
+  }
+  filer.seek(0);
+  const std::unique_ptr<KrObject> read = GetParam().empty();
+  EXPECT_EQ(read->dwgInFieldsData(&filer), Acad::eEndOfObject);
+  EXPECT_TRUE(profile::outlineOf(*read).empty());
+}
+
+TEST_P(FoldedFiling, FileThatBreaksOffAheadOfTheLineLeavesThatOfTheBar) {
+  const std::unique_ptr<KrObject> bar = GetParam().make();
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  bar->KrObject::dwgOutFields(&filer);
+  filer.writeInt16(1);
+  filer.writeDouble(GetParam().parameters[0]);
+  filer.seek(0);
+  const std::unique_ptr<KrObject> read = GetParam().make();
+  EXPECT_EQ(read->dwgInFields(&filer), Acad::eEndOfObject);
+  EXPECT_EQ(ownItemsOf(*read), ownItemsOf(*bar));
+}
+
 TEST_P(FoldedFiling, FileThatBreaksOffWithinTheLineIsReported) {
   const std::unique_ptr<KrObject> bar = GetParam().make();
   AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
@@ -353,6 +403,45 @@ TEST_P(FoldedDxf, GroupOfAWrongCodeOrVersionEndsTheReading) {
     filer.rewindFiler();
     EXPECT_EQ(GetParam().empty()->dxfInFields(&filer), Acad::eInvalidDxfCode);
     EXPECT_STREQ(filer.errorMessage(), L"\nKR_Trama erro ao ler DXF.");
+  }
+}
+
+namespace {
+
+/// A record of a class: the base's groups of an empty bar, then its own up to the line.
+void writeHead(AcDbMemoryDxfFiler& filer, const Filed& filed, Adesk::Int16 version) {
+  filed.empty()->KrObject::dxfOutFields(&filer);
+  filer.writeItem(100, filed.name);
+  filer.writeItem(40, std::numeric_limits<double>::max());
+  filer.writeItem(170, version);
+}
+
+}  // namespace
+
+// What is refused isn't taken: neither the version nor a line that isn't whole.
+TEST_P(FoldedDxf, ARefusedRecordLeavesTheBarsVersionAndLine) {
+  const std::unique_ptr<KrObject> bar = GetParam().make();
+  const std::vector<std::string> own = ownItemsOf(*bar);
+  std::array<AcDbMemoryDxfFiler, 4> records;
+  writeHead(records[0], GetParam(), 5);
+  writeHead(records[1], GetParam(), 1);
+  records[1].writeItem(41, 1.0);
+  writeHead(records[2], GetParam(), 1);
+  for (const double parameter : GetParam().parameters) records[2].writeItem(40, parameter);
+  records[2].writeItem(90, Adesk::Int32(2));
+  records[2].writeItem(210, AcGePoint3d(1, 2, 0));
+  records[2].writeItem(40, 0.0);
+  writeHead(records[3], GetParam(), 1);
+  for (const double parameter : GetParam().parameters) records[3].writeItem(40, parameter);
+  records[3].writeItem(90, Adesk::Int32(65536));
+  for (int i = 0; i < 65536; ++i) {
+    records[3].writeItem(210, AcGePoint3d(i, 0, 0));
+    records[3].writeItem(40, 0.0);
+  }
+  for (AcDbMemoryDxfFiler& record : records) {
+    record.rewindFiler();
+    EXPECT_EQ(bar->dxfInFields(&record), Acad::eInvalidDxfCode);
+    EXPECT_EQ(ownItemsOf(*bar), own);
   }
 }
 

@@ -206,6 +206,23 @@ TEST(KrChapa, DwgOfAnyVersionIsRead) {
   }
 }
 
+TEST(KrChapa, DwgThatBreaksOffKeepsWhatStandsBehind) {
+  KrChapa bar;
+  AcDbMemoryDwgFiler base(AcDb::kFileFiler);
+  bar.KrObject::dwgOutFields(&base);
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler, base.buffer());
+  filer.seek(0, 2);
+  filer.writeInt16(1);
+  filer.writeDouble(9);
+  filer.seek(0);
+  const std::unique_ptr<KrChapa> read = plate();
+  EXPECT_EQ(read->dwgInFields(&filer), Acad::eEndOfObject);
+  EXPECT_EQ(read->getEspessura(), 9);
+  EXPECT_EQ(read->largura(), 120);
+  ASSERT_EQ(read->GeratrizLength().length(), 2);
+  EXPECT_EQ(read->GeratrizLength()[1], 120) << "the line's length";
+}
+
 TEST(KrChapa, DxfHasTheBasesFieldsOnly) {
   const std::unique_ptr<KrChapa> bar = plate();
   AcDbMemoryDxfFiler base;

@@ -110,6 +110,83 @@ TEST(KrISoldado, DwgOfTheOlderLayoutHasOneThicknessForBothFlanges) {
              PARAMETER(KrISoldado, tf1, 9), PARAMETER(KrISoldado, tf2, 9)});
 }
 
+TEST(KrISoldado, DwgOfTheOlderLayoutMayHaveALine) {
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  welded()->KrObject::dwgOutFields(&filer);
+  for (const double field : {9.0, 6.0, 300.0, 150.0, 200.0, 36.0}) filer.writeDouble(field);
+  // A web of 282 between flanges of 9.
+  folded::writeLine(filer, {{0, 0, 0},
+                            {150, 0, 6009},
+                            {-25, 291, 0},
+                            {175, 291, 6006},
+                            {75, 4.5, 0},
+                            {75, 286.5, 0},
+                            {75, 150, KrGeratriz::kReferenceBulge}});
+  filer.seek(0);
+  KrISoldado read;
+  ASSERT_EQ(read.dwgInFields(&filer), Acad::eOk);
+  EXPECT_TRUE(filer.atEnd());
+  EXPECT_EQ(valueOf(read, &KrISoldado::tf1), 9.0);
+  EXPECT_EQ(valueOf(read, &KrISoldado::tf2), 9.0);
+  const double expected[] = {9, 150, 9, 200, 6, 282};
+  const AcArray<double> strips = read.GeratrizLength();
+  ASSERT_EQ(strips.length(), 6);
+  for (int i = 0; i < 6; ++i) EXPECT_NEAR(strips[i], expected[i], 1e-9);
+}
+
+TEST(KrISoldado, DwgOfEarlierVersionsHasTheFlangesToo) {
+  for (const Adesk::Int16 version : {Adesk::Int16(1), Adesk::Int16(3)}) {
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+    welded()->KrObject::dwgOutFields(&filer);
+    filer.writeDouble(std::numeric_limits<double>::max());
+    filer.writeInt16(version);
+    for (const double field : {0.0, 6.0, 300.0, 150.0, 200.0, 40.0}) filer.writeDouble(field);
+    filer.writeInt32(0);
+    filer.writeDouble(7);
+    filer.writeDouble(8);
+    filer.seek(0);
+    KrISoldado read;
+    ASSERT_EQ(read.dwgInFields(&filer), Acad::eOk) << version;
+    EXPECT_TRUE(filer.atEnd());
+    EXPECT_EQ(valueOf(read, &KrISoldado::tf1), 7.0);
+    EXPECT_EQ(valueOf(read, &KrISoldado::tf2), 8.0);
+    filing::NotingDwgFiler base;
+    read.KrObject::dwgOutFields(&base);
+    filing::NotingDwgFiler again;
+    read.dwgOutFields(&again);
+    EXPECT_EQ(again.items.at(base.items.size() + 1), "Int16 4");
+  }
+}
+
+TEST(KrISoldado, DwgThatBreaksOffKeepsWhatStandsBehind) {
+  const std::unique_ptr<KrISoldado> bar = welded();
+  AcDbMemoryDwgFiler base(AcDb::kFileFiler);
+  bar->KrObject::dwgOutFields(&base);
+  AcDbMemoryDwgFiler whole(AcDb::kFileFiler);
+  bar->dwgOutFields(&whole);
+  // An item takes a byte more than its value: the last two are the flanges' thicknesses.
+  const struct {
+    std::size_t size;
+    double tf1;
+    double tw;
+  } breaks[] = {{whole.buffer().size() - 10, 7, 6},
+                {whole.buffer().size() - 1, 10, 6},
+                {static_cast<std::size_t>(base.tell()) + 9 + 3 + 9 + 1, 7, 5}};
+  for (const auto& each : breaks) {
+    AcDbMemoryDwgFiler::Buffer bytes = whole.buffer();
+    bytes.resize(each.size);
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler, bytes);
+    KrISoldado read;
+    read.settf1(7);
+    read.settf2(8);
+    read.settw(5);
+    EXPECT_EQ(read.dwgInFields(&filer), Acad::eEndOfObject);
+    EXPECT_EQ(valueOf(read, &KrISoldado::tf1), each.tf1) << each.size;
+    EXPECT_EQ(valueOf(read, &KrISoldado::tf2), 8.0) << each.size;
+    EXPECT_EQ(valueOf(read, &KrISoldado::tw), each.tw) << each.size;
+  }
+}
+
 TEST(KrISoldado, DwgWithoutAnOutlineGetsItBackAtTheFlangesOwnThicknesses) {
   const std::unique_ptr<KrISoldado> bar = welded();
   MemberLayout layout;
@@ -143,11 +220,72 @@ TEST(KrISoldado, DwgClassVersionAboveFourIsLeftToAProxy) {
 // Only version 1 is read, and the class writes 4: it stands as it is.
 TEST(KrISoldado, DxfThatItWritesIsRefused) {
   const std::unique_ptr<KrISoldado> bar = welded();
+  // Without elements, whose version isn't read either.
+  bar->ClearVertexes(Superior);
   AcDbMemoryDxfFiler filer;
   ASSERT_EQ(bar->dxfOutFields(&filer), Acad::eOk);
   filer.rewindFiler();
   KrISoldado read;
   EXPECT_EQ(read.dxfInFields(&filer), Acad::eInvalidDxfCode);
+  filer.resetFilerStatus();
+  EXPECT_EQ(filing::nextCode(filer), 170) << "the version";
+}
+
+// The flanges differ, so that their common thickness is 0.
+TEST(KrISoldado, DxfHasAllNumbersAheadOfTheLine) {
+  const std::unique_ptr<KrISoldado> bar = welded();
+  AcDbMemoryDxfFiler base;
+  bar->KrObject::dxfOutFields(&base);
+  AcDbMemoryDxfFiler filer;
+  ASSERT_EQ(bar->dxfOutFields(&filer), Acad::eOk);
+  const double numbers[] = {0, 6, 300, 150, 200, 40, 10, 12.5};
+  const profile::Node nodes[] = {{0, 0, 0},           {150, 0, 6012.5}, {-25, 288.75, 0},
+                                 {175, 288.75, 6006}, {75, 5, 0},       {75, 282.5, 0}};
+  std::size_t at = base.groups().size();
+  ASSERT_EQ(filer.groups().size(), at + 3 + std::size(numbers) + 1 + 2 * std::size(nodes));
+  const auto next = [&](int code) {
+    EXPECT_EQ(filer.groups()[at].code, code) << at;
+    return filer.groups()[at++].value;
+  };
+  EXPECT_EQ(std::get<std::wstring>(next(100)), L"KrISoldado");
+  EXPECT_EQ(std::get<double>(next(40)), std::numeric_limits<double>::max());
+  EXPECT_EQ(std::get<Adesk::Int64>(next(170)), 4);
+  for (const double number : numbers) EXPECT_EQ(std::get<double>(next(40)), number);
+  EXPECT_EQ(std::get<Adesk::Int64>(next(90)), 6);
+  for (const profile::Node& node : nodes) {
+    EXPECT_TRUE(std::get<AcGePoint3d>(next(210)).isEqualTo(AcGePoint3d(node.x, node.y, 0)));
+    EXPECT_NEAR(std::get<double>(next(40)), node.bulge, 1e-9);
+  }
+}
+
+TEST(KrISoldado, DxfOfVersionOneIsReadAndWrittenAsFour) {
+  AcDbMemoryDxfFiler filer;
+  KrISoldado().KrObject::dxfOutFields(&filer);
+  const std::size_t base = filer.groups().size();
+  filer.writeItem(100, L"KrISoldado");
+  filer.writeItem(40, std::numeric_limits<double>::max());
+  filer.writeItem(170, Adesk::Int16(1));
+  for (const double number : {11.0, 6.0, 300.0, 150.0, 200.0, 40.0, 10.0, 12.5}) filer.writeItem(40, number);
+  filer.writeItem(90, Adesk::Int32(1));
+  filer.writeItem(210, AcGePoint3d(3, 4, 0));
+  filer.writeItem(40, 6007.0);
+  filer.rewindFiler();
+  KrISoldado read;
+  ASSERT_EQ(read.dxfInFields(&filer), Acad::eOk);
+  EXPECT_TRUE(filer.atEOF());
+  profile::expectParameters<KrISoldado>(
+      read, {PARAMETER(KrISoldado, tf, 11), PARAMETER(KrISoldado, tw, 6), PARAMETER(KrISoldado, altura, 300),
+             PARAMETER(KrISoldado, mesa1, 150), PARAMETER(KrISoldado, mesa2, 200), PARAMETER(KrISoldado, KgMetro, 40),
+             PARAMETER(KrISoldado, tf1, 10), PARAMETER(KrISoldado, tf2, 12.5)});
+  AcDbMemoryDxfFiler again;
+  ASSERT_EQ(read.dxfOutFields(&again), Acad::eOk);
+  ASSERT_EQ(again.groups().size(), filer.groups().size());
+  EXPECT_EQ(std::get<Adesk::Int64>(again.groups()[base + 2].value), 4);
+  for (std::size_t i = base + 3; i < again.groups().size(); ++i) {
+    EXPECT_EQ(again.groups()[i].code, filer.groups()[i].code);
+    if (again.groups()[i].code != 40) continue;
+    EXPECT_EQ(std::get<double>(again.groups()[i].value), std::get<double>(filer.groups()[i].value));
+  }
 }
 
 TEST(KrISoldado, CopiesHoldTheSameBar) {

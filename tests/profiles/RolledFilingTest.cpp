@@ -268,6 +268,40 @@ TYPED_TEST(RolledFiling, DwgClassVersionTwoIsLeftToAProxy) {
   for (const double value : valuesOf(read)) EXPECT_EQ(value, 0.0);
 }
 
+// An item takes a byte more than its value: a parameter 9.
+TYPED_TEST(RolledFiling, DwgThatBreaksOffKeepsWhatStandsBehind) {
+  TypeParam bar;
+  const std::vector<double> told = number(bar);
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  ASSERT_EQ(bar.dwgOutFields(&filer), Acad::eOk);
+  AcDbMemoryDwgFiler::Buffer bytes = filer.takeBuffer();
+  // Within the last but one.
+  bytes.resize(bytes.size() - 9 - 1);
+  AcDbMemoryDwgFiler broken(AcDb::kFileFiler, bytes);
+  TypeParam read;
+  for (const Filed<TypeParam>& each : Traits<TypeParam>::filed()) (read.*each.set)(7.0);
+  EXPECT_EQ(read.dwgInFields(&broken), Acad::eEndOfObject);
+  const std::vector<double> values = valuesOf(read);
+  EXPECT_EQ(values[0], told[0]);
+  EXPECT_EQ(values.back(), 7.0);
+  EXPECT_TRUE(profile::outlineOf(read).empty()) << "nothing is made from what is known in part";
+}
+
+// A refused version isn't taken: the bar is written in its own.
+TYPED_TEST(RolledFiling, DxfVersionThatIsRefusedLeavesTheBarsOwn) {
+  AcDbMemoryDxfFiler filer;
+  TypeParam().KrObject::dxfOutFields(&filer);
+  const std::size_t base = filer.groups().size();
+  filer.writeItem(100, Traits<TypeParam>::name);
+  filer.writeItem(170, Adesk::Int16(5));
+  filer.rewindFiler();
+  TypeParam read;
+  EXPECT_EQ(read.dxfInFields(&filer), Acad::eInvalidDxfCode);
+  AcDbMemoryDxfFiler again;
+  ASSERT_EQ(read.dxfOutFields(&again), Acad::eOk);
+  EXPECT_EQ(std::get<Adesk::Int64>(again.groups().at(base + 1).value), 1);
+}
+
 TYPED_TEST(RolledFiling, DxfGroupsFollowTheBasesInTheOrderOfTheDwg) {
   TypeParam bar;
   const std::vector<double> values = number(bar);
