@@ -113,6 +113,23 @@ TEST_F(MemberAudit, RemovesReactorsThatCropTheMember) {
   EXPECT_EQ(again.numErrors(), 0);
 }
 
+// A reactor of this session alone stands among those that are filed.
+TEST_F(MemberAudit, LeavesATransientReactorBetweenThoseThatItRemoves) {
+  AcDbObjectReactor transient;
+  member->addPersistentReactor(lines[0]);
+  member->addReactor(&transient);
+  member->addPersistentReactor(lines[1]);
+  croppingIdsOf(*member).append(lines[0]);
+  croppingIdsOf(*member).append(lines[1]);
+  AcDbAuditInfo info(true);
+  EXPECT_EQ(member->audit(&info), kMended);
+  EXPECT_EQ(info.numErrors(), 2);
+  EXPECT_EQ(info.numFixes(), 2);
+  ASSERT_EQ(member->reactors()->length(), 1);
+  EXPECT_EQ((*member->reactors())[0], &transient);
+  member->removeReactor(&transient);
+}
+
 TEST_F(MemberAudit, MendsBothFaultsAtOnce) {
   crop();
   setUnknownRole();

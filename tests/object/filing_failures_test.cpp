@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -122,6 +123,28 @@ TEST_F(MemberWriting, OfGroupsStopsBehindAListThatFails) {
     EXPECT_EQ(member.dxfOutFields(&filer), Acad::eFilerError) << failsAt;
     EXPECT_EQ(filer.offered, std::vector<int>(whole.offered.begin(), normal)) << failsAt;
   }
+}
+
+namespace {
+
+/// Has no room for the marker with which an element begins.
+class MarkerlessDxfFiler : public AcDbMemoryDxfFiler {
+ public:
+  Acad::ErrorStatus writeDouble(AcDb::DxfCode code, double value, int precision) override {
+    if (value != std::numeric_limits<double>::max()) return AcDbMemoryDxfFiler::writeDouble(code, value, precision);
+    setFilerStatus(Acad::eFilerError);
+    return Acad::eFilerError;
+  }
+};
+
+}  // namespace
+
+TEST_F(MemberWriting, OfGroupsEndsAtTheFirstElementThatFails) {
+  ASSERT_GT(member.GetNumVertex(VistaCorrente), 1);
+  MarkerlessDxfFiler filer;
+  EXPECT_EQ(member.KrObject::dxfOutFields(&filer), Acad::eFilerError);
+  EXPECT_EQ(filer.groups().back().code, 90);
+  for (const AcDbMemoryDxfFiler::Group& group : filer.groups()) EXPECT_NE(group.code, kNormal);
 }
 
 TEST_F(MemberWriting, OfGroupsGoesOnBehindTheListAndTellsTheFailureAtTheEnd) {

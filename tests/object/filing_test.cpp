@@ -121,6 +121,42 @@ TEST(MemberFiling, OfVersionZeroReadsNothingMore) {
   EXPECT_EQ(version, 9) << "what is read is written as the newest";
 }
 
+TEST(MemberFiling, OfAVersionBelowZeroReadsNothingMore) {
+  AcDbMemoryDwgFiler filer(AcDb::kCopyFiler);
+  filer.writeInt16(-1);
+  filer.seek(0);
+  TestMember member;
+  member.setComprimento(77);
+  EXPECT_EQ(member.dwgInFieldsData(&filer), Acad::eOk);
+  EXPECT_TRUE(filer.atEnd());
+  Version version{};
+  member.KrObjectVersion(version);
+  EXPECT_EQ(version, 9);
+  double length = 0;
+  member.Comprimento(length);
+  EXPECT_DOUBLE_EQ(length, 77);
+}
+
+TEST(MemberFiling, AReadingOfTheDataThatFailsLeavesTheEntityToTheNext) {
+  const Drawing drawing;
+  Filed member;
+  member.fill();
+  AcDbMemoryDwgFiler newer(AcDb::kCopyFiler);
+  newer.writeInt16(10);
+  newer.seek(0);
+  ASSERT_EQ(member.dwgInFieldsData(&newer), Acad::eMakeMeProxy);
+  AcDbMemoryDwgFiler entity(AcDb::kCopyFiler);
+  member.AcDbEntity::dwgOutFields(&entity);
+  ASSERT_FALSE(entity.buffer().empty());
+  AcDbMemoryDwgFiler data(AcDb::kCopyFiler);
+  member.dwgOutFieldsData(&data);
+  AcDbMemoryDwgFiler whole(AcDb::kCopyFiler);
+  ASSERT_EQ(member.dwgOutFields(&whole), Acad::eOk);
+  AcDbMemoryDwgFiler::Buffer both = entity.buffer();
+  both.insert(both.end(), data.buffer().begin(), data.buffer().end());
+  EXPECT_EQ(whole.buffer(), both);
+}
+
 // The fields of an old layout, to and including the cuts.
 void writeOldModel(AcDbMemoryDwgFiler& filer, int version, KrVistas view, const std::vector<int>& elementsPerList) {
   filer.writeInt16(static_cast<Adesk::Int16>(version));
@@ -241,8 +277,32 @@ TEST(MemberSaving, AsksForAnOpenMember) {
   AcDbObjectId replacementId;
   Adesk::Boolean exchange = Adesk::kFalse;
   closed.decomposeForSave(AcDb::kDHL_1015, replacement, replacementId, exchange);
-  acrxSetAbortHandler(former);
   EXPECT_EQ(lastAbort, L"KrObject: eNotOpenForRead\n");
+
+  // The host finds this one cloned already and asks for nothing.
+  lastAbort.clear();
+  AcDbIdMapping map;
+  map.assign(AcDbIdPair(id, drawing.append(new AcDbLine), true));
+  AcDbObject* copy = nullptr;
+  EXPECT_EQ(closed.subWblockClone(nullptr, copy, map, true), Acad::eOk);
+  EXPECT_EQ(lastAbort, L"KrObject: eNotOpenForRead\n");
+
+  lastAbort.clear();
+  AcDbMemoryDwgFiler record(AcDb::kUndoFiler);
+  closed.applyPartialUndo(&record, KrObject::desc());
+  EXPECT_EQ(lastAbort, L"KrObject: eNotOpenForWrite\n");
+  acrxSetAbortHandler(former);
+}
+
+TEST(MemberUndo, HasNothingOfItsOwnToUndoInPart) {
+  Drawing drawing;
+  KrObject::rxInit();
+  const AcDbObjectId id = drawing.append(new KrObject);
+  KrObject* opened = nullptr;
+  ASSERT_EQ(acdbOpenObject(opened, id, AcDb::kForWrite), Acad::eOk);
+  AcDbMemoryDwgFiler record(AcDb::kUndoFiler);
+  EXPECT_EQ(opened->applyPartialUndo(&record, KrObject::desc()), Acad::eNotThatKindOfClass);
+  opened->close();
 }
 
 TEST(MemberUndo, RestoresTheModelThroughItsOwnFiler) {

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "ProfileTest.h"
+#include "object/MemberLayout.h"
 #include "profiles/KrTubo.h"
 
 namespace {
@@ -205,4 +206,27 @@ TEST_F(KrBarraRedondaTest, ListPrintsDiameterAndAreaInCurrentUnits) {
   ASSERT_NE(diameter, std::wstring::npos);
   ASSERT_NE(area, std::wstring::npos);
   EXPECT_LT(diameter, area);
+}
+
+// A file of version 2 holds no outline: it stays without one, and what is drawn stays as it was filed.
+TEST_F(KrBarraRedondaTest, DwgReadingMakesNothingAnew) {
+  MemberLayout layout;
+  layout.version = 2;
+  layout.lists[Superior] = {KrVector(at(0, -10), at(1000, -10), KR_VT_LINHA),
+                            KrVector(at(0, 10), at(700, 10), KR_VT_LINHA)};
+  for (KrVector& line : layout.lists[Superior]) line.setTipo(KR_VF_ARESTA);
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  layout.write(filer);
+  filer.writeInt16(1);
+  filer.writeDouble(20);
+  filer.seek(0);
+  KrBarraRedonda read;
+  ASSERT_EQ(read.dwgInFieldsData(&filer), Acad::eOk);
+  EXPECT_TRUE(filer.atEnd());
+  EXPECT_EQ(diameterOf(read), 20.0);
+  EXPECT_TRUE(profile::outlineOf(read).empty());
+  ASSERT_EQ(read.GetNumVertex(Superior), 2);
+  KrVector second;
+  read.GetVector(Superior, 1, second);
+  EXPECT_TRUE(second.endPoint().isEqualTo(at(700, 10)));
 }

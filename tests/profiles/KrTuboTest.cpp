@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "ProfileTest.h"
+#include "object/MemberLayout.h"
 
 namespace {
 
@@ -250,6 +251,29 @@ TEST_F(KrTuboTest, DwgFieldsFollowTheBasesAndReadBack) {
   EXPECT_EQ(value(read, &KrTubo::Area), fields[2]);
   EXPECT_EQ(value(read, &KrTubo::KgMetro), fields[3]);
   EXPECT_EQ(profile::outlineOf(read).size(), 20U);
+}
+
+// A file of version 2 holds no outline: it stays without one, and what is drawn stays as it was filed.
+TEST_F(KrTuboTest, DwgReadingMakesNothingAnew) {
+  MemberLayout layout;
+  layout.version = 2;
+  layout.lists[Superior] = {KrVector(at(0, -50), at(1000, -50), KR_VT_LINHA),
+                            KrVector(at(0, 50), at(700, 50), KR_VT_LINHA)};
+  for (KrVector& line : layout.lists[Superior]) line.setTipo(KR_VF_ARESTA);
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  layout.write(filer);
+  filer.writeInt16(1);
+  for (const double field : {100.0, 80.0, 3.0, 4.0}) filer.writeDouble(field);
+  filer.seek(0);
+  KrTubo read;
+  ASSERT_EQ(read.dwgInFieldsData(&filer), Acad::eOk);
+  EXPECT_TRUE(filer.atEnd());
+  EXPECT_EQ(value(read, &KrTubo::Diametro), 100.0);
+  EXPECT_TRUE(profile::outlineOf(read).empty());
+  ASSERT_EQ(read.GetNumVertex(Superior), 2);
+  KrVector second;
+  read.GetVector(Superior, 1, second);
+  EXPECT_TRUE(second.endPoint().isEqualTo(at(700, 50)));
 }
 
 TEST_F(KrTuboTest, DwgClassVersionAboveOneIsLeftToAProxy) {

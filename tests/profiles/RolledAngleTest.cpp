@@ -188,6 +188,32 @@ TEST_F(RolledAngle, CornerAngleCalculatesDirectionAndLengthFromItsPoints) {
   EXPECT_NEAR(upright.angleVista(), kAngle, 1e-12);
 }
 
+// The weight is filed before and behind the axis: the one behind counts, and both are written alike.
+TEST_F(RolledAngle, CornerAngleTakesTheSecondOfItsWeights) {
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  KrBNLaminado().KrObject::dwgOutFields(&filer);
+  filer.writeInt16(1);
+  // Leg, thickness, root, weight, axis, weight, area.
+  for (const double field : {76.0, 8.0, 9.0, 1.0, 21.0, 2.0, 1150.0}) filer.writeDouble(field);
+  filer.seek(0);
+  KrBNLaminado read;
+  ASSERT_EQ(read.dwgInFields(&filer), Acad::eOk);
+  EXPECT_TRUE(filer.atEnd());
+  EXPECT_EQ(valueOf(read, &KrBNLaminado::KgMetro), 2);
+  AcDbMemoryDwgFiler base(AcDb::kFileFiler);
+  read.KrObject::dwgOutFields(&base);
+  AcDbMemoryDwgFiler again(AcDb::kFileFiler);
+  ASSERT_EQ(read.dwgOutFields(&again), Acad::eOk);
+  again.seek(base.tell());
+  Adesk::Int16 version = 0;
+  again.readInt16(&version);
+  for (const double expected : {76.0, 8.0, 9.0, 2.0, 21.0, 2.0, 1150.0}) {
+    double field = 0;
+    again.readDouble(&field);
+    EXPECT_EQ(field, expected);
+  }
+}
+
 TEST_F(RolledAngle, MeasuresOfTheSections) {
   KrCantLaminada l(kStart, kEnd, Superior, 100, 75, 8, 18.7, 68.9, 10, 0, 10.6, 1350);
   EXPECT_EQ(l.getAltura(), 100);
