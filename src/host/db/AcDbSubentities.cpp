@@ -5,6 +5,7 @@
 #include "host/db/AcDbDatabase.h"
 #include "host/db/AcDbDwgFiler.h"
 #include "host/db/dbtext.h"
+#include "host/db/entities/AcDbBlockReference.h"
 #include "host/db/entities/AcDbSequenceEnd.h"
 
 AcDbSubentities::~AcDbSubentities() = default;
@@ -68,6 +69,10 @@ void AcDbSubentities::ownerAdopted(AcDbEntity& owner) {
   }
   if (parts.empty()) return;
   makeSequenceEnd(owner);
+}
+
+bool AcDbSubentities::needsEnd(const AcDbEntity& owner) const {
+  return !isEmpty() || !owner.isKindOf(AcDbBlockReference::desc());
 }
 
 void AcDbSubentities::makeSequenceEnd(AcDbEntity& owner) {

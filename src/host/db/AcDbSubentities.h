@@ -51,6 +51,8 @@ class AcDbSubentities {
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform);
   /// Erases the parts with their owner, or brings them back.
   Acad::ErrorStatus erase(bool erasing);
+  /// Whether a file has to end the sequence: not that of an insert without attributes.
+  bool needsEnd(const AcDbEntity& owner) const;
   /// Makes the end of the sequence when the owner is in a database and has none.
   void makeSequenceEnd(AcDbEntity& owner);
 

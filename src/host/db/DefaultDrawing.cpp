@@ -66,10 +66,16 @@ class Founder {
     object->close();
     return id;
   }
-  /// The table, made when it isn't there.
+  /// The table, or dictionary that nothing owns: where none is known the first that there is, made when there is none.
   template <class T>
   void table(AcDbObjectId& id, Adesk::UInt64 handle) {
-    if (!id.isResident()) id = add(new T, {}, handle);
+    if (id.isResident()) return;
+    for (AcDbStub& stub : const_cast<AcDbHandleTable&>(db_.handleTable()).stubs()) {
+      const bool isOne = stub.object != nullptr && !stub.has(AcDbStub::kErased) && stub.object->isA() == T::desc();
+      if (isOne && (stub.owner == nullptr || T::desc() != AcDbDictionary::desc()))
+        return id = AcDbObjectId(&stub), void();
+    }
+    id = add(new T, {}, handle);
   }
   /// The record of a name, made when it isn't there.
   template <class R>
@@ -363,6 +369,30 @@ void AcDbDatabase::buildDefaultDrawing() {
   header_.setText(H::kVERSIONGUID, guidText(2));
 }
 
+/// Ends every sequence of vertices or attributes that has no end: neither form of file can do without.
+void endSequences(AcDbDatabase& db) {
+  std::vector<AcDbEntity*> open;
+  const AcRxClass* plain = nullptr;  // the last class met whose entities have no parts
+  for (const AcDbStub& stub : db.handleTable().stubs()) {
+    if (stub.object == nullptr || stub.has(AcDbStub::kErased)) continue;
+    const AcRxClass* const own = stub.object->isA();
+    if (own == plain) continue;
+    auto* const entity = AcDbEntity::cast(stub.object);
+    AcDbSubentities* const parts = entity != nullptr ? entity->subentities() : nullptr;
+    if (parts == nullptr) {
+      plain = own;
+      continue;
+    }
+    const AcDbObjectId end = parts->sequenceEnd();
+    if (parts->needsEnd(*entity) && (!end.isResident() || end.isErased())) open.push_back(entity);
+  }
+  for (AcDbEntity* const entity : open) {
+    entity->subentities()->setSequenceEndAsRead(nullptr);
+    const AcDbObjectPointer<AcDbEntity> owner(entity->objectId(), AcDb::kForRead);
+    entity->subentities()->makeSequenceEnd(*entity);
+  }
+}
+
 Acad::ErrorStatus AcDbDatabase::finishRead() {
   for (const Role& role : kTableRoles) {
     if ((roots_.*role.root).isNull()) roots_.*role.root = header_.id(role.header);
@@ -402,6 +432,7 @@ void AcDbDatabase::prepareForSave() {
     auto& record = *static_cast<AcDbBlockTableRecord*>(block.stub()->object);
     if (!block.isErased()) record.makeEnds();
   }
+  endSequences(*this);
   listInserts(*this, blocks);
   giveStyles(*this, roots_.standardTextStyle, roots_.standardDimStyle);
   takeCurrentDefaults();

@@ -55,21 +55,6 @@ std::string versionOfDxf(std::string_view text) {
   return std::string(value.substr(std::min(value.find_first_not_of(' '), value.size())));
 }
 
-// Whether each entity that stands in a block of the one stands in the other, under its handle.
-bool holdsEntitiesOf(const AcDbDatabase& db, const AcDbDatabase& proof, Report& report) {
-  for (const AcDbStub& stub : db.handleTable().stubs()) {
-    if (stub.object == nullptr || stub.has(AcDbStub::kErased) || stub.owner == nullptr) continue;
-    const bool inBlock = stub.owner->object != nullptr && !stub.owner->has(AcDbStub::kErased) &&
-                         stub.owner->object->isKindOf(AcDbBlockTableRecord::desc());
-    if (!inBlock || !stub.object->isKindOf(AcDbEntity::desc())) continue;
-    const AcDbStub* const found = proof.handleTable().find(stub.handle);
-    if (found != nullptr && found->object != nullptr) continue;
-    report.error("what was written doesn't hold this entity", stub.handle);
-    return false;
-  }
-  return true;
-}
-
 // A module may make what its objects need, such as layers, when the first of them is filed. That must have happened
 // before a writer walks the drawing, or the file would lack it.
 void fileOneOfEachClass(const AcDbDatabase& db) {
@@ -136,6 +121,20 @@ Acad::ErrorStatus readDrawing(std::span<const std::byte> bytes, AcDbDatabase& db
                : version.empty() ? "this is neither a DWG nor a DXF"
                                  : "this is a DWG of version " + version + ": only AC1015 is read");
   return Acad::eUnknownDwgVersion;
+}
+
+bool holdsEntitiesOf(const AcDbDatabase& db, const AcDbDatabase& other, Report& report) {
+  for (const AcDbStub& stub : db.handleTable().stubs()) {
+    if (stub.object == nullptr || stub.has(AcDbStub::kErased) || stub.owner == nullptr) continue;
+    const bool inBlock = stub.owner->object != nullptr && !stub.owner->has(AcDbStub::kErased) &&
+                         stub.owner->object->isKindOf(AcDbBlockTableRecord::desc());
+    if (!inBlock || !stub.object->isKindOf(AcDbEntity::desc())) continue;
+    const AcDbStub* const found = other.handleTable().find(stub.handle);
+    if (found != nullptr && found->object != nullptr) continue;
+    report.error("what was written doesn't hold this entity", stub.handle);
+    return false;
+  }
+  return true;
 }
 
 Acad::ErrorStatus readDrawingFile(const std::string& path, AcDbDatabase& db, Report& report,

@@ -35,6 +35,10 @@ std::string versionOf(std::span<const std::byte> bytes);
 /// the database is of no use.
 Acad::ErrorStatus readDrawing(std::span<const std::byte> bytes, AcDbDatabase& db, Report& report,
                               const ReadOptions& options = {});
+
+/// Whether each entity that a block of the one drawing holds stands in the other under its handle; what was written of
+/// a drawing, and read again, must. Else an error names the first that doesn't.
+bool holdsEntitiesOf(const AcDbDatabase& db, const AcDbDatabase& other, Report& report);
 /// The same of a file. eFileNotFound, with an error in the report, when the file can't be read.
 Acad::ErrorStatus readDrawingFile(const std::string& path, AcDbDatabase& db, Report& report,
                                   const ReadOptions& options = {});

@@ -221,4 +221,41 @@ TEST(DwgDamage, ALostTableLosesNoneOfItsRecords) {
   }
 }
 
+std::size_t tablesOfBlocks(const AcDbDatabase& database) {
+  return std::size_t(std::ranges::count_if(database.handleTable().stubs(), [](const AcDbStub& stub) {
+    return stub.object != nullptr && !stub.has(AcDbStub::kErased) && stub.object->isA() == AcDbBlockTable::desc();
+  }));
+}
+
+// The variables name the tables, the spaces and the linetypes that entities have by default: all are there without
+// them.
+TEST(DwgDamage, DamagedVariablesLoseNothingOfTheDrawing) {
+  const Bytes whole = smallDrawing();
+  krio::Report report;
+  krio::dwg::FaultPolicy policy(report, false);
+  krio::dwg::Container container({reinterpret_cast<const std::uint8_t*>(whole.data()), whole.size()}, policy);
+  ASSERT_TRUE(container.read());
+  const std::size_t first = container.variablesPlace();
+  const std::size_t size = container.variables().size();
+  const Opened before(whole);
+  const auto expected = digest(*before.database);
+  constexpr std::size_t kStep = 3;  // every bit of every third byte
+  for (std::size_t i = 0; i <= size; i += kStep) {
+    for (int bit = 0; bit < 8; ++bit) {
+      Bytes bytes = whole;
+      if (i + kStep > size) {
+        std::fill(bytes.begin() + std::ptrdiff_t(first), bytes.begin() + std::ptrdiff_t(first + size), std::byte(0));
+      } else {
+        bytes[first + i] ^= std::byte(1 << bit);
+      }
+      const Opened recovered(bytes, true);
+      ASSERT_EQ(recovered.status, Acad::eOk) << textOf(recovered.report);
+      EXPECT_FALSE(recovered.report.clean());
+      EXPECT_EQ(tablesOfBlocks(*recovered.database), 1U) << i << " bit " << bit;
+      ASSERT_EQ(entitiesInModelSpace(*recovered.database), 4U) << i << " bit " << bit;
+      EXPECT_EQ(digest(*recovered.database), expected) << i << " bit " << bit;
+    }
+  }
+}
+
 }  // namespace

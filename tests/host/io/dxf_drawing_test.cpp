@@ -75,6 +75,13 @@ std::vector<AcDbEntity*> entitiesOf(AcDbDatabase& db, AcDbObjectId space) {
   return entities;
 }
 
+AcDbObjectId blockNamed(const AcDbDatabase& db, const wchar_t* name) {
+  const AcDbObjectPointer<AcDbBlockTable> table(db.blockTableId(), AcDb::kForRead);
+  AcDbObjectId id;
+  EXPECT_EQ(table->getAt(name, id), Acad::eOk);
+  return id;
+}
+
 template <class T>
 T* onlyEntity(const Read& read) {
   const std::vector<AcDbEntity*> entities = entitiesOf(*read.db, read.db->modelSpaceId());
@@ -264,6 +271,95 @@ TEST(DxfReader, GoesOnBehindALineThatIsNoCode) {
   const Read recovered = readText(text, true);
   EXPECT_EQ(recovered.status, Acad::eOk);
   EXPECT_NE(onlyEntity<AcDbLine>(recovered), nullptr);
+}
+
+// Other programs don't open a file without: what one leaves out is made when the drawing is saved.
+TEST(DxfReader, EndsASequenceThatHasNoEnd) {
+  const std::string vertices = groups({{0, "VERTEX"}, {8, "0"}, {10, "0.0"}, {0, "VERTEX"}, {8, "0"}, {10, "5.0"}});
+  const std::string line = groups({{0, "LINE"}, {10, "1.0"}, {20, "2.0"}, {11, "3.0"}, {21, "4.0"}});
+  for (const bool atEnd : {false, true}) {
+    const Read read = readText(entitiesFile(groups({{0, "POLYLINE"}, {5, "2A"}, {8, "0"}, {66, "1"}}) + vertices +
+                                            (atEnd ? std::string() : line)));
+    ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+    EXPECT_THAT(messages(read.report), HasSubstr("has no end"));
+    const std::string text = writeText(*read.db);
+    const Read again = readText(text);
+    ASSERT_EQ(again.status, Acad::eOk);
+    EXPECT_EQ(messages(again.report).find("has no end"), std::string::npos);
+    const AcDbEntity* const polyline = entitiesOf(*again.db, again.db->modelSpaceId()).front();
+    const AcDbSubentities* const parts = const_cast<AcDbEntity*>(polyline)->subentities();
+    EXPECT_EQ(parts->stubs().size(), 2U);
+    EXPECT_TRUE(parts->sequenceEnd().isResident());
+    EXPECT_EQ(writeText(*again.db), text);
+  }
+}
+
+TEST(DxfReader, EndsTheKeptSequenceOfAMeshThatHasNoEnd) {
+  const std::string mesh = groups({{0, "POLYLINE"}, {5, "2A"}, {8, "0"}, {66, "1"}, {70, "16"}, {71, "2"}, {72, "2"}});
+  const Read read =
+      readText(entitiesFile(mesh + groups({{0, "VERTEX"}, {8, "0"}, {10, "1.0"}, {0, "POINT"}, {8, "0"}})));
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  EXPECT_THAT(messages(read.report), HasSubstr("has no end"));
+  const std::string text = writeText(*read.db);
+  const std::size_t vertex = text.find("VERTEX");
+  ASSERT_NE(vertex, std::string::npos);
+  EXPECT_LT(text.find("SEQEND"), text.find("POINT", vertex));
+}
+
+// A damaged record can bear another block's handle.
+TEST(DxfReader, PutsWhatABlockHoldsIntoTheOneOfItsName) {
+  const auto record = [](const char* handle, const char* name) {
+    return groups({{0, "BLOCK_RECORD"}, {5, handle}, {2, name}});
+  };
+  const auto block = [](const char* owner, const char* name, const char* x) {
+    return groups({{0, "BLOCK"}, {330, owner}, {8, "0"}, {2, name}, {0, "LINE"}, {8, "0"}, {11, x}, {0, "ENDBLK"}});
+  };
+  const std::string tables = groups({{0, "SECTION"}, {2, "TABLES"}, {0, "TABLE"}, {2, "BLOCK_RECORD"}, {5, "1"}}) +
+                             record("20", "ONE") + record("21", "TWO") + groups({{0, "ENDTAB"}, {0, "ENDSEC"}});
+  // The second tells the first's owner, the third one that nothing has.
+  const std::string blocks = groups({{0, "SECTION"}, {2, "BLOCKS"}}) + block("20", "ONE", "1.0") +
+                             block("20", "TWO", "2.0") + block("77", "THREE", "3.0") + groups({{0, "ENDSEC"}});
+  const Read read = readText(tables + blocks + entitiesFile(""));
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const Read again = readText(writeText(*read.db));
+  ASSERT_EQ(again.status, Acad::eOk) << messages(again.report);
+  for (const Read* const each : {&read, &again}) {
+    double x = 1;
+    for (const auto& [name, handle] :
+         {std::pair(L"ONE", 0x20U), std::pair(L"TWO", 0x21U), std::pair(L"THREE", 0x77U)}) {
+      const AcDbObjectId id = blockNamed(*each->db, name);
+      EXPECT_EQ(id.handle().value(), handle);
+      const std::vector<AcDbEntity*> entities = entitiesOf(*each->db, id);
+      ASSERT_EQ(entities.size(), 1U);
+      EXPECT_EQ(AcDbLine::cast(entities[0])->data().end.x, x++);
+    }
+  }
+}
+
+TEST(DxfReader, TakesABlockThatStandsTwiceForOne) {
+  const std::string block = groups({{0, "BLOCK"}, {8, "0"}, {2, "ONE"}, {0, "LINE"}, {8, "0"}, {0, "ENDBLK"}});
+  const std::string blocks = groups({{0, "SECTION"}, {2, "BLOCKS"}}) + block + block + groups({{0, "ENDSEC"}});
+  EXPECT_NE(readText(blocks + entitiesFile("")).status, Acad::eOk);
+  const Read read = readText(blocks + entitiesFile(""), true);
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  EXPECT_EQ(entitiesOf(*read.db, blockNamed(*read.db, L"ONE")).size(), 2U);
+}
+
+TEST(DxfReader, TakesNoRecordAmongTheObjects) {
+  const std::string objects =
+      groups({{0, "SECTION"}, {2, "OBJECTS"}, {0, "DICTIONARY"}, {5, "C"}, {100, "AcDbDictionary"}}) +
+      groups({{0, "BLOCK_RECORD"},
+              {5, "47"},
+              {330, "1"},
+              {100, "AcDbSymbolTableRecord"},
+              {100, "AcDbBlockTableRecord"},
+              {2, "ONE"},
+              {0, "ENDSEC"}});
+  const std::string before = "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n";
+  EXPECT_NE(readText(before + objects + "0\nEOF\n").status, Acad::eOk);
+  const Read read = readText(before + objects + "0\nEOF\n", true);
+  ASSERT_EQ(read.status, Acad::eOk);
+  EXPECT_EQ(read.db->handleTable().find(0x47), nullptr);
 }
 
 TEST(DxfReader, StopsAtMoreObjectsThanSoManyBytesCanMean) {

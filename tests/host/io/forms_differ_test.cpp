@@ -135,6 +135,60 @@ TEST(FormsDiffer, RecordsOfOneNameInADrawingGetNamesOfTheirOwn) {
   }
 }
 
+// An erased attribute takes the end of its sequence along: neither form has a place for an end that ends nothing.
+TEST(FormsDiffer, AnInsertThatLostItsAttributesHasNoSequence) {
+  AcDbDatabase database;
+  auto* const insert = new AcDbBlockReference({0, 0, 0}, database.paperSpaceId());
+  const AcDbObjectId id = add(database, insert);
+  {
+    const AcDbObjectPointer<AcDbBlockReference> open(id, AcDb::kForWrite);
+    auto* const attribute = new AcDbAttribute;
+    AcDbObjectId attributeId;
+    ASSERT_EQ(open->appendAttribute(attributeId, attribute), Acad::eOk);
+    ASSERT_TRUE(open->subentities()->sequenceEnd().isResident());
+    attribute->erase();
+    attribute->close();
+  }
+  const auto ends = [](AcDbDatabase& in) {
+    return std::ranges::count_if(in.handleTable().stubs(), [](const AcDbStub& stub) {
+      return stub.object != nullptr && stub.object->isA() == AcDbSequenceEnd::desc();
+    });
+  };
+  const dwgtools::Opened opened(dwgtools::saved(database));
+  ASSERT_EQ(opened.status, Acad::eOk) << textOf(opened.report);
+  EXPECT_TRUE(opened.report.clean()) << textOf(opened.report);
+  EXPECT_EQ(ends(*opened.database), 0);
+  EXPECT_EQ(ends(*AsText(database).database), 0);
+}
+
+// A damaged drawing's references can lead anywhere; the exchange form names records.
+TEST(FormsDiffer, WhatNamesNoRecordNamesTheUsualOne) {
+  AcDbDatabase database;
+  auto* const text = new AcDbText;
+  text->dataAsRead().text = L"A";
+  const AcDbObjectId id = add(database, text);
+  const AcDbObjectId layer = addLayer(database, L"Beams");
+  text->dataAsRead().style = id;
+  AcDbEntity::Common common = text->common();
+  common.layer = id;
+  common.linetype = id;
+  text->setCommonAsRead(common);
+  {
+    const AcDbObjectPointer<AcDbLayerTableRecord> open(layer, AcDb::kForWrite);
+    open->setLinetypeAsRead(id);
+  }
+
+  const AsText written(database);
+  EXPECT_TRUE(written.written.clean());
+  AcDbDatabase& again = *written.database;
+  const auto& read = objectOf<AcDbText>(again, id);
+  EXPECT_EQ(read.common().layer, again.layerZero());
+  EXPECT_EQ(read.common().linetype, again.byLayerLinetype());
+  EXPECT_EQ(read.data().style.handle(), again.roots().standardTextStyle.handle());
+  const AcDbObjectPointer<AcDbLayerTableRecord> open(again.handleTable().find(layer.handle().value()), AcDb::kForRead);
+  EXPECT_EQ(open->linetypeObjectId(), again.roots().continuous);
+}
+
 TEST(FormsDiffer, ManyViewportsMayHaveOneName) {
   AcDbDatabase database;
   {

@@ -75,6 +75,11 @@ constexpr bool isEntityType(unsigned type) {
          type == kLwPolyline || type == kHatch || type == kProxyEntity;
 }
 
+/// Whether a type is one of what belongs to another entity: vertices, attributes, ends of sequences.
+constexpr bool isPartType(unsigned type) {
+  return type == kAttribute || type == kSequenceEnd || type == kVertex2d || type == kVertex3d;
+}
+
 /// One object's stretch of the file taken apart as far as every object has the same parts.
 struct Frame {
   std::uint16_t type = 0;

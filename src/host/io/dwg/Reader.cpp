@@ -164,6 +164,7 @@ bool Reader::readHeaderVariables() {
     return false;
   }
   header.setWhole(AcDbHeader::kMEASUREMENT, container_.measurement());
+  if (policy_.recover()) findNamedRecords();
   modelSpace_ = header.id(AcDbHeader::kBLOCK_MODEL_SPACE).stub();
   paperSpace_ = header.id(AcDbHeader::kBLOCK_PAPER_SPACE).stub();
   return true;
@@ -397,6 +398,7 @@ bool Reader::readByType(const TypeInfo& type, const Frame& frame, AcDbStub* stub
   if (entity->subentities() != nullptr) sequences_.push_back(stub);
   if (frame.type == kViewport) viewports_.push_back(stub);
   if (frame.type != kSequenceEnd) list(head, owner, stub);
+  if (isPartType(frame.type)) sequenceParts_.push_back(stub);
   return true;
 }
 

@@ -57,6 +57,7 @@ class Reader {
   bool readHeaderVariables();
   bool readObjects();
   bool readObject(const MapEntry& entry, AcDbStub* stub);
+  void findNamedRecords();
   bool lost(const MapEntry& entry, const char* why);
 
   bool dispatch(const Frame& frame, AcDbStub* stub);
@@ -94,7 +95,10 @@ class Reader {
   bool breakOwnerCircles();
   void listRecords();
   void nameAlone(std::unordered_set<std::wstring>& names, AcDbSymbolTableRecord& record);
+  bool dropLooseParts();
+  void dropForeignTables();
   void adoptStrays();
+  bool moveSpace(AcDbStub* stub);
   void dropLooseEnds();
   bool listParts();
   bool orderByLinks(Parts& parts);
@@ -126,6 +130,7 @@ class Reader {
   std::vector<ExtendedData> extendedData_;
   std::vector<std::pair<AcDbStub*, AcDbStub*>> inserts_;  // block, insert
   std::vector<AcDbStub*> sequences_;                      // entities with parts of their own
+  std::vector<AcDbStub*> sequenceParts_;                  // vertices, attributes and ends of sequences
   std::vector<AcDbStub*> viewports_;
 };
 

@@ -3,21 +3,13 @@
 
 #include "host/db/OwnerChain.h"
 #include "host/io/dwg/Reader.h"
+#include "host/io/dwg/RecordNames.h"
 #include "host/io/dwg/ValueBytes.h"
 #include "host/os/os.h"
 
 // What a reader puts in order once all objects are there.
 
 namespace krio::dwg {
-
-namespace {
-
-bool hasRecord(AcDbObjectId table, const std::wstring& name) {
-  const AcDbObjectPointer<AcDbSymbolTable> open(table, AcDb::kForRead);
-  return open->has(name.c_str());
-}
-
-}  // namespace
 
 bool Reader::finish() {
   if (blocks_.empty()) {
@@ -27,13 +19,14 @@ bool Reader::finish() {
   nameBlocks();
   listRecords();
   dropForeignEnds();
-  if (!breakOwnerCircles() || !listParts()) return false;
+  if (!breakOwnerCircles() || !dropLooseParts() || !listParts()) return false;
   listInserts();
   numberViewports();
   if (database_.finishRead() != Acad::eOk) {
     report_.error("the file lacks what no drawing can be without");
     return false;
   }
+  dropForeignTables();
   adoptStrays();
   if (!readAllExtendedData()) return false;
   if (context_->dangling() != 0) {
@@ -76,20 +69,8 @@ void Reader::dropForeignEnds() {
     AcDbSubentities* const parts = static_cast<AcDbEntity*>(stub->object)->subentities();
     AcDbStub* const end = parts->sequenceEnd().stub();
     if (end == nullptr || isOwn(end, stub, AcDbSequenceEnd::desc())) continue;
-    report_.warn("the sequence's end isn't its own and was left out", stub->handle, -1, true);
+    report_.warn("the sequence's end isn't its own; it is made anew", stub->handle, -1, true);
     parts->setSequenceEndAsRead(nullptr);
-  }
-}
-
-/// What opens or closes no block has no place in a file and nothing to tell.
-void Reader::dropLooseEnds() {
-  for (AcDbStub& stub : const_cast<AcDbHandleTable&>(database_.handleTable()).stubs()) {
-    const AcRxClass* const own = stub.object != nullptr ? stub.object->isA() : nullptr;
-    if (own != AcDbBlockBegin::desc() && own != AcDbBlockEnd::desc()) continue;
-    const auto* const block = stub.owner != nullptr ? AcDbBlockTableRecord::cast(stub.owner->object) : nullptr;
-    const bool isUsed =
-        block != nullptr && (block->blockBeginId().stub() == &stub || block->blockEndId().stub() == &stub);
-    if (!isUsed) stub.flags |= AcDbStub::kErased;
   }
 }
 
@@ -97,10 +78,8 @@ void Reader::dropLooseEnds() {
 /// to records, and so do people.
 void Reader::nameAlone(std::unordered_set<std::wstring>& names, AcDbSymbolTableRecord& record) {
   if (names.insert(acdbFoldedName(record.nameText().c_str())).second) return;
-  std::wstring name;
-  for (int i = 1; name.empty() || !names.insert(acdbFoldedName(name.c_str())).second; ++i) {
-    name = record.nameText() + L"$" + std::to_wstring(i);
-  }
+  const std::wstring name = freeName(
+      record.nameText(), [&](const std::wstring& each) { return names.insert(acdbFoldedName(each.c_str())).second; });
   report_.warn("the name \"" + os::toUtf8(record.nameText()) + "\" stands twice in a table; the second is now \"" +
                    os::toUtf8(name) + "\"",
                record.objectId().handle().value(), -1, true);
@@ -137,45 +116,6 @@ void Reader::listRecords() {
     } else {
       report_.warn("something else stands in the place of a record", stub->handle, -1, false);
     }
-  }
-}
-
-/// Records whose table was lost go into the one that stands for it now. It has its own records by then: what a space
-/// holds goes into the one of that name.
-void Reader::adoptStrays() {
-  const AcDbObjectId ids[] = {database_.blockTableId(),    database_.layerTableId(),     database_.linetypeTableId(),
-                              database_.dimStyleTableId(), database_.textStyleTableId(), database_.viewportTableId(),
-                              database_.regAppTableId(),   database_.viewTableId(),      database_.UCSTableId()};
-  for (AcDbStub* const stub : strays_) {
-    auto& record = static_cast<AcDbSymbolTableRecord&>(*stub->object);
-    const auto* const id = std::ranges::find_if(ids, [&](AcDbObjectId each) {
-      return record.isKindOf(static_cast<AcDbSymbolTable*>(each.stub()->object)->recordClass());
-    });
-    auto* const table = id != std::end(ids) ? static_cast<AcDbSymbolTable*>(id->stub()->object) : nullptr;
-    if (table != nullptr && !hasRecord(*id, record.nameText())) {
-      stub->owner = id->stub();
-      table->listAsRead(record);
-      report_.warn("the record belonged to no table; it was put into that of its kind", stub->handle, -1, true);
-      continue;
-    }
-    bool moved = false;
-    auto* const block = AcDbBlockTableRecord::cast(&record);
-    for (const AcDbObjectId space : {database_.modelSpaceId(), database_.paperSpaceId()}) {
-      auto* const target = static_cast<AcDbBlockTableRecord*>(space.stub()->object);
-      if (block == nullptr || block == target || block->nameText() != target->nameText()) continue;
-      for (AcDbStub* const entity : block->entities()) {
-        entity->owner = space.stub();
-        target->listAsRead(entity);
-      }
-      block->setEntitiesAsRead({});
-      // What is left of the lost space goes: no form of a file has a place for it.
-      for (AcDbStub* const each : {stub, block->blockBeginId().stub(), block->blockEndId().stub()})
-        if (each != nullptr) each->flags |= AcDbStub::kErased;
-      moved = true;
-    }
-    report_.warn(moved ? "the space belonged to no table; what it holds was put into the one of its name"
-                       : "the record belongs to no table",
-                 stub->handle, -1, moved);
   }
 }
 

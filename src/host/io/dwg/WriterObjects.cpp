@@ -112,9 +112,11 @@ void Writer::writeChain(const std::vector<AcDbStub*>& stubs) {
     const std::size_t next = nextLive(i + 1);
     AcDbStub* const stub = stubs[i];
     writeEntity(stub, {previous, next < stubs.size() ? stubs[next]->handle : 0, true});
-    if (const AcDbSubentities* const parts = static_cast<AcDbEntity*>(stub->object)->subentities()) {
+    auto& entity = *static_cast<AcDbEntity*>(stub->object);
+    if (const AcDbSubentities* const parts = entity.subentities()) {
       writeChain(parts->stubs());
-      if (isLive(parts->sequenceEnd().stub())) writeEntity(parts->sequenceEnd().stub(), {0, 0, false});
+      if (parts->needsEnd(entity) && isLive(parts->sequenceEnd().stub()))
+        writeEntity(parts->sequenceEnd().stub(), {0, 0, false});
     }
     previous = stub->handle;
     i = next;

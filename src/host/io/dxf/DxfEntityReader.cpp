@@ -82,6 +82,8 @@ AcRxClass* dimensionClass(const Ahead& ahead) {
   }
 }
 
+constexpr const char* kNoSequenceEnd = "a sequence of vertices or attributes has no end; it gets one";
+
 }  // namespace
 
 EntityReader::EntityReader(FrameReader& frames)
@@ -401,13 +403,24 @@ void EntityReader::keepSequence(AcDbProxyData& data) {
         in_.code() == 0 && (in_.value() == "VERTEX" || in_.value() == "ATTRIB" || in_.value() == "SEQEND");
     if (!part) {
       in_.scanner().pushBack();
-      return;
+      break;
     }
     const bool last = in_.value() == "SEQEND";
     data.groups.push_back(0, in_.value());
     while (in_.nextField()) data.groups.push_back(in_.code(), os::toUtf8(in_.page().decode(in_.value())));
     if (last) return;
   }
+  in_.warn(kNoSequenceEnd, frame_.handle);
+  data.groups.push_back(0, "SEQEND");
+  data.groups.push_back(100, "AcDbEntity");
+  data.groups.push_back(8, "0");
+}
+
+void EntityReader::leaveSequence() {
+  const AcDbSubentities* const parts = parent_ != nullptr ? parent_->subentities() : nullptr;
+  if (parts != nullptr && parts->needsEnd(*parent_) && parts->sequenceEnd().isNull())
+    in_.warn(kNoSequenceEnd, parent_->objectId().handle().value());
+  parent_ = nullptr;
 }
 
 // --- Into the database
@@ -461,7 +474,7 @@ void EntityReader::list(AcDbStub* stub) {
     }
     return;
   }
-  parent_ = nullptr;
+  leaveSequence();
   if (stub->owner != listedOwner_) {
     listedOwner_ = stub->owner;
     listedBlock_ = stub->owner != nullptr ? AcDbBlockTableRecord::cast(stub->owner->object) : nullptr;
@@ -493,6 +506,7 @@ T* EntityReader::attach(std::unique_ptr<T> entity) {
 }
 
 void EntityReader::finish() {
+  leaveSequence();
   for (auto& [block, inserts] : inserts_) {
     auto* const record = AcDbBlockTableRecord::cast(block->object);
     if (record == nullptr) continue;

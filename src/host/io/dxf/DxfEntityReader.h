@@ -143,6 +143,8 @@ class EntityReader {
   T* attach(std::unique_ptr<T> entity);
   AcDbStub* ownerOf(bool part);
   void list(AcDbStub* stub);
+  /// What is read now is no part of the entity before: its sequence should have ended.
+  void leaveSequence();
 
   FrameReader& frames_;
   Drawing& drawing_;

@@ -27,6 +27,15 @@ bool isBinary(std::span<const std::byte> bytes) {
   return text.size() > kBinaryMarkPlace && text.substr(kBinaryMarkPlace).starts_with(kBinaryMark);
 }
 
+/// Whether the record is that of a block of the name: it may name an anonymous one without its number.
+bool isNameOf(const AcDbBlockTableRecord& record, const std::wstring& name) {
+  const std::wstring own = acdbFoldedName(record.nameText().c_str());
+  const std::wstring other = acdbFoldedName(name.c_str());
+  const auto isDigit = [](wchar_t c) { return c >= L'0' && c <= L'9'; };
+  return own == other || (own.starts_with(L'*') && other.starts_with(own) &&
+                          std::all_of(other.begin() + std::ptrdiff_t(own.size()), other.end(), isDigit));
+}
+
 }  // namespace
 
 Reader::Reader(std::span<const std::byte> bytes, AcDbDatabase& database, Report& report, const ReadOptions& options)
@@ -211,10 +220,18 @@ void Reader::readBlockHead(AcDbBlockTableRecord*& block) {
   // Files of old versions write the spaces with a dollar sign.
   if (name == L"$MODEL_SPACE") name = ACDB_MODEL_SPACE;
   if (name == L"$PAPER_SPACE") name = ACDB_PAPER_SPACE;
-  if (frame.owner != nullptr) block = AcDbBlockTableRecord::cast(frame.owner->object);
+  auto* const owner = frame.owner != nullptr ? AcDbBlockTableRecord::cast(frame.owner->object) : nullptr;
+  if (owner != nullptr && isNameOf(*owner, name) && !owner->blockBeginId().isResident()) block = owner;
+  // By their names inserts refer to blocks.
   if (block == nullptr) block = drawing_.block(name);
-  if (block == nullptr) block = drawing_.makeBlock(name, 0);
+  // The owner told, where nothing else has its handle, is a record that the table lacks.
+  const bool ownerIsFree = frame.owner != nullptr && frame.owner->object == nullptr;
+  if (block == nullptr) block = drawing_.makeBlock(name, ownerIsFree ? frame.owner->handle : 0);
   if (block == nullptr) return;
+  if (block->blockBeginId().isResident()) {
+    in_.fault("a block stands twice; what the second holds went into the first", frame.handle);
+    return;
+  }
   AcDbBlockTableRecord::Data& data = block->dataAsRead();
   data.dxfFlags = Adesk::Int16(flags & ~kKnownFlags);
   data.anonymous = (flags & kAnonymousFlag) != 0;
@@ -234,7 +251,7 @@ void Reader::readBlockHead(AcDbBlockTableRecord*& block) {
 void Reader::readBlockEnd(AcDbBlockTableRecord* block) {
   frames_.begin();
   while (in_.nextField()) frames_.take(true);
-  if (block == nullptr || in_.stopped()) return;
+  if (block == nullptr || in_.stopped() || block->blockEndId().isResident()) return;
   auto end = std::make_unique<AcDbBlockEnd>();
   entities_.applyFrame(*end);
   AcDbBlockEnd* const put = drawing_.put(std::move(end), frames_.frame().handle, block->objectId().stub());
@@ -256,6 +273,11 @@ void Reader::readObject() {
   const ObjectKind& kind = frames_.kindOf(name, false);
   frames_.begin();
   if (kind.rxClass == nullptr || name == "ACAD_PROXY_OBJECT") return readProxyObject(name, kind);
+  if (kind.rxClass->isDerivedFrom(AcDbSymbolTableRecord::desc()) ||
+      kind.rxClass->isDerivedFrom(AcDbSymbolTable::desc())) {
+    if (in_.fault("a record or table stands among the objects; it was left out")) in_.skipFields();
+    return;
+  }
   std::unique_ptr<AcDbObject> object(static_cast<AcDbObject*>(kind.rxClass->create()));
   const bool markers = frames_.readAll(false);
   std::string why;

@@ -379,7 +379,8 @@ void TableReader::readBlockRecord() {
   block.setNameAsRead(name_);
   block.setBlockReferencesAsRead(std::move(references));
   frames_.applyRareParts(block);
-  if (drawing_.recordNamed(drawing_.roots().blockTable, name_) != nullptr && name_.starts_with(L"*")) {
+  const bool isSpace = name_ == ACDB_MODEL_SPACE || name_ == ACDB_PAPER_SPACE;
+  if (!isSpace && name_.starts_with(L"*") && drawing_.recordNamed(drawing_.roots().blockTable, name_) != nullptr) {
     // The file may name anonymous blocks without their number, which their BLOCK has.
     AcDbObjectId root = drawing_.roots().blockTable;
     if (AcDbBlockTableRecord* const made = drawing_.put(std::move(record), frame.handle, root.stub())) {

@@ -185,7 +185,8 @@ void Writer::writeLinetype(AcDbLinetypeTableRecord& linetype) {
 void Writer::writeLayer(AcDbLayerTableRecord& layer) {
   const int color = layer.color().colorIndex();
   sink_.int16(62, layer.isOff() ? -color : color);
-  sink_.raw(6, nameOf(layer.linetypeObjectId()));
+  const std::string& linetype = nameOf(layer.linetypeObjectId());
+  sink_.raw(6, linetype.empty() ? "Continuous" : linetype);
   if (!layer.isPlottable()) sink_.int16(290, 0);
   sink_.int16(370, layer.lineWeight());
   const AcDbObjectId plotStyle = layer.plotStyleNameId();

@@ -171,10 +171,8 @@ const std::string& Writer::nameOf(AcDbObjectId id) {
   if (stub == lastNamed_ && lastName_ != nullptr) return *lastName_;
   const auto [entry, isNew] = names_.try_emplace(stub);
   if (isNew) {
-    const auto* const record = id.isResident() ? AcDbSymbolTableRecord::cast(stub->object) : nullptr;
-    std::string encoded;
-    if (record != nullptr) sink_.encode(record->nameText(), encoded);
-    entry->second = encoded.empty() ? std::string("0") : encoded;
+    const auto* const record = id.isResident() && !id.isErased() ? AcDbSymbolTableRecord::cast(stub->object) : nullptr;
+    if (record != nullptr) sink_.encode(record->nameText(), entry->second);
   }
   lastNamed_ = stub;
   lastName_ = &entry->second;
@@ -215,9 +213,11 @@ void Writer::writeEntityFrame(const AcDbEntity& entity, bool inPaperSpace, std::
   if (marker) sink_.marker("AcDbEntity");
   if (inPaperSpace) sink_.int16(67, 1);
   const AcDbEntity::Common common = entity.common();
-  sink_.raw(8, nameOf(common.layer.isNull() ? db_.layerZero() : common.layer));
-  const bool byLayer = common.linetype.isNull() || common.linetype == db_.byLayerLinetype();
-  if (!byLayer) sink_.raw(6, nameOf(common.linetype));
+  const std::string_view layer = nameOf(common.layer);
+  sink_.raw(8, layer.empty() ? "0" : layer);
+  if (common.linetype != db_.byLayerLinetype()) {
+    if (const std::string& linetype = nameOf(common.linetype); !linetype.empty()) sink_.raw(6, linetype);
+  }
   if (!common.color.isByLayer()) sink_.int16(62, common.color.colorIndex());
   if (common.lineWeight != AcDb::kLnWtByLayer) sink_.int16(370, common.lineWeight);
   if (common.linetypeScale != 1.0) sink_.real(48, common.linetypeScale);
@@ -419,7 +419,9 @@ void Writer::text(const AcDbText::Data& data) {
   if (data.rotation != 0.0) sink_.angle(50, data.rotation);
   if (data.widthFactor != 1.0) sink_.real(41, data.widthFactor);
   if (data.oblique != 0.0) sink_.angle(51, data.oblique);
-  if (!data.style.isNull() && data.style != db_.roots().standardTextStyle) sink_.raw(7, nameOf(data.style));
+  if (data.style != db_.roots().standardTextStyle) {
+    if (const std::string& style = nameOf(data.style); !style.empty()) sink_.raw(7, style);
+  }
   if (data.generation != 0) sink_.int16(71, data.generation);
   if (data.horizontal != 0) sink_.int16(72, data.horizontal);
   const bool aligned = data.horizontal != 0 || data.vertical != 0 || data.alignment.x != 0.0 || data.alignment.y != 0.0;
@@ -465,7 +467,8 @@ void Writer::writeParts(AcDbEntity& entity, bool inPaperSpace) {
   AcDbSubentities* const parts = entity.subentities();
   if (parts == nullptr) return;
   for (AcDbStub* const part : parts->stubs()) writeEntity(part, inPaperSpace);
-  if (AcDbStub* const end = parts->sequenceEnd().stub()) writeEntity(end, inPaperSpace);
+  AcDbStub* const end = parts->sequenceEnd().stub();
+  if (end != nullptr && parts->needsEnd(entity)) writeEntity(end, inPaperSpace);
 }
 
 // --- Proxies

@@ -75,7 +75,7 @@ class Writer {
   /// Writes groups kept of a file, from `first` up to the next that begins an object; gives that one, or `last`.
   AcDbProxyGroups::Iterator writeGroups(AcDbProxyGroups::Iterator first, AcDbProxyGroups::Iterator last);
   void writeGraphics(std::span<const std::byte> graphics);
-  /// The name of a record as it stands in the file; "0" and the like when there is none.
+  /// The name of a record as it stands in the file; empty when there is none.
   const std::string& nameOf(AcDbObjectId record);
   int classNumber(const AcDbClassRecord& record) const;
   /// The class under which an object of a fixed type that the host doesn't have is written.

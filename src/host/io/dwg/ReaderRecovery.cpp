@@ -1,0 +1,178 @@
+#include <algorithm>
+
+#include "host/io/dwg/Reader.h"
+#include "host/io/dwg/RecordFields.h"
+#include "host/io/dwg/RecordNames.h"
+
+// What a reader puts right in damaged files alone.
+
+namespace krio::dwg {
+
+namespace {
+
+bool hasRecord(AcDbObjectId table, const std::wstring& name) {
+  const AcDbObjectPointer<AcDbSymbolTable> open(table, AcDb::kForRead);
+  return open->has(name.c_str());
+}
+
+/// What a drawing's variables name among the records.
+struct NamedRole {
+  AcDbHeader::Index variable;
+  unsigned type;
+  const wchar_t* name;
+};
+constexpr NamedRole kNamedRoles[] = {{AcDbHeader::kBLOCK_MODEL_SPACE, kBlockRecord, ACDB_MODEL_SPACE},
+                                     {AcDbHeader::kBLOCK_PAPER_SPACE, kBlockRecord, ACDB_PAPER_SPACE},
+                                     {AcDbHeader::kLTYPE_BYLAYER, kLinetype, L"ByLayer"},
+                                     {AcDbHeader::kLTYPE_BYBLOCK, kLinetype, L"ByBlock"},
+                                     {AcDbHeader::kLTYPE_CONTINUOUS, kLinetype, L"Continuous"}};
+
+}  // namespace
+
+/// Entities name neither their space nor the usual linetypes: where the variables that do are damaged, the records are
+/// found by their names, ahead of all that refers to them.
+void Reader::findNamedRecords() {
+  std::unordered_map<std::uint64_t, std::wstring> names[std::size(kNamedRoles)];
+  std::size_t budget = file_.size();
+  for (const MapEntry& entry : container_.map()) {
+    const auto object = container_.objectAt(entry.address);
+    if (!object || object->size > budget) continue;
+    budget -= object->size;
+    const auto frame = readFrame(file_, *object);
+    if (!frame || frame->handle != entry.handle || (frame->type != kBlockRecord && frame->type != kLinetype)) continue;
+    Decoder decoder = decoderOf(*frame);
+    ObjectHead head;
+    readHead(decoder, head);
+    std::wstring name;
+    AcDbSymbolTableRecord::FilePart part;
+    codeFilePart(decoder, name, part);
+    if (decoder.failed()) continue;
+    for (std::size_t i = 0; i < std::size(kNamedRoles); ++i) {
+      if (frame->type == kNamedRoles[i].type) names[i].emplace(entry.handle, acdbFoldedName(name.c_str()));
+    }
+  }
+  AcDbHeader& header = database_.header();
+  for (std::size_t i = 0; i < std::size(kNamedRoles); ++i) {
+    const NamedRole& role = kNamedRoles[i];
+    const std::wstring wanted = acdbFoldedName(role.name);
+    const auto told = names[i].find(header.id(role.variable).handle().value());
+    if (told != names[i].end() && told->second == wanted) continue;
+    std::uint64_t found = 0;
+    for (const auto& [handle, name] : names[i]) {
+      if (name == wanted && (found == 0 || handle < found)) found = handle;
+    }
+    if (found == 0) continue;
+    report_.warn("the variables don't name \"" + os::toUtf8(role.name) + "\"; the record of that name was taken", found,
+                 -1, true);
+    header.setId(role.variable, AcDbObjectId(database_.handleTable().find(found)));
+  }
+}
+
+/// What opens or closes no block has no place in a file and nothing to tell.
+void Reader::dropLooseEnds() {
+  for (AcDbStub& stub : const_cast<AcDbHandleTable&>(database_.handleTable()).stubs()) {
+    const AcRxClass* const own = stub.object != nullptr ? stub.object->isA() : nullptr;
+    if (own != AcDbBlockBegin::desc() && own != AcDbBlockEnd::desc()) continue;
+    const auto* const block = stub.owner != nullptr ? AcDbBlockTableRecord::cast(stub.owner->object) : nullptr;
+    const bool isUsed =
+        block != nullptr && (block->blockBeginId().stub() == &stub || block->blockEndId().stub() == &stub);
+    if (!isUsed) stub.flags |= AcDbStub::kErased;
+  }
+}
+
+/// Vertices and attributes have a place in a file only behind the entity that they belong to, and so has the end of
+/// them, which tells nothing.
+bool Reader::dropLooseParts() {
+  std::unordered_set<AcDbStub*> loose;
+  std::uint64_t ofNothing = 0;
+  for (AcDbStub* const stub : sequenceParts_) {
+    AcDbObject* const owner = stub->owner != nullptr ? stub->owner->object : nullptr;
+    const bool isEnd = stub->object->isA() == AcDbSequenceEnd::desc();
+    if (owner != nullptr && AcDbBlockTableRecord::cast(owner) == nullptr) {
+      auto* const entity = AcDbEntity::cast(owner);
+      AcDbSubentities* const parts = entity != nullptr ? entity->subentities() : nullptr;
+      if (parts == nullptr || !isEnd || parts->sequenceEnd().stub() == stub) continue;
+    }
+    loose.insert(stub);
+    stub->flags |= AcDbStub::kErased;
+    if (isEnd) {
+      report_.warn("the end of a sequence ends none; it was left out", stub->handle, -1, true);
+    } else {
+      ofNothing = stub->handle;
+    }
+  }
+  if (ofNothing == 0) return true;
+  if (!policy_.goOn("vertices or attributes belong to nothing; they were left out", 0, ofNothing)) return false;
+  for (Parts& parts : parts_) std::erase_if(parts.stubs, [&](AcDbStub* stub) { return loose.contains(stub); });
+  std::erase_if(parts_, [](const Parts& parts) { return parts.stubs.empty(); });
+  return true;
+}
+
+/// A damaged file can have two tables of a kind. What only the one lists that isn't the drawing's has no table then.
+void Reader::dropForeignTables() {
+  const AcDbDatabase::Roots& roots = database_.roots();
+  const AcDbObjectId own[] = {roots.blockTable,    roots.layerTable,         roots.textStyleTable, roots.linetypeTable,
+                              roots.viewTable,     roots.ucsTable,           roots.viewportTable,  roots.regAppTable,
+                              roots.dimStyleTable, roots.viewportHeaderTable};
+  for (const Control& control : controls_) {
+    const auto* const table = control.table->object != nullptr ? AcDbSymbolTable::cast(control.table->object) : nullptr;
+    if (table == nullptr || std::ranges::find(own, table->objectId()) != std::end(own)) continue;
+    report_.warn("a second table of its kind was taken apart", control.table->handle, -1, true);
+    for (const AcDbObjectId id : table->recordIds()) strays_.push_back(id.stub());
+    control.table->flags |= AcDbStub::kErased;
+  }
+}
+
+/// Records whose table was lost go into the one that stands for it now. It has its own records by then: what a space
+/// holds goes into the one of that name, and another block gets a name of its own.
+void Reader::adoptStrays() {
+  const AcDbObjectId ids[] = {database_.blockTableId(),    database_.layerTableId(),     database_.linetypeTableId(),
+                              database_.dimStyleTableId(), database_.textStyleTableId(), database_.viewportTableId(),
+                              database_.regAppTableId(),   database_.viewTableId(),      database_.UCSTableId()};
+  for (AcDbStub* const stub : strays_) {
+    if (stub->object == nullptr || stub->has(AcDbStub::kErased)) continue;
+    auto& record = static_cast<AcDbSymbolTableRecord&>(*stub->object);
+    const auto* const id = std::ranges::find_if(ids, [&](AcDbObjectId each) {
+      return record.isKindOf(static_cast<AcDbSymbolTable*>(each.stub()->object)->recordClass());
+    });
+    if (id != std::end(ids) && stub->owner == id->stub()) continue;
+    if (moveSpace(stub)) {
+      report_.warn("the space belonged to no table; what it holds was put into the one of its name", stub->handle, -1,
+                   true);
+      continue;
+    }
+    const bool isNew = id != std::end(ids) && !hasRecord(*id, record.nameText());
+    if (!isNew && !record.isKindOf(AcDbBlockTableRecord::desc())) {
+      report_.warn("the record belongs to no table", stub->handle, -1, false);
+      continue;
+    }
+    if (!isNew)
+      record.setNameAsRead(freeName(record.nameText(), [&](const auto& name) { return !hasRecord(*id, name); }));
+    stub->owner = id->stub();
+    static_cast<AcDbSymbolTable*>(id->stub()->object)->listAsRead(record);
+    report_.warn("the record belonged to no table; it was put into that of its kind", stub->handle, -1, true);
+  }
+}
+
+/// Moves what a space that no table lists holds into the drawing's space of that name. False for other records.
+bool Reader::moveSpace(AcDbStub* stub) {
+  auto* const block = AcDbBlockTableRecord::cast(stub->object);
+  if (block == nullptr) return false;
+  for (const AcDbObjectId space : {database_.modelSpaceId(), database_.paperSpaceId()}) {
+    auto* const target = static_cast<AcDbBlockTableRecord*>(space.stub()->object);
+    if (block == target || acdbFoldedName(block->nameText().c_str()) != acdbFoldedName(target->nameText().c_str()))
+      continue;
+    for (AcDbStub* const entity : block->entities()) {
+      entity->owner = space.stub();
+      target->listAsRead(entity);
+    }
+    block->setEntitiesAsRead({});
+    // What is left of the lost space goes: no form of a file has a place for it.
+    for (AcDbStub* const each : {stub, block->blockBeginId().stub(), block->blockEndId().stub()})
+      if (each != nullptr) each->flags |= AcDbStub::kErased;
+    return true;
+  }
+  return false;
+}
+
+}  // namespace krio::dwg
