@@ -217,6 +217,19 @@ class Encoder final : public gi::WorldDrawBase {
 
 }  // namespace
 
+bool drawsNothing(AcDbEntity& entity) {
+  // What has an extent is drawn, and that is soon known. Without one it may say so by a status, or by extents that hold
+  // nothing, and may draw all the same.
+  AcDbExtents extents;
+  if (entity.getGeomExtents(extents) == Acad::eOk) {
+    const AcGeVector3d size = extents.maxPoint() - extents.minPoint();
+    if (size.x > 0 || size.y > 0 || size.z > 0) return false;
+  }
+  std::vector<std::byte> picture;
+  encodeProxyGraphics(entity, picture);
+  return picture.empty();
+}
+
 void encodeProxyGraphics(AcDbEntity& entity, std::vector<std::byte>& out) {
   AcDbDatabase* database = entity.database();
   if (database == nullptr) database = acdbHostApplicationServices()->workingDatabase();

@@ -18,6 +18,10 @@ namespace krio {
 /// The entity must be open at least for read.
 void encodeProxyGraphics(AcDbEntity& entity, std::vector<std::byte>& out);
 
+/// Whether an entity that was just read draws nothing: a file that holds nothing else of it shows it by its picture
+/// alone. It must be open at least for read, or in no database.
+bool drawsNothing(AcDbEntity& entity);
+
 /// Draws a stream. Any bytes will do: what can't be read is passed over, and time and memory stay in proportion to the
 /// number of bytes. Layers and linetypes are looked up in the database of the drawing context. Endless lines are
 /// passed over, meshes drawn by their edges, ellipses by chords.

@@ -4,6 +4,7 @@
 
 #include "host/db/HandleLimit.h"
 #include "host/db/MergeStyle.h"
+#include "host/io/ProxyGraphics.h"
 #include "host/io/dwg/CodePages.h"
 #include "host/io/dwg/Dwg.h"
 #include "host/io/dwg/FileFiler.h"
@@ -417,8 +418,6 @@ bool Reader::readCustom(const FileClass& fileClass, const Frame& frame, AcDbStub
     setCommon(*entity, head);
     setRelations(*object, head, frame);
     owner = ownerOf(head);
-    // What files nothing of itself can't draw itself either: the file's picture is all that there is of it.
-    if (decoder.data.left() == 0) setGraphics(*entity, head, frame);
   } else {
     readHead(decoder, objectHead);
     if (decoder.failed()) return false;
@@ -431,8 +430,10 @@ bool Reader::readCustom(const FileClass& fileClass, const Frame& frame, AcDbStub
   stub->flags |= kReading;
   FileFiler filer(decoder);
   const Acad::ErrorStatus es = object->dwgInFields(&filer);
+  const bool isRead = es == Acad::eOk && filer.filerStatus() == Acad::eOk && endsRight(decoder);
+  if (isRead && entity != nullptr && head.hasGraphics && drawsNothing(*entity)) setGraphics(*entity, head, frame);
   stub->flags &= ~kReading;
-  if (es == Acad::eOk && filer.filerStatus() == Acad::eOk && endsRight(decoder)) {
+  if (isRead) {
     static_cast<void>(object.release());
     if (entity != nullptr) list(head, owner, stub);
     return true;

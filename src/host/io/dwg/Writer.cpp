@@ -173,11 +173,11 @@ void Writer::writeReactors(const Object& object) {
 
 void Writer::writeGraphics(const AcDbEntity& entity, bool isCustom) {
   std::span<const std::byte> graphics = entity.fileGraphics();
-  if (isCustom) [[unlikely]] {
-    // The picture that programs without the class show is drawn anew. Of what draws nothing that of its file stays.
+  if (isCustom && graphics.empty()) [[unlikely]] {
+    // The picture that programs without the class show is drawn anew.
     graphics_.clear();
     encodeProxyGraphics(const_cast<AcDbEntity&>(entity), graphics_);
-    if (!graphics_.empty()) graphics = graphics_;
+    graphics = graphics_;
   }
   file_.b(!graphics.empty());
   if (graphics.empty()) return;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "host/io/ProxyGraphics.h"
 #include "host/io/dxf/DxfCodes.h"
 #include "host/os/os.h"
 
@@ -347,6 +348,7 @@ void EntityReader::readByClass(std::string_view name) {
   }
   if (in_.peekCode() >= kFirstExtendedCode) frames_.readExtendedData();
   setTextStyle(*entity);
+  if (!isHosts && !frame_.graphics.empty() && !drawsNothing(*entity)) frame_.graphics.clear();
   AcDbEntity* const attached = attach(std::move(entity));
   if (attached == nullptr) return;
   if (auto* const insert = AcDbBlockReference::cast(attached)) {

@@ -447,12 +447,11 @@ void Writer::writeByClass(AcDbEntity& entity, bool inPaperSpace) {
     return;
   }
   std::span<const std::byte> graphics = entity.fileGraphics();
-  if (!isHosts(own)) {
+  if (!isHosts(own) && graphics.empty()) {
     const AcDbObjectPointer<AcDbObject> open(entity.objectId(), AcDb::kForRead);
     graphics_.clear();
     encodeProxyGraphics(entity, graphics_);
-    // Of what draws nothing the picture of its file stays.
-    if (!graphics_.empty()) graphics = graphics_;
+    graphics = graphics_;
   }
   std::string name;
   sink_.encode(own.dxfName(), name);
