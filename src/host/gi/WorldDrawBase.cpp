@@ -67,7 +67,7 @@ class WorldDrawBase::Geometry : public Base {
   Adesk::Boolean circle(const AcGePoint3d& center, const double radius, const AcGeVector3d& normal) const override {
     const AcGeVector3d axis = unit(normal, AcGeVector3d::kZAxis);
     const AcGeVector3d u = axis.perpVector() * radius;
-    owner_.onArc({center, u, axis.crossProduct(u), kFullTurn, true, kAcGiArcSimple, false, {}});
+    drawn().onArc({center, u, axis.crossProduct(u), kFullTurn, true, kAcGiArcSimple, false, {}});
     return Adesk::kFalse;
   }
   Adesk::Boolean circle(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3) const override {
@@ -75,7 +75,7 @@ class WorldDrawBase::Geometry : public Base {
     if (!arcThrough(p1, p2, p3, arc)) return Adesk::kFalse;
     arc.sweep = kFullTurn;
     arc.isCircle = true;
-    owner_.onArc(arc);
+    drawn().onArc(arc);
     return Adesk::kFalse;
   }
   Adesk::Boolean circularArc(const AcGePoint3d& center, const double radius, const AcGeVector3d& normal,
@@ -85,7 +85,7 @@ class WorldDrawBase::Geometry : public Base {
     const AcGeVector3d u = unit(startVector.orthoProject(axis), axis.perpVector()) * radius;
     // Once round is all there is to draw; who walks along the sweep needn't end in a drawing of billions of turns.
     const double sweep = std::clamp(sweepAngle, -kFullTurn, kFullTurn);
-    owner_.onArc({center, u, axis.crossProduct(u), sweep, false, arcType, false, {}});
+    drawn().onArc({center, u, axis.crossProduct(u), sweep, false, arcType, false, {}});
     return Adesk::kFalse;
   }
   Adesk::Boolean circularArc(const AcGePoint3d& start, const AcGePoint3d& point, const AcGePoint3d& end,
@@ -97,19 +97,19 @@ class WorldDrawBase::Geometry : public Base {
     arc.given[1] = point;
     arc.given[2] = end;
     if (arcThrough(start, point, end, arc)) {
-      owner_.onArc(arc);
+      drawn().onArc(arc);
     } else {
-      owner_.onFlatArc(arc.given, arcType);
+      drawn().onFlatArc(arc.given, arcType);
     }
     return Adesk::kFalse;
   }
   Adesk::Boolean polyline(const Adesk::UInt32 count, const AcGePoint3d* vertices, const AcGeVector3d*,
                           Adesk::LongPtr) const override {
-    if (count > 0 && vertices != nullptr) owner_.onPolyline(vertices, count, false);
+    if (count > 0 && vertices != nullptr) drawn().onPolyline(vertices, count, false);
     return Adesk::kFalse;
   }
   Adesk::Boolean polygon(const Adesk::UInt32 count, const AcGePoint3d* vertices) const override {
-    if (count > 0 && vertices != nullptr) owner_.onPolyline(vertices, count, true);
+    if (count > 0 && vertices != nullptr) drawn().onPolyline(vertices, count, true);
     return Adesk::kFalse;
   }
 
@@ -131,7 +131,7 @@ class WorldDrawBase::Geometry : public Base {
     if (view.empty()) return Adesk::kFalse;
     const AcGeVector3d axis = unit(normal, AcGeVector3d::kZAxis);
     const AcGeVector3d along = unit(direction.orthoProject(axis), axis.perpVector());
-    owner_.onText({position, along, axis.crossProduct(along), std::wstring(view), raw != 0, style});
+    drawn().onText({position, along, axis.crossProduct(along), std::wstring(view), raw != 0, style});
     return Adesk::kFalse;
   }
 
@@ -142,6 +142,13 @@ class WorldDrawBase::Geometry : public Base {
 
  protected:
   WorldDrawBase& owner_;
+
+ private:
+  // The owner, who is told of a figure.
+  WorldDrawBase& drawn() const {
+    ++owner_.figures_;
+    return owner_;
+  }
 };
 
 class WorldDrawBase::WorldGeometry final : public Geometry<AcGiWorldGeometry> {
@@ -198,6 +205,7 @@ void WorldDrawBase::onFlatArc(const AcGePoint3d* points, AcGiArcType) {
 void WorldDrawBase::onExtents(const AcGePoint3d&, const AcGePoint3d&) {}
 void WorldDrawBase::onBeginPart() {}
 void WorldDrawBase::onEndPart() {}
+void WorldDrawBase::onNothingDrawn(AcGiDrawable&) {}
 void WorldDrawBase::onPushTransform(const AcGeMatrix3d&) {}
 void WorldDrawBase::onPopTransform() {}
 
@@ -220,12 +228,14 @@ void WorldDrawBase::drawPart(AcGiDrawable& drawable) {
 
 void WorldDrawBase::drawFigures(AcGiDrawable& drawable) {
   const std::size_t depth = transforms_.size();
-  const Adesk::UInt32 flags = drawable.setAttributes(&traits_);
-  if ((flags & AcGiDrawable::kDrawableIsInvisible) == 0 && drawable.worldDraw(this) == 0) {
-    drawable.viewportDraw(&parts_->view);
-  }
+  const unsigned long before = figures_;
+  const bool visible = (drawable.setAttributes(&traits_) & AcGiDrawable::kDrawableIsInvisible) == 0;
+  if (visible && drawable.worldDraw(this) == 0) drawable.viewportDraw(&parts_->view);
   // A drawable that forgot to pop must not move all that follows.
   transforms_.resize(depth);
+  if (!visible || figures_ != before) return;
+  drawable.setAttributes(&traits_);
+  onNothingDrawn(drawable);
 }
 
 }  // namespace gi

@@ -51,6 +51,9 @@ class WorldDrawBase : public AcGiWorldDraw {
   /// Around a drawable drawn as a part of another: the traits at that moment are what "by block" means within it.
   virtual void onBeginPart();
   virtual void onEndPart();
+  /// A drawable that isn't invisible has passed no figure on, neither for the world nor for the view: with its traits
+  /// as they were ahead of that.
+  virtual void onNothingDrawn(AcGiDrawable& drawable);
   virtual void onPushTransform(const AcGeMatrix3d& matrix);
   virtual void onPopTransform();
 
@@ -87,6 +90,7 @@ class WorldDrawBase : public AcGiWorldDraw {
   bool dragging_;
   int depth_ = 0;
   long partsLeft_ = kMostParts;
+  unsigned long figures_ = 0;
   Context context_;
   mutable SimpleTraits traits_;
   std::vector<AcGeMatrix3d> transforms_;

@@ -1,6 +1,7 @@
 #include "host/io/plot/BlockWalk.h"
 
 #include "host/db/db.h"
+#include "host/io/ProxyGraphics.h"
 
 namespace plot {
 namespace {
@@ -31,6 +32,12 @@ BlockWalk drawBlock(gi::WorldDrawBase& draw, AcDbObjectId block, DrawingStyles& 
   }
   record->close();
   return walk;
+}
+
+void drawFilePicture(gi::WorldDrawBase& draw, AcGiDrawable& drawable) {
+  const auto* const entity = AcDbEntity::cast(&drawable);
+  if (entity == nullptr || entity->fileGraphics().empty() || AcDbProxyEntity::cast(entity) != nullptr) return;
+  krio::drawProxyGraphics(entity->fileGraphics(), &draw);
 }
 
 }  // namespace plot

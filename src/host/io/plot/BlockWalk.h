@@ -15,4 +15,8 @@ struct BlockWalk {
 /// Draws each entity of the block that is there, visible and on no frozen layer, in order.
 BlockWalk drawBlock(gi::WorldDrawBase& draw, AcDbObjectId block, DrawingStyles& styles);
 
+/// Draws, for an entity that draws nothing itself, the picture that came with it in its file, if there is one. A proxy
+/// draws that itself.
+void drawFilePicture(gi::WorldDrawBase& draw, AcGiDrawable& drawable);
+
 }  // namespace plot

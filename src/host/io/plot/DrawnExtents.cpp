@@ -31,6 +31,7 @@ class ExtentsDraw final : public gi::WorldDrawBase {
   }
   void onBeginPart() override { blocks_.push_back(resolve(traits(), blocks_.back(), blocks_.size() > 1, styles_)); }
   void onEndPart() override { blocks_.pop_back(); }
+  void onNothingDrawn(AcGiDrawable& drawable) override { drawFilePicture(*this, drawable); }
 
  private:
   bool visible() { return resolve(traits(), blocks_.back(), blocks_.size() > 1, styles_).visible; }

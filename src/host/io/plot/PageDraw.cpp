@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/gi/StyleFont.h"
+#include "host/io/plot/BlockWalk.h"
 #include "host/io/plot/Clipping.h"
 #include "host/os/Text.h"
 
@@ -48,6 +49,10 @@ void PageDraw::onBeginPart() {
 void PageDraw::onEndPart() {
   blocks_.pop_back();
   hasLook_ = false;
+}
+
+void PageDraw::onNothingDrawn(AcGiDrawable& drawable) {
+  drawFilePicture(*this, drawable);
 }
 
 void PageDraw::onPolyline(const AcGePoint3d* vertices, std::size_t count, bool closed) {

@@ -37,6 +37,7 @@ class PageDraw final : public gi::WorldDrawBase {
   void onText(const gi::TextCall& text) override;
   void onBeginPart() override;
   void onEndPart() override;
+  void onNothingDrawn(AcGiDrawable& drawable) override;
 
  private:
   /// Beyond this, in mm, numbers are too large for the page library.
