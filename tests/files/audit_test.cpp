@@ -139,6 +139,25 @@ std::vector<Fault> faults() {
          static_cast<AcDbLine*>(id.stub()->object)->dataAsRead().end.x = 1e200;
          return id;
        }},
+      {"LayerOfAMemberNotThere", krio::kAuditLayer, true, "no such layer",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(everyclass::samples()[0].make(Superior).release());
+         auto& entity = static_cast<AcDbEntity&>(*id.stub()->object);
+         AcDbEntity::Common common = entity.common();
+         common.layer = AcDbObjectId(nobody(*d.database()));
+         entity.setCommonAsRead(common);
+         return id;
+       }},
+      {"OwnerOfADictionaryNotThere", krio::kAuditOwner, false, "no such object",
+       [](Drawing& d) {
+         AcDbObjectId id;
+         const AcDbObjectPointer<AcDbDictionary> names(d.database()->namedObjectsDictionaryId(), AcDb::kForWrite);
+         auto* const dictionary = new AcDbDictionary;
+         names->setAt(L"OWN", dictionary, id);
+         dictionary->close();
+         id.stub()->owner = nobody(*d.database());
+         return id;
+       }},
       {"RoleOfAMember", krio::kAuditCustom, true, "Tipo de Barra - 12",
        [](Drawing& d) {
          std::unique_ptr<KrObject> member = everyclass::samples()[0].make(Superior);

@@ -7,6 +7,7 @@
 #include <unordered_set>
 
 #include "host/db/db.h"
+#include "host/io/HostClasses.h"
 #include "host/os/os.h"
 
 namespace krio {
@@ -36,10 +37,9 @@ AuditFinding about(const AcDbStub& stub, int number, std::string what, std::stri
   return {number, stub.handle, classOf(*stub.object), std::move(what), std::move(remedy), false};
 }
 
-// The host's classes name one application, that of any other class is a module.
+// Classes that no file names, such as those of tables, name no application: they are the host's.
 bool isOfModule(const AcRxClass& own) {
-  const ACHAR* const host = AcDbLine::desc()->appName();
-  return own.appName() != nullptr && (host == nullptr || std::wstring_view(host) != own.appName());
+  return own.appName() != nullptr && !isHosts(own);
 }
 
 std::string handleOf(const AcDbStub& stub) {
@@ -59,11 +59,11 @@ class OwnAudits final : public AcDbAuditInfo {
     settle();
     if (object == nullptr || object->objectId().isNull()) return;
     const std::wstring subject(value != nullptr ? value : L"");
-    const bool custom = isOfModule(*object->isA());
-    const int number = custom                ? kAuditCustom
-                       : subject == L"owner" ? kAuditOwner
-                       : subject == L"layer" ? kAuditLayer
-                                             : kAuditLinkOther;
+    // Those two the host looks at in every object, a module's too.
+    const int number = subject == L"owner"          ? kAuditOwner
+                       : subject == L"layer"        ? kAuditLayer
+                       : isOfModule(*object->isA()) ? kAuditCustom
+                                                    : kAuditLinkOther;
     const std::string reason = os::toUtf8(validation != nullptr ? validation : L"");
     found_.push_back(about(*object->objectId().stub(), number, os::toUtf8(subject) + ": " + reason,
                            os::toUtf8(defaultValue != nullptr ? defaultValue : L"")));
