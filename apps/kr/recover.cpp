@@ -9,7 +9,11 @@ void commandRecover(const CommandLine& line, kr::Report& report) {
   request.json = line.has("--json");
   request.overwrite = line.has("--overwrite");
   request.data = line.value("--data");
-  if (request.output.empty() || request.output == "-") {
+  if (request.output == "-") {
+    report.error(kr::Exit::kArguments, "the drawing can't go to standard output, where the findings go: name a file");
+    return;
+  }
+  if (request.output.empty()) {
     report.error(kr::Exit::kArguments, "-o FILE is missing: the drawing to save; see kr help recover");
     return;
   }

@@ -38,11 +38,26 @@ const std::string kSmallJob = R"({"kr": 1,
               {"name": "T2", "profile": "tube", "from": "B", "to": "A"},
               {"name": "R1", "profile": "bar", "from": "A", "to": "C"}]})";
 
+// A DXF of a header, then these sections or parts of them.
+std::string dxfOf(const std::string& sections) {
+  return "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n" + sections + "  0\nEOF\n";
+}
+
+std::string section(const std::string& name, const std::string& groups) {
+  return "  0\nSECTION\n  2\n" + name + "\n" + groups + "  0\nENDSEC\n";
+}
+
 // Two lines, of which the second lies on a layer that no table holds.
-const std::string kPlainDxf =
-    "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n"
-    "  0\nLINE\n  8\n0\n 10\n0\n 20\n0\n 11\n30\n 21\n40\n"
-    "  0\nLINE\n  8\nSTRAY\n 10\n0\n 20\n0\n 11\n30\n 21\n0\n  0\nENDSEC\n  0\nEOF\n";
+const std::string kPlainDxf = dxfOf(section("ENTITIES",
+                                            "  0\nLINE\n  8\n0\n 10\n0\n 20\n0\n 11\n30\n 21\n40\n"
+                                            "  0\nLINE\n  8\nSTRAY\n 10\n0\n 20\n0\n 11\n30\n 21\n0\n"));
+
+// A ray and an ellipse: plain entities that the host has no class for.
+const std::string kRayAndEllipse =
+    dxfOf(section("ENTITIES",
+                  "  0\nRAY\n100\nAcDbEntity\n  8\n0\n100\nAcDbRay\n 10\n0\n 20\n0\n 11\n1\n 21\n0\n"
+                  "  0\nELLIPSE\n100\nAcDbEntity\n  8\n0\n100\nAcDbEllipse\n"
+                  " 10\n0\n 20\n0\n 11\n1\n 21\n0\n 40\n0.5\n"));
 
 std::string quoted(const std::string& text) {
   return "'" + text + "'";
@@ -78,7 +93,7 @@ class Drawings : public testing::Test {
     const Outcome run =
         runShell("kr build - " + quoted(folder.path("a.dwg")) + " -o " + quoted(folder.path("a.dxf")), kSmallJob);
     EXPECT_EQ(run.code, 0) << run.err;
-    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.err, "kr: warning: the DXF holds nothing but a picture of 1 entity: 1 KrBarraRedonda\n");
   }
   std::string path(const std::string& name) const { return quoted(folder.path(name)); }
   std::string saved(const std::string& name) const { return folder.read(name); }
@@ -140,17 +155,30 @@ TEST_F(Drawings, GiveTheBillAndTheListOfTheJob) {
   EXPECT_THAT(runShell("kr list " + path("a.dwg") + " R1").out, HasSubstr("Nome            R1"));
 }
 
-// A DXF's own reader of members refuses those with elements, so they stay as pictures.
+// A DXF's own reader of members refuses those with elements, so they stay as pictures; that of a bar reads nothing.
 TEST_F(Drawings, TellWhatTheirBillAndListLeaveOut) {
   for (const std::string verb : {"bom", "list"}) {
     const Outcome run = runShell("kr " + verb + " --json " + path("a.dxf"));
     ASSERT_EQ(run.code, 0) << run.err;
     EXPECT_TRUE(fitsSchema(run.out, verb + ".schema.json"));
-    EXPECT_EQ(json::parse(run.out).at("proxies"), json::parse(R"([{"class": "KrTubo", "count": 2}])"));
-    EXPECT_THAT(run.err, HasSubstr("warning: " + folder.path("a.dxf") + ": 2 entities are left out"));
-    EXPECT_THAT(run.err, HasSubstr(": 2 KrTubo\n"));
+    const json told = json::parse(run.out);
+    EXPECT_EQ(told.at("proxies"),
+              json::parse(R"([{"class": "KrBarraRedonda", "count": 1}, {"class": "KrTubo", "count": 2}])"));
+    EXPECT_EQ(told.at(verb == "bom" ? "items" : "members"), json::array());
+    EXPECT_THAT(run.err, HasSubstr("warning: " + folder.path("a.dxf") + ": 3 entities are left out"));
+    EXPECT_THAT(run.err, HasSubstr(": 1 KrBarraRedonda, 2 KrTubo\n"));
     EXPECT_FALSE(json::parse(runShell("kr " + verb + " --json " + path("a.dwg")).out).contains("proxies"));
     EXPECT_EQ(runShell("kr " + verb + " " + path("a.dwg")).err, "");
+  }
+}
+
+TEST_F(Drawings, TellNothingOfPicturesWhereThereAreNone) {
+  folder.write("plain.dxf", kRayAndEllipse);
+  for (const std::string verb : {"bom", "list"}) {
+    const Outcome run = runShell("kr " + verb + " " + path("plain.dxf"));
+    EXPECT_EQ(run.code, 0);
+    EXPECT_THAT(run.err, AllOf(HasSubstr("2 entities are left out"), HasSubstr(": 1 ELLIPSE, 1 RAY\n")));
+    EXPECT_THAT(run.err, Not(HasSubstr("picture")));
   }
 }
 
@@ -181,6 +209,11 @@ TEST_F(Drawings, ArePlottedAsTheJobIs) {
   ASSERT_EQ(ofJob.code, 0) << ofJob.err;
   ASSERT_EQ(runShell("kr plot " + path("a.dwg") + " " + path("dwg.svg")).code, 0);
   EXPECT_EQ(saved("dwg.svg"), saved("job.svg"));
+  const Outcome ofPictures = runShell("kr plot " + path("a.dxf") + " " + path("dxf.svg"));
+  ASSERT_EQ(ofPictures.code, 0);
+  EXPECT_EQ(ofPictures.err, "") << "nothing is left out";
+  EXPECT_EQ(saved("dxf.svg"), saved("job.svg"));
+  EXPECT_EQ(infoOf(folder.path("a.dxf")).at("extents"), infoOf(folder.path("a.dwg")).at("extents"));
   ASSERT_EQ(runShell("kr plot " + path("a.dxf") + " " + path("a.pdf") + " --size A4 --scale 1:50").code, 0);
   EXPECT_THAT(runShell("pdfinfo " + path("a.pdf")).out, HasSubstr("595.276 x 841.89 pts"))
       << "what is higher than wide stands on an upright page";
@@ -191,6 +224,92 @@ TEST_F(Drawings, ArePlottedAsTheJobIs) {
     EXPECT_EQ(runShell("kr plot " + path("a.dwg") + " " + path("b.png") + " --scale " + scale).code, 1) << scale;
   }
   EXPECT_FALSE(folder.has("b.png"));
+}
+
+// A class whose reader takes nothing, here with one line from (10, 20) to (30, 60) for a picture: 68 bytes, of which 60
+// are a chunk with two points. It stands in model space and, 100 to the right, in a block.
+TEST(Pictures, AreDrawnOfMembersOfWhichTheFileHoldsNothingElse) {
+  const std::string box =
+      "  0\nKRBOX\n100\nAcDbEntity\n  8\n0\n 92\n68\n310\n44000000010000003C0000000600000002000000"
+      "000000000000244000000000000034400000000000000000"
+      "0000000000003E400000000000004E400000000000000000\n";
+  const TestFolder folder;
+  folder.write("boxes.dxf",
+               dxfOf(section("BLOCKS", "  0\nBLOCK\n  8\n0\n  2\nB\n 10\n0\n 20\n0\n" + box + "  0\nENDBLK\n") +
+                     section("ENTITIES", box + "  0\nINSERT\n  8\n0\n  2\nB\n 10\n100\n 20\n0\n")));
+  const json extents = infoOf(folder.path("boxes.dxf")).at("extents");
+  EXPECT_EQ(extents.at("min"), json({10, 20, 0}));
+  EXPECT_EQ(extents.at("max"), json({130, 60, 0}));
+  const Outcome run = runShell("kr plot " + quoted(folder.path("boxes.dxf")) + " - --format svg");
+  ASSERT_EQ(run.code, 0) << run.err;
+  EXPECT_EQ(run.err, "");
+  // At 2:1 with the middle, (70, 40), in the middle of the page of 420 by 297; tenths of millimetres, down from its
+  // top.
+  EXPECT_THAT(run.out, HasSubstr("\"M 900 1885 L 1300 1085 M 2900 1885 L 3300 1085 \""));
+}
+
+TEST(Pictures, ThatAreMissingAreToldWhenADrawingIsPlotted) {
+  const TestFolder folder;
+  const std::string file = quoted(folder.write("plain.dxf", kRayAndEllipse));
+  const std::string told = "2 entities can't be drawn, since the file has no picture of them: 1 ELLIPSE, 1 RAY\n";
+  const Outcome empty = runShell("kr plot " + file + " - --format svg");
+  EXPECT_EQ(empty.code, 3);
+  EXPECT_THAT(empty.err, AllOf(HasSubstr(told), HasSubstr("model space draws nothing")));
+  // Those of a block that is inserted count as well.
+  const std::string block =
+      "  0\nBLOCK\n  8\n0\n  2\nB\n 10\n0\n 20\n0\n  0\nXLINE\n100\nAcDbEntity\n  8\n0\n"
+      "100\nAcDbXline\n 10\n0\n 20\n0\n 11\n1\n 21\n0\n  0\nENDBLK\n";
+  folder.write("block.dxf",
+               dxfOf(section("BLOCKS", block) + section("ENTITIES",
+                                                        "  0\nLINE\n  8\n0\n 10\n0\n 20\n0\n 11\n30\n 21\n40\n"
+                                                        "  0\nINSERT\n  8\n0\n  2\nB\n 10\n100\n 20\n0\n")));
+  const Outcome drawn = runShell("kr plot " + quoted(folder.path("block.dxf")) + " - --format svg");
+  EXPECT_EQ(drawn.code, 0);
+  EXPECT_THAT(drawn.err, HasSubstr("1 entity can't be drawn, since the file has no picture of it: 1 XLINE\n"));
+}
+
+TEST(Conversions, TellWhichEntitiesOtherProgramsWontShow) {
+  const TestFolder folder;
+  const std::string dxf = quoted(folder.write("plain.dxf", kRayAndEllipse));
+  const std::string dwg = quoted(folder.path("plain.dwg"));
+  const Outcome run = runShell("kr convert " + dxf + " " + dwg);
+  ASSERT_EQ(run.code, 0);
+  EXPECT_EQ(run.err,
+            "kr: warning: the DWG holds 2 entities as proxies without a picture, which other programs don't show: "
+            "1 ELLIPSE, 1 RAY\n");
+  // A DXF gets them back as they were.
+  EXPECT_EQ(runShell("kr convert " + dwg + " - --format dxf > /dev/null").err, "");
+  EXPECT_EQ(runShell("kr convert " + dxf + " - --format dxf > /dev/null").err, "");
+}
+
+TEST(Builds, TellWhichMembersADrawingHoldsThePictureOfOnly) {
+  const std::string job = R"({"kr": 1, "profiles": {
+    "box": {"class": "KrBox", "altura": 100, "largura": 60, "espessura": 5, "raio": 5},
+    "own": {"class": "KrUser", "espessura": 4, "line": [[0, 0], [50, 0]]}},
+    "members": [{"name": "1", "profile": "box", "from": [0, 0], "to": [1000, 0]},
+                {"name": "2", "profile": "own", "from": [0, 500], "to": [1000, 500]},
+                {"name": "3", "profile": "box", "from": [0, 900], "to": [1000, 900]}]})";
+  const TestFolder folder;
+  const Outcome dxf = runShell("kr build - " + quoted(folder.path("a.dxf")), job);
+  EXPECT_EQ(dxf.code, 0);
+  EXPECT_EQ(dxf.err, "kr: warning: the DXF holds nothing but a picture of 3 entities: 2 KrBox, 1 KrUser\n");
+  const Outcome dwg = runShell("kr build - " + quoted(folder.path("a.dwg")), job);
+  EXPECT_EQ(dwg.err, "kr: warning: the DWG holds nothing but a picture of 1 entity: 1 KrUser\n");
+  const Outcome bill = runShell("kr bom --json " + quoted(folder.path("a.dwg")));
+  EXPECT_EQ(json::parse(bill.out).at("proxies"), json::parse(R"([{"class": "KrUser", "count": 1}])"));
+  EXPECT_EQ(json::parse(bill.out).at("totals").at("count"), 2);
+  // What came without data loses none.
+  EXPECT_EQ(runShell("kr convert " + quoted(folder.path("a.dxf")) + " - --format dxf > /dev/null").err, "");
+}
+
+TEST(Builds, TellThatADrawingWithoutMembersIsEmpty) {
+  const TestFolder folder;
+  const std::string job = R"({"kr": 1, "profiles": {"tube": {"class": "KrTubo", "Diametro": 100, "Espessura": 5}},
+    "members": [], "sheets": [{"profiles": ["tube"]}]})";
+  const Outcome run = runShell("kr build - " + quoted(folder.path("a.dwg")), job);
+  EXPECT_EQ(run.code, 0);
+  EXPECT_EQ(run.err, "kr: warning: the job has no members, so its drawing is empty: sheets are no part of it\n");
+  EXPECT_EQ(runShell("kr build - " + quoted(folder.path("a.pdf")), job).err, "");
 }
 
 TEST_F(Drawings, EndTheirVerbsWithCode3WhenTheyCannotBeRead) {
@@ -241,26 +360,87 @@ TEST_F(Drawings, PassAnAuditWhenTheyAreWhole) {
   EXPECT_FALSE(folder.has("a.bak")) << "nothing was mended, so nothing is saved";
 }
 
+// What each reading puts right, with nothing lost, is no fault that is left.
 TEST(Audit, TellsFirstAndMendsOnlyWhenAsked) {
   const TestFolder folder;
   const std::string file = quoted(folder.write("plain.dxf", kPlainDxf));
   const Outcome dry = runShell("kr audit --json " + file);
-  EXPECT_EQ(dry.code, 5);
+  EXPECT_EQ(dry.code, 0);
   ASSERT_TRUE(fitsSchema(dry.out, "audit.schema.json"));
   const json found = json::parse(dry.out);
-  EXPECT_GE(found.at("unfixed"), 1);
-  EXPECT_EQ(found["fixed"], 0);
+  EXPECT_EQ(found.at("found"), 1);
+  EXPECT_EQ(found.at("mended"), 1);
+  EXPECT_EQ(found.at("unfixed"), 0);
+  EXPECT_EQ(found.at("fixed"), 0);
+  EXPECT_EQ(found.at("findings")[0].at("number"), 102);
   EXPECT_THAT(dry.out, HasSubstr("STRAY"));
+  EXPECT_THAT(runShell("kr audit " + file).out, HasSubstr("1 found, 0 fixed, 1 mended in reading, 0 unfixed"));
   EXPECT_EQ(folder.read("plain.dxf"), kPlainDxf);
   const Outcome mended = runShell("kr audit --fix --json " + file);
   const json after = json::parse(mended.out);
   EXPECT_EQ(mended.code, 0) << mended.out << mended.err;
   EXPECT_EQ(after.at("unfixed"), 0);
-  EXPECT_EQ(after["fixed"], found["found"]);
+  EXPECT_EQ(after.at("mended"), 0);
+  EXPECT_EQ(after.at("fixed"), 1);
   EXPECT_EQ(folder.read("plain.bak"), kPlainDxf);
   const Outcome again = runShell("kr audit " + file);
   EXPECT_EQ(again.code, 0) << again.out;
+  EXPECT_THAT(again.out, HasSubstr("no errors found"));
   EXPECT_EQ(infoOf(folder.path("plain.dxf")).at("modelSpace").at("entities"), 2);
+}
+
+// A dictionary whose owner is an object that isn't there.
+const std::string kOwnerlessDxf =
+    dxfOf(section("OBJECTS",
+                  "  0\nDICTIONARY\n  5\nA0\n330\n0\n100\nAcDbDictionary\n  3\nX\n350\nA1\n"
+                  "  0\nDICTIONARY\n  5\nA1\n330\nFFFF\n100\nAcDbDictionary\n"));
+
+TEST(Audit, GivesFaultsOfTheHostsOwnObjectsTheirNumbers) {
+  const TestFolder folder;
+  const Outcome run = runShell("kr audit --json " + quoted(folder.write("a.dxf", kOwnerlessDxf)));
+  EXPECT_EQ(run.code, 5);
+  const json found = json::parse(run.out);
+  ASSERT_EQ(found.at("findings").size(), 1U) << run.out;
+  EXPECT_EQ(found["findings"][0].at("number"), 201);
+  EXPECT_EQ(found["findings"][0].at("class"), "AcDbDictionary");
+  EXPECT_EQ(found["findings"][0].at("handle"), "A1");
+}
+
+TEST(Audit, WritesUtf8WhateverTheFileHolds) {
+  const TestFolder folder;
+  const std::string file = quoted(folder.write("a.dxf", dxfOf(section("ENTITIES", "  0\nLIN\xE3\n"))));
+  const std::string shown = "entity LIN\u00E3 has no data";
+  EXPECT_THAT(runShell("kr audit " + file).out, HasSubstr(shown));
+  EXPECT_THAT(runShell("kr recover " + file + " -o " + quoted(folder.path("b.dxf"))).out, HasSubstr(shown));
+  EXPECT_THAT(runShell("kr info " + file).err, HasSubstr(shown));
+}
+
+TEST(Recovery, TellsWhatTheAuditFinds) {
+  const TestFolder folder;
+  const std::string file = quoted(folder.write("a.dxf", kOwnerlessDxf));
+  const std::string to = " -o " + quoted(folder.path("b.dxf")) + " --overwrite";
+  const Outcome run = runShell("kr recover " + file + to);
+  EXPECT_EQ(run.code, 5);
+  EXPECT_THAT(run.out,
+              AllOf(HasSubstr("is damaged"), HasSubstr("1. 201 AcDbDictionary A1: "), Not(HasSubstr("whole"))));
+  EXPECT_TRUE(folder.has("b.dxf"));
+  const Outcome told = runShell("kr recover --json " + file + to);
+  EXPECT_TRUE(fitsSchema(told.out, "recover.schema.json"));
+  EXPECT_EQ(json::parse(told.out).at("damaged"), true);
+  EXPECT_EQ(json::parse(told.out).at("findings").size(), 1U);
+  // What the reading puts right isn't lost.
+  const Outcome right = runShell("kr recover " + quoted(folder.write("plain.dxf", kPlainDxf)) + to);
+  EXPECT_EQ(right.code, 0);
+  EXPECT_THAT(right.out, AllOf(HasSubstr("was put right"), HasSubstr("STRAY")));
+  EXPECT_THAT(runShell("kr audit " + quoted(folder.path("b.dxf"))).out, HasSubstr("no errors found"));
+}
+
+TEST(Recovery, SaysThatADrawingCannotGoToStandardOutput) {
+  const TestFolder folder;
+  const Outcome run = runShell("kr recover " + quoted(folder.write("plain.dxf", kPlainDxf)) + " -o -");
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_THAT(run.err, HasSubstr("can't go to standard output"));
 }
 
 TEST_F(Drawings, ThatWereCutOffAreNeverSaidToBeWhole) {
@@ -328,6 +508,20 @@ TEST_F(Drawings, StayWhenTheNewOneCannotBeSaved) {
   }
   EXPECT_EQ(runShell("kr convert " + path("a.dwg") + " - --format dxf > /dev/full").code, 4);
   EXPECT_EQ(runShell("kr convert " + path("a.dwg") + " " + path("b.pdf")).code, 1);
+}
+
+TEST_F(Drawings, StayInAFolderThatCannotBeWritten) {
+  if (geteuid() == 0) GTEST_SKIP() << "nothing is read-only to root";
+  fs::create_directory(folder.path("fixed"));
+  fs::copy(folder.path("a.dwg"), folder.path("fixed/a.dwg"));
+  const std::string old = saved("fixed/a.dwg");
+  fs::permissions(folder.path("fixed"), fs::perms::owner_read | fs::perms::owner_exec);
+  const Outcome run = runShell("kr convert " + path("a.dxf") + " " + path("fixed/a.dwg") + " --overwrite");
+  EXPECT_EQ(run.code, 4);
+  EXPECT_THAT(run.err, AllOf(HasSubstr("fixed/a.dwg"), HasSubstr("takes no file")));
+  EXPECT_EQ(saved("fixed/a.dwg"), old);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path("fixed")), fs::directory_iterator()), 1);
+  fs::permissions(folder.path("fixed"), fs::perms::owner_all);
 }
 
 // Whether the tests run under a sanitizer, where each start of the program takes many times as long.

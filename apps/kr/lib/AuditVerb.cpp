@@ -1,13 +1,11 @@
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "DrawingInfo.h"
-#include "DrawingSource.h"
 #include "DrawingVerbs.h"
+#include "Faults.h"
 #include "Files.h"
 #include "Suggest.h"
 #include "host/db/db.h"
-#include "host/io/DrawingAudit.h"
 
 namespace kr {
 namespace {
@@ -15,41 +13,31 @@ namespace {
 using krio::AuditFinding;
 using nlohmann::ordered_json;
 
-std::size_t fixedOf(const std::vector<AuditFinding>& findings) {
-  return std::size_t(std::count_if(findings.begin(), findings.end(), [](const AuditFinding& f) { return f.fixed; }));
-}
-
-std::string line(std::size_t number, const AuditFinding& finding) {
-  std::string out = std::to_string(number) + ". " + std::to_string(finding.number) + " ";
-  if (!finding.className.empty()) out += finding.className + " ";
-  if (finding.handle != 0) out += handleText(finding.handle) + " ";
-  if (out.back() == ' ' && (finding.handle != 0 || !finding.className.empty())) out.back() = ':';
-  if (out.back() == ':') out += ' ';
-  out += finding.what;
-  if (finding.fixed) return out + "; fixed: " + finding.remedy;
-  return finding.remedy.empty() ? out : out + "; --fix: " + finding.remedy;
-}
-
 std::string auditText(const OpenDrawing& open, const std::vector<AuditFinding>& findings) {
   std::string out;
   krio::AuditBand band{};
   std::size_t number = 0;
   for (const AuditFinding& finding : findings) {
     if (finding.band() != band) out += std::string(nameOf(band = finding.band())) + "\n";
-    out += "  " + line(++number, finding) + "\n";
+    out += "  " + std::to_string(++number) + ". " + lineOf(finding) + "\n";
   }
-  const std::size_t fixed = fixedOf(findings);
   if (findings.empty()) return inQuotes(open.name) + ": no errors found\n";
-  return out + std::to_string(findings.size()) + " found, " + std::to_string(fixed) + " fixed, " +
-         std::to_string(findings.size() - fixed) + " unfixed\n";
+  const FaultCounts counts = countsOf(open, findings);
+  return out + std::to_string(findings.size()) + " found, " + std::to_string(counts.fixed) + " fixed, " +
+         std::to_string(counts.mended) + " mended in reading, " + std::to_string(counts.unfixed) + " unfixed\n";
 }
 
 std::string auditJson(const OpenDrawing& open, bool fix, const std::vector<AuditFinding>& findings) {
-  const std::size_t fixed = fixedOf(findings);
-  ordered_json out{{"format", "kr-audit"}, {"version", 1},
-                   {"drawing", open.name}, {"damaged", open.recovered},
-                   {"fixing", fix},        {"found", findings.size()},
-                   {"fixed", fixed},       {"unfixed", findings.size() - fixed}};
+  const FaultCounts counts = countsOf(open, findings);
+  ordered_json out{{"format", "kr-audit"},
+                   {"version", 1},
+                   {"drawing", open.name},
+                   {"damaged", open.recovered},
+                   {"fixing", fix},
+                   {"found", findings.size()},
+                   {"fixed", counts.fixed},
+                   {"mended", counts.mended},
+                   {"unfixed", counts.unfixed}};
   out["findings"] = ordered_json::array();
   std::size_t number = 0;
   for (const AuditFinding& finding : findings) {
@@ -65,13 +53,10 @@ std::string auditJson(const OpenDrawing& open, bool fix, const std::vector<Audit
   return out.dump(2, ' ', false, ordered_json::error_handler_t::replace) + "\n";
 }
 
-// What was put right in reading is so in the file too once it is saved.
 bool saveFixed(const AuditRequest& request, const OpenDrawing& open, std::vector<AuditFinding>& findings,
                Report& report) {
-  for (AuditFinding& finding : findings) {
-    if (finding.number == krio::kAuditMendedInReading) finding.fixed = true;
-  }
-  if (fixedOf(findings) == 0) return true;
+  markSaved(findings);
+  if (countsOf(open, findings).fixed == 0) return true;
   std::string bytes;
   return drawingBytes(*open.database, open.format, bytes, report) &&
          writeDrawingOutput(request.drawing, bytes, true, report);
@@ -90,16 +75,11 @@ void audit(const AuditRequest& request, Report& report) {
   if (session == nullptr) return;
   // A damaged file stays as it is: what is left of it isn't the drawing, and goes where "kr recover" is told.
   const bool fix = request.fix && !open.recovered;
-  std::vector<AuditFinding> findings = krio::auditFindings(open.findings);
-  if (open.recovered && findings.empty()) {
-    findings.push_back({krio::kAuditLost, 0, {}, "the file is damaged; what was lost can't be told", {}, false});
-  }
-  const std::vector<AuditFinding> ofObjects = krio::auditDrawing(*open.database, fix);
-  findings.insert(findings.end(), ofObjects.begin(), ofObjects.end());
+  std::vector<AuditFinding> findings = faultsOf(open, fix);
   if (fix && !saveFixed(request, open, findings, report)) return;
-  const std::string text = request.json ? auditJson(open, fix, findings) : auditText(open, findings);
-  if (!writeOutput(request.output, text, request.overwrite, report)) return;
-  const std::size_t unfixed = findings.size() - fixedOf(findings);
+  writeOutput(request.output, request.json ? auditJson(open, fix, findings) : auditText(open, findings),
+              request.overwrite, report);
+  const std::size_t unfixed = countsOf(open, findings).unfixed;
   if (unfixed == 0) return;
   report.error(Exit::kRuleViolation, inQuotes(open.name) + " has " + std::to_string(unfixed) +
                                          (unfixed == 1 ? " fault" : " faults") +

@@ -172,7 +172,7 @@ std::string bomCsv(const Bom& bom) {
   return out;
 }
 
-std::string bomJson(const Bom& bom, const std::string& project, const std::string& title, const ProxyCounts& proxies) {
+std::string bomJson(const Bom& bom, const std::string& project, const std::string& title, const ClassCounts& leftOut) {
   using nlohmann::ordered_json;
   ordered_json out{{"format", "kr-bom"}, {"version", 1}, {"project", project}, {"title", title}};
   out["items"] = ordered_json::array();
@@ -194,8 +194,8 @@ std::string bomJson(const Bom& bom, const std::string& project, const std::strin
                    {"length", totals.length},
                    {"weight", totals.weight},
                    {"paintedArea", totals.paintedArea}};
-  if (!proxies.empty()) out["proxies"] = ordered_json::array();
-  for (const auto& [name, count] : proxies) out["proxies"].push_back({{"class", name}, {"count", count}});
+  if (!leftOut.empty()) out["proxies"] = ordered_json::array();
+  for (const auto& [name, count] : leftOut) out["proxies"].push_back({{"class", name}, {"count", count}});
   return out.dump(2) + "\n";
 }
 

@@ -1,15 +1,13 @@
 #pragma once
 
 #include <cstddef>
-#include <map>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
-namespace kr {
+#include "LeftOut.h"
 
-/// How many entities of which class a drawing holds as pictures only.
-using ProxyCounts = std::map<std::string, std::size_t>;
+namespace kr {
 
 /// One member as a bill of materials counts it. Lengths in mm, weight in kg, painted area in m2.
 struct BomPiece {
@@ -65,8 +63,8 @@ std::string bomText(const Bom& bom);
 std::string bomCsv(const Bom& bom);
 
 /// By data/schemas/bom.schema.json.
-/// `proxies` is what a drawing holds as pictures only: left out of the bill, and told when there is some.
+/// `leftOut` are entities of a drawing that the bill leaves out: told when there are some.
 std::string bomJson(const Bom& bom, const std::string& project, const std::string& title,
-                    const ProxyCounts& proxies = {});
+                    const ClassCounts& leftOut = {});
 
 }  // namespace kr

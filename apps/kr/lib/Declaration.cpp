@@ -199,7 +199,8 @@ constexpr VerbDeclaration kVerbs[] = {
      kConvertArguments, kConvertOptions, kConvertExamples},
     {"plot", "draw the model space of a drawing or a job on one page",
      "Reads FILE and draws what stands in its model space on a page, that lies or stands as the drawing does, in the "
-     "layers' colours and line weights. Objects whose class isn't there are drawn by the picture that came with them.",
+     "layers' colours and line weights. Objects whose class isn't there are drawn by the picture that came with them; "
+     "what has none is told.",
      kPlotArguments, kPlotOptions, kPlotExamples},
     {"audit", "look for faults in a drawing, and mend them",
      "Reads DRAWING and looks at its structure (101: lost, 102: put right in reading), at the links of every object "
@@ -209,12 +210,12 @@ constexpr VerbDeclaration kVerbs[] = {
      "told apart from those that aren't.\n\n"
      "Nothing is changed without --fix. With it the file is replaced when something was mended, and the one before "
      "stays with the ending .bak. A damaged file is never replaced: see recover. The run ends with code 5 when any "
-     "fault "
-     "is left.",
+     "fault is left; what every reading of a whole file puts right is none.",
      kAuditArguments, kAuditOptions, kAuditExamples, "audit.schema.json"},
     {"recover", "save what can be read of a damaged drawing",
-     "Reads DRAWING, whatever it takes, saves what could be read to the file named with -o, and lists what was lost or "
-     "mended. The run ends with code 5 when anything was, and with 0 for a drawing that is whole.",
+     "Reads DRAWING, whatever it takes, audits and mends it, saves what could be read to the file named with -o, and "
+     "lists what was lost, mended or is left. The run ends with code 5 when anything was lost or a fault is left, and "
+     "with 0 for a drawing that is whole or was put right.",
      kRecoverArguments, kRecoverOptions, kRecoverExamples, "recover.schema.json"},
     {"catalogue", "list, search or show standard sections",
      "Without ACTION, lists the tables of standard sections and how many sections each has. search lists the sections "

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "LeftOut.h"
 #include "Number.h"
 #include "host/db/db.h"
 #include "host/io/plot/PlotSheet.h"
@@ -47,12 +48,8 @@ void countObjects(const AcDbDatabase& database, DrawingInfo& info, std::map<AcDb
     const auto* const entity = AcDbEntity::cast(stub.object);
     ++(entity != nullptr ? counts.entities : counts.objects);
     if (entity != nullptr) ++onLayer[entity->layerReference()];
-    const AcDbProxyData* proxy = nullptr;
-    if (const auto* const kept = AcDbProxyEntity::cast(stub.object)) proxy = &kept->data();
-    if (const auto* const kept = AcDbProxyObject::cast(stub.object)) proxy = &kept->data();
-    if (proxy == nullptr) continue;
-    const std::wstring& name = proxy->classRecord.cppName.empty() ? proxy->dxfName : proxy->classRecord.cppName;
-    ++info.proxies[os::toUtf8(name)];
+    const bool proxy = stub.object->isKindOf(AcDbProxyEntity::desc()) || stub.object->isKindOf(AcDbProxyObject::desc());
+    if (proxy) ++info.proxies[fileClassOf(*stub.object)];
   }
 }
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "Files.h"
+#include "LeftOut.h"
 #include "Suggest.h"
 #include "host/db/db.h"
 #include "host/ed/ed.h"
@@ -24,6 +25,13 @@ std::string hexadecimal(std::uint64_t value) {
   char text[17];
   std::snprintf(text, sizeof text, "%llX", static_cast<unsigned long long>(value));
   return text;
+}
+
+// Names of a file may be any bytes.
+void makeUtf8(krio::Report& findings) {
+  for (krio::Finding& finding : findings.findings) {
+    if (!os::isUtf8(finding.what)) finding.what = os::toUtf8(os::toWide(finding.what));
+  }
 }
 
 // The last error of a reading that failed: what stopped it.
@@ -72,6 +80,7 @@ bool openDrawing(const Session& session, const std::string& file, std::string_vi
     database = std::make_unique<AcDbDatabase>(false);
     status = krio::readDrawing(bytes, *database, open.findings, {.recover = true});
   }
+  makeUtf8(open.findings);
   if (status != Acad::eOk) {
     const bool mendable = opening == Opening::kStrict && krio::isReadable(bytes);
     report.error(Exit::kBadInput, inQuotes(open.name) + " can't be read: " + reasonOf(open.findings, status) +
@@ -109,6 +118,7 @@ bool drawingBytes(AcDbDatabase& database, krio::DrawingFormat format, std::strin
   std::vector<std::byte> out;
   krio::Report findings;
   const Acad::ErrorStatus status = krio::writeDrawing(database, format, out, findings);
+  makeUtf8(findings);
   if (status != Acad::eOk) {
     report.error(Exit::kJobFailed, "the drawing can't be written as " + std::string(krio::nameOf(format)) + ": " +
                                        reasonOf(findings, status));
@@ -121,6 +131,7 @@ bool drawingBytes(AcDbDatabase& database, krio::DrawingFormat format, std::strin
       report.warning(sentenceOf(finding));
     }
   }
+  tellLosses(database, format, report);
   bytes.assign(reinterpret_cast<const char*>(out.data()), out.size());
   return true;
 }

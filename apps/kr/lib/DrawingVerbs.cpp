@@ -4,6 +4,7 @@
 
 #include "DrawingInfo.h"
 #include "DrawingSource.h"
+#include "Faults.h"
 #include "Files.h"
 #include "Suggest.h"
 #include "host/db/db.h"
@@ -27,34 +28,34 @@ std::string counted(std::size_t count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-// What a recovery tells of a finding; notes are of a drawing that is as it should be.
-std::vector<std::string> lossesOf(const OpenDrawing& open) {
-  std::vector<std::string> losses;
-  for (const krio::Finding& finding : open.findings.findings) {
-    if (finding.severity != krio::Severity::Note) losses.push_back(sentenceOf(finding));
-  }
-  // Only a fault brought the recovery about.
-  if (open.recovered && losses.empty()) losses.emplace_back("the file is damaged; what was lost can't be told");
-  return losses;
+// Whether what was saved isn't the whole drawing, or has a fault.
+bool isDamaged(const OpenDrawing& open, const std::vector<krio::AuditFinding>& faults) {
+  return open.recovered || countsOf(open, faults).unfixed > 0;
 }
 
-std::string recoveryText(const RecoverRequest& request, const OpenDrawing& open, const std::vector<std::string>& losses,
-                         const DrawingInfo& info) {
-  std::string out = inQuotes(open.name) + (losses.empty() ? " is whole" : " is damaged") + ": saved as " +
-                    inQuotes(request.output) + ", objects: " + std::to_string(info.objects) +
+std::string recoveryText(const RecoverRequest& request, const OpenDrawing& open,
+                         const std::vector<krio::AuditFinding>& faults, const DrawingInfo& info) {
+  const char* const state = isDamaged(open, faults) ? " is damaged" : faults.empty() ? " is whole" : " was put right";
+  std::string out = inQuotes(open.name) + state + ": saved as " + inQuotes(request.output) +
+                    ", objects: " + std::to_string(info.objects) +
                     ", entities in model space: " + std::to_string(info.entities) + "\n";
-  if (!losses.empty()) out += counted(losses.size(), "finding") + "\n";
-  for (std::size_t i = 0; i < losses.size(); ++i) out += std::to_string(i + 1) + ". " + losses[i] + "\n";
+  if (!faults.empty()) out += counted(faults.size(), "finding") + "\n";
+  for (std::size_t i = 0; i < faults.size(); ++i) out += std::to_string(i + 1) + ". " + lineOf(faults[i]) + "\n";
   return out;
 }
 
-std::string recoveryJson(const RecoverRequest& request, const OpenDrawing& open, const std::vector<std::string>& losses,
-                         const DrawingInfo& info) {
-  const ordered_json out{{"format", "kr-recover"},     {"version", 1},
-                         {"drawing", open.name},       {"saved", request.output},
-                         {"damaged", !losses.empty()}, {"objects", info.objects},
-                         {"entities", info.entities},  {"members", info.members},
-                         {"findings", losses}};
+std::string recoveryJson(const RecoverRequest& request, const OpenDrawing& open,
+                         const std::vector<krio::AuditFinding>& faults, const DrawingInfo& info) {
+  ordered_json out{{"format", "kr-recover"},
+                   {"version", 1},
+                   {"drawing", open.name},
+                   {"saved", request.output},
+                   {"damaged", isDamaged(open, faults)},
+                   {"objects", info.objects},
+                   {"entities", info.entities},
+                   {"members", info.members}};
+  out["findings"] = ordered_json::array();
+  for (const krio::AuditFinding& fault : faults) out["findings"].push_back(lineOf(fault));
   return out.dump(2, ' ', false, ordered_json::error_handler_t::replace) + "\n";
 }
 
@@ -86,16 +87,18 @@ void recover(const RecoverRequest& request, Report& report) {
   if (!checkOutput(request.output, request.drawing, request.overwrite, report)) return;
   OpenDrawing open;
   const auto session = openDrawingFile(request.drawing, request.data, Opening::kStrictThenMend, open, report);
+  if (session == nullptr) return;
+  std::vector<krio::AuditFinding> faults = faultsOf(open, true);
   std::string bytes;
-  if (session == nullptr || !drawingBytes(*open.database, format, bytes, report)) return;
+  if (!drawingBytes(*open.database, format, bytes, report)) return;
   if (!writeDrawingOutput(request.output, bytes, request.overwrite, report)) return;
-  const std::vector<std::string> losses = lossesOf(open);
+  if (!open.recovered) markSaved(faults);
   const DrawingInfo found = infoOf(open);
   writeOutput("-",
-              request.json ? recoveryJson(request, open, losses, found) : recoveryText(request, open, losses, found),
+              request.json ? recoveryJson(request, open, faults, found) : recoveryText(request, open, faults, found),
               false, report);
-  if (!losses.empty()) {
-    report.error(Exit::kRuleViolation, inQuotes(open.name) + " is damaged: " + counted(losses.size(), "finding"));
+  if (isDamaged(open, faults)) {
+    report.error(Exit::kRuleViolation, inQuotes(open.name) + " is damaged: " + counted(faults.size(), "finding"));
   }
 }
 

@@ -9,7 +9,6 @@
 #include "JobReader.h"
 #include "Suggest.h"
 #include "host/db/db.h"
-#include "host/os/os.h"
 
 namespace kr {
 namespace {
@@ -22,34 +21,6 @@ void tellProblems(const std::string& file, const std::vector<Problem>& problems,
   for (const Problem& problem : problems) report.detail(describe(name, problem));
 }
 
-ProxyCounts proxiesOf(const AcDbDatabase& database) {
-  ProxyCounts counts;
-  const AcDbObjectPointer<AcDbBlockTableRecord> space(database.modelSpaceId(), AcDb::kForRead);
-  if (space.openStatus() != Acad::eOk) return counts;
-  for (const AcDbStub* const stub : space->entities()) {
-    const bool there = stub->object != nullptr && !stub->has(AcDbStub::kErased);
-    const auto* const proxy = there ? AcDbProxyEntity::cast(stub->object) : nullptr;
-    if (proxy == nullptr) continue;
-    const AcDbProxyData& data = proxy->data();
-    ++counts[os::toUtf8(data.classRecord.cppName.empty() ? data.dxfName : data.classRecord.cppName)];
-  }
-  return counts;
-}
-
-// What a bill or a list leaves out must be told.
-void tellProxies(const ProxyCounts& proxies, const std::string& name, Report& report) {
-  std::size_t count = 0;
-  std::string classes;
-  for (const auto& [className, ofClass] : proxies) {
-    count += ofClass;
-    classes += (classes.empty() ? "" : ", ") + std::to_string(ofClass) + " " + className;
-  }
-  if (count == 0) return;
-  report.warning(
-      name + ": " + std::to_string(count) + (count == 1 ? " entity is" : " entities are") +
-      " left out, kept as a picture only, of a class that isn't there or that refused what the file holds: " + classes);
-}
-
 std::unique_ptr<OpenWork> workOnDrawing(const std::string& file, std::string_view contents, const std::string& data,
                                         Report& report) {
   auto work = std::make_unique<OpenWork>();
@@ -57,9 +28,10 @@ std::unique_ptr<OpenWork> workOnDrawing(const std::string& file, std::string_vie
   if (work->session == nullptr) return nullptr;
   OpenDrawing open;
   if (!openDrawing(*work->session, file, contents, Opening::kStrict, open, report)) return nullptr;
+  work->name = open.name;
   work->members = membersOf(*open.database);
-  work->proxies = proxiesOf(*open.database);
-  tellProxies(work->proxies, open.name, report);
+  std::erase_if(work->members, [](AcDbObjectId id) { return !hasData(id); });
+  work->leftOut = withoutData(*open.database);
   return work;
 }
 
@@ -99,6 +71,13 @@ std::unique_ptr<OpenWork> workOnJob(const std::string& file, std::string_view te
 
 std::vector<BomPiece> OpenWork::pieces() const {
   return job ? piecesOf(*job, members) : piecesOf(members);
+}
+
+void OpenWork::tellLeftOut(Report& report) const {
+  if (leftOut.empty()) return;
+  const std::size_t count = sumOf(leftOut);
+  report.warning(name + ": " + std::to_string(count) + (count == 1 ? " entity is" : " entities are") +
+                 " left out, whose class isn't there or didn't take what the file holds: " + textOf(leftOut));
 }
 
 std::unique_ptr<OpenWork> openWork(const std::string& file, const std::string& data, const std::string& tables,

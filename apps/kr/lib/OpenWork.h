@@ -16,13 +16,17 @@ namespace kr {
 /// What a verb works on: a job read, its members made in a session's drawing, or a drawing opened from a file.
 struct OpenWork {
   std::unique_ptr<Session> session;
+  std::string name;        ///< as messages call it: the path, or "standard input"
   std::optional<Job> job;  ///< none for a drawing
   std::vector<AcDbObjectId> members;
-  /// What stands in the drawing as a picture only and so isn't among the members: how many of which class.
-  ProxyCounts proxies;
+  /// What stands in the drawing without data and so isn't among the members.
+  ClassCounts leftOut;
 
   /// What a bill of materials counts.
   std::vector<BomPiece> pieces() const;
+
+  /// What a bill or a list leaves out must be told.
+  void tellLeftOut(Report& report) const;
 };
 
 /// Opens a job or, told by its bytes, a drawing. Null, reported, when something is wrong.

@@ -72,6 +72,15 @@ bool layOutModel(const AcDbDatabase& database, const PlotRequest& request, plot:
   return true;
 }
 
+void tellUndrawn(const OpenWork& open, Report& report) {
+  const ClassCounts undrawn = open.job ? ClassCounts() : withoutPicture(*open.session->database());
+  if (undrawn.empty()) return;
+  const std::size_t count = sumOf(undrawn);
+  report.warning(open.name + ": " + std::to_string(count) + (count == 1 ? " entity" : " entities") +
+                 " can't be drawn, since the file has no picture of " + (count == 1 ? "it" : "them") + ": " +
+                 textOf(undrawn));
+}
+
 }  // namespace
 
 void plotModel(const PlotRequest& request, Report& report) {
@@ -83,6 +92,7 @@ void plotModel(const PlotRequest& request, Report& report) {
   if (!checkOutput(request.output, request.drawing, request.overwrite, report)) return;
   const auto open = openWork(request.drawing, request.data, request.catalogue, report);
   if (open == nullptr) return;
+  tellUndrawn(*open, report);
   plot::PlotSheet sheet;
   std::string why;
   if (!layOutModel(*open->session->database(), request, sheet, why)) {

@@ -97,6 +97,10 @@ plot::PlotOptions plotOptions(const BuildRequest& request, const Job& job) {
 // The drawing's own files, made before the sheets put theirs into it.
 bool makeDrawings(const OpenWork& open, const std::vector<Output>& outputs, std::vector<std::string>& made,
                   Report& report) {
+  const auto isDrawing = [](const Output& output) { return output.drawing.has_value(); };
+  if (open.members.empty() && std::any_of(outputs.begin(), outputs.end(), isDrawing)) {
+    report.warning("the job has no members, so its drawing is empty: sheets are no part of it");
+  }
   for (std::size_t i = 0; i < outputs.size(); ++i) {
     if (!outputs[i].drawing) continue;
     if (!drawingBytes(*open.session->database(), *outputs[i].drawing, made[i], report)) return false;
@@ -215,8 +219,8 @@ std::string listJson(const OpenWork& open, const std::vector<BomPiece>& pieces,
                               {"paintedArea", piece.paintedArea},
                               {"listing", listingOf(open.members[i])}});
   }
-  if (!open.proxies.empty()) out["proxies"] = ordered_json::array();
-  for (const auto& [name, count] : open.proxies) out["proxies"].push_back({{"class", name}, {"count", count}});
+  if (!open.leftOut.empty()) out["proxies"] = ordered_json::array();
+  for (const auto& [name, count] : open.leftOut) out["proxies"].push_back({{"class", name}, {"count", count}});
   return out.dump(2) + "\n";
 }
 
@@ -248,11 +252,12 @@ void bom(const BomRequest& request, Report& report) {
   if (!checkOutput(request.output, request.job, request.overwrite, report)) return;
   const auto open = openWork(request.job, request.data, request.catalogue, report);
   if (open == nullptr) return;
+  open->tellLeftOut(report);
   const Bom bill = makeBom(open->pieces());
   const JobTitle title = open->job ? open->job->title : JobTitle();
   const std::string text = request.form == BomForm::kCsv ? bomCsv(bill)
                            : request.form == BomForm::kJson
-                               ? bomJson(bill, title.project, joinedTitle(title), open->proxies)
+                               ? bomJson(bill, title.project, joinedTitle(title), open->leftOut)
                                : bomText(bill);
   writeOutput(request.output, text, request.overwrite, report);
 }
@@ -261,6 +266,7 @@ void list(const ListRequest& request, Report& report) {
   if (!checkOutput(request.output, request.job, request.overwrite, report)) return;
   const auto open = openWork(request.job, request.data, request.catalogue, report);
   if (open == nullptr) return;
+  open->tellLeftOut(report);
   const std::vector<BomPiece> pieces = open->pieces();
   std::vector<std::size_t> picked;
   if (!pick(pieces, request.names, picked, report)) return;
