@@ -415,14 +415,19 @@ TEST(Audit, WritesUtf8WhateverTheFileHolds) {
   EXPECT_THAT(runShell("kr info " + file).err, HasSubstr(shown));
 }
 
+// A block that inserts itself: no one can tell what it was to show.
+const std::string kRingDxf = dxfOf(section("BLOCKS",
+                                           "  0\nBLOCK\n  5\nA1\n  8\n0\n  2\nRING\n"
+                                           "  0\nINSERT\n  5\nA2\n  8\n0\n  2\nRING\n  0\nENDBLK\n"));
+
 TEST(Recovery, TellsWhatTheAuditFinds) {
   const TestFolder folder;
-  const std::string file = quoted(folder.write("a.dxf", kOwnerlessDxf));
+  const std::string file = quoted(folder.write("a.dxf", kRingDxf));
   const std::string to = " -o " + quoted(folder.path("b.dxf")) + " --overwrite";
   const Outcome run = runShell("kr recover " + file + to);
   EXPECT_EQ(run.code, 5);
   EXPECT_THAT(run.out,
-              AllOf(HasSubstr("is damaged"), HasSubstr("1. 201 AcDbDictionary A1: "), Not(HasSubstr("whole"))));
+              AllOf(HasSubstr("is damaged"), HasSubstr("1. 206 AcDbBlockTableRecord "), Not(HasSubstr("whole"))));
   EXPECT_TRUE(folder.has("b.dxf"));
   const Outcome told = runShell("kr recover --json " + file + to);
   EXPECT_TRUE(fitsSchema(told.out, "recover.schema.json"));
@@ -432,6 +437,10 @@ TEST(Recovery, TellsWhatTheAuditFinds) {
   const Outcome right = runShell("kr recover " + quoted(folder.write("plain.dxf", kPlainDxf)) + to);
   EXPECT_EQ(right.code, 0);
   EXPECT_THAT(right.out, AllOf(HasSubstr("was put right"), HasSubstr("STRAY")));
+  // Nor is what the audit mends.
+  const Outcome owned = runShell("kr recover " + quoted(folder.write("ownerless.dxf", kOwnerlessDxf)) + to);
+  EXPECT_EQ(owned.code, 0);
+  EXPECT_THAT(owned.out, AllOf(HasSubstr("was put right"), HasSubstr("201 AcDbDictionary A1: ")));
   EXPECT_THAT(runShell("kr audit " + quoted(folder.path("b.dxf"))).out, HasSubstr("no errors found"));
 }
 

@@ -75,7 +75,7 @@ void PrintTo(const Fault& fault, std::ostream* out) {
 
 std::vector<Fault> faults() {
   return {
-      {"OwnerNotThere", krio::kAuditOwner, false, "no such object",
+      {"OwnerNotThere", krio::kAuditOwner, true, "no such object",
        [](Drawing& d) {
          const AcDbObjectId id = d.append(line());
          blockOf(*d.database())->setEntitiesAsRead({});
@@ -91,7 +91,7 @@ std::vector<Fault> faults() {
          entity.setCommonAsRead(common);
          return id;
        }},
-      {"NeededObjectNotThere", krio::kAuditReference, false, "FFFFF0, which isn't there",
+      {"NeededObjectNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
        [](Drawing& d) {
          const AcDbObjectId id = d.append(new AcDbText({0, 0, 0}, L"A", AcDbObjectId::kNull, 5, 0));
          static_cast<AcDbText*>(id.stub()->object)->dataAsRead().style = AcDbObjectId(nobody(*d.database()));
@@ -148,7 +148,7 @@ std::vector<Fault> faults() {
          entity.setCommonAsRead(common);
          return id;
        }},
-      {"OwnerOfADictionaryNotThere", krio::kAuditOwner, false, "no such object",
+      {"OwnerOfADictionaryNotThere", krio::kAuditOwner, true, "no such object",
        [](Drawing& d) {
          AcDbObjectId id;
          const AcDbObjectPointer<AcDbDictionary> names(d.database()->namedObjectsDictionaryId(), AcDb::kForWrite);
@@ -156,6 +156,60 @@ std::vector<Fault> faults() {
          names->setAt(L"OWN", dictionary, id);
          dictionary->close();
          id.stub()->owner = nobody(*d.database());
+         return id;
+       }},
+      {"OwnerOfAnExtensionDictionaryNotThere", krio::kAuditOwner, true, "no such object",
+       [](Drawing& d) {
+         AcDbObjectId id;
+         auto* const dictionary = new AcDbDictionary;
+         EXPECT_EQ(d.database()->addAcDbObject(id, dictionary, AcDbObjectId(nobody(*d.database())), AcDbHandle()),
+                   Acad::eOk);
+         dictionary->close();
+         return id;
+       }},
+      {"LinetypeNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(line());
+         auto& entity = static_cast<AcDbEntity&>(*id.stub()->object);
+         AcDbEntity::Common common = entity.common();
+         common.linetype = AcDbObjectId(nobody(*d.database()));
+         common.linetypeForm = AcDbEntity::kLinetypeById;
+         entity.setCommonAsRead(common);
+         return id;
+       }},
+      {"PlotStyleNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(line());
+         auto& entity = static_cast<AcDbEntity&>(*id.stub()->object);
+         AcDbEntity::Common common = entity.common();
+         common.plotStyle = AcDbObjectId(nobody(*d.database()));
+         common.plotStyleForm = AcDbEntity::kPlotStyleById;
+         entity.setCommonAsRead(common);
+         return id;
+       }},
+      {"LinetypeOfALayerNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.database()->layerZero();
+         static_cast<AcDbLayerTableRecord*>(id.stub()->object)->setLinetypeAsRead(AcDbObjectId(nobody(*d.database())));
+         return id;
+       }},
+      {"BlockOfAnInsertNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.append(new AcDbBlockReference({1, 2, 3}, d.database()->paperSpaceId()));
+         static_cast<AcDbBlockReference*>(id.stub()->object)->dataAsRead().block = AcDbObjectId(nobody(*d.database()));
+         return id;
+       }},
+      {"ObjectOfARecordOfValuesNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
+       [](Drawing& d) {
+         AcDbObjectId id;
+         const AcDbObjectPointer<AcDbDictionary> names(d.database()->namedObjectsDictionaryId(), AcDb::kForWrite);
+         auto* const record = new AcDbXrecord;
+         names->setAt(L"OWN", record, id);
+         resbuf* const chain = acutNewRb(340);
+         chain->resval.rlname[0] = AcDbObjectId(nobody(*d.database())).asOldId();
+         EXPECT_EQ(record->setFromRbChain(*chain), Acad::eOk);
+         acutRelRb(chain);
+         record->close();
          return id;
        }},
       {"RoleOfAMember", krio::kAuditCustom, true, "Tipo de Barra - 12",
@@ -215,6 +269,51 @@ TEST_P(AuditOf, WhatWasMendedIsSavedAndOpensClean) {
   for (const Form form : {Form::kDwg, Form::kDxf}) {
     Opened opened(saved(*drawing.database(), form));
     EXPECT_TRUE(krio::auditDrawing(opened.database(), false).empty());
+  }
+}
+
+// Nothing is thrown away: what the lost objects leave behind stays where people and programs find it.
+TEST(AuditOfADrawing, PutsInPlaceOfWhatIsLostWhatComesNearest) {
+  Drawing drawing;
+  AcDbDatabase& database = *drawing.database();
+  const AcDbObjectId gone(nobody(database));
+  const AcDbObjectId orphan = drawing.append(line());
+  blockOf(database)->setEntitiesAsRead({});
+  orphan.stub()->owner = gone.stub();
+  AcDbObjectId insert = drawing.append(new AcDbBlockReference({1, 2, 3}, database.paperSpaceId()));
+  static_cast<AcDbBlockReference*>(insert.stub()->object)->dataAsRead().block = gone;
+  AcDbObjectId ownerless;
+  auto* const record = new AcDbXrecord;
+  ASSERT_EQ(database.addAcDbObject(ownerless, record, gone, AcDbHandle()), Acad::eOk);
+  record->close();
+  AcDbObjectId textId = drawing.append(new AcDbText({0, 0, 0}, L"A", AcDbObjectId::kNull, 5, 0));
+  auto& text = static_cast<AcDbText&>(*textId.stub()->object);
+  text.dataAsRead().style = gone;
+  AcDbEntity::Common common = text.common();
+  common.linetype = gone;
+  common.linetypeForm = AcDbEntity::kLinetypeById;
+  text.setCommonAsRead(common);
+
+  EXPECT_EQ(krio::auditDrawing(database, true).size(), 4U);
+  for (const Form form : {Form::kDwg, Form::kDxf}) {
+    Opened opened(saved(database, form));
+    EXPECT_EQ(opened.at<AcDbLine>(orphan.handle())->objectId().stub()->owner->handle,
+              database.modelSpaceId().handle().value());
+    const AcDbObjectId block(opened.at<AcDbBlockReference>(insert.handle())->data().block);
+    ASSERT_TRUE(block.isResident());
+    EXPECT_EQ(static_cast<AcDbBlockTableRecord*>(block.stub()->object)->nameText(), L"Lost_FFFFF0");
+    const auto* const read = opened.at<AcDbText>(textId.handle());
+    EXPECT_EQ(read->common().linetype, opened.database().byLayerLinetype());
+    EXPECT_EQ(read->data().style, opened.database().roots().standardTextStyle);
+    const AcDbObjectPointer<AcDbDictionary> names(opened.database().namedObjectsDictionaryId(), AcDb::kForRead);
+    AcDbObjectId recovered;
+    ASSERT_EQ(names->getAt(L"KR_RECOVERED", recovered), Acad::eOk);
+    const AcDbObjectPointer<AcDbDictionary> dictionary(recovered, AcDb::kForRead);
+    AcDbObjectId entry;
+    char handle[AcDbHandle::kStrSize];
+    ownerless.handle().getIntoAsciiBuffer(handle);
+    ASSERT_EQ(dictionary->getAt(std::wstring(handle, handle + std::strlen(handle)).c_str(), entry), Acad::eOk);
+    EXPECT_EQ(entry.handle(), ownerless.handle());
   }
 }
 

@@ -7,6 +7,7 @@
 #include <unordered_set>
 
 #include "host/db/db.h"
+#include "host/io/DrawingMend.h"
 #include "host/io/HostClasses.h"
 #include "host/os/os.h"
 
@@ -59,15 +60,12 @@ class OwnAudits final : public AcDbAuditInfo {
     settle();
     if (object == nullptr || object->objectId().isNull()) return;
     const std::wstring subject(value != nullptr ? value : L"");
-    // Those two the host looks at in every object, a module's too.
-    const int number = subject == L"owner"          ? kAuditOwner
-                       : subject == L"layer"        ? kAuditLayer
-                       : isOfModule(*object->isA()) ? kAuditCustom
-                                                    : kAuditLinkOther;
+    if (subject == L"owner") return;  // told already
+    // That one the host looks at in every entity, a module's too.
+    const int number = subject == L"layer" ? kAuditLayer : isOfModule(*object->isA()) ? kAuditCustom : kAuditLinkOther;
     const std::string reason = os::toUtf8(validation != nullptr ? validation : L"");
     found_.push_back(about(*object->objectId().stub(), number, os::toUtf8(subject) + ": " + reason,
                            os::toUtf8(defaultValue != nullptr ? defaultValue : L"")));
-    if (number == kAuditOwner) found_.back().remedy.clear();
     open_ = true;
   }
 
@@ -92,6 +90,7 @@ class Auditor {
 
  private:
   void auditOwners(const AcDbStub& stub);
+  void auditOwner(AcDbStub& stub);
   void auditReferences(AcDbStub& stub);
   void auditReach(AcDbStub& stub);
   void auditListing();
@@ -131,6 +130,7 @@ void Auditor::auditReferences(AcDbStub& stub) {
     return;
   }
   std::unordered_set<const AcDbStub*> told;
+  const std::size_t before = found_.size();
   filer.visitReferences([&](AcDbReferenceKind kind, AcDbObjectId& id) {
     const bool hard = kind == AcDbReferenceKind::kHardPointer || kind == AcDbReferenceKind::kHardOwner;
     // What a proxy's data mean nobody knows. A layer that isn't there is told by the entity itself.
@@ -139,6 +139,22 @@ void Auditor::auditReferences(AcDbStub& stub) {
     if (entity != nullptr && entity->layerReference() == id) return;
     found_.push_back(about(stub, kAuditReference, "it needs object " + handleOf(*id.stub()) + ", which isn't there"));
   });
+  // What a module's object needs it alone can tell.
+  if (found_.size() == before || isOfModule(*stub.object->isA())) return;
+  const bool fixed = fix_ && mendReferences(db_, stub);
+  for (std::size_t i = before; i < found_.size(); ++i) {
+    found_[i].remedy = "does with another, or without";
+    found_[i].fixed = fixed;
+  }
+}
+
+void Auditor::auditOwner(AcDbStub& stub) {
+  if (stub.owner == nullptr || stub.owner->object != nullptr) return;
+  const bool record = stub.object->isKindOf(AcDbSymbolTableRecord::desc());
+  const bool entity = stub.object->isKindOf(AcDbEntity::desc());
+  const char* const remedy = record ? "" : entity ? "put into model space" : "put into a dictionary";
+  found_.push_back(about(stub, kAuditOwner, "owner: no such object", remedy));
+  found_.back().fixed = fix_ && adoptOrphan(db_, stub);
 }
 
 void Auditor::auditReach(AcDbStub& stub) {
@@ -251,6 +267,7 @@ std::vector<AuditFinding> Auditor::run() {
   auditListing();
   for (AcDbStub* const stub : stubsOf(db_)) {
     if (!isThere(stub)) continue;
+    auditOwner(*stub);
     auditOwners(*stub);
     auditReferences(*stub);
     auditReach(*stub);

@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "host/db/AcDbValueChain.h"
+#include "host/io/HostClasses.h"
 #include "host/io/dxf/DxfCodes.h"
 #include "host/io/dxf/DxfEntityReader.h"
 #include "host/io/dxf/DxfText.h"
@@ -282,9 +283,7 @@ const ObjectKind& FrameReader::kindOf(std::string_view dxfName, bool entity) {
                     kind.rxClass->dxfName() != nullptr && wide == kind.rxClass->dxfName() &&
                     kind.rxClass->isDerivedFrom(base) && kind.rxClass->isDerivedFrom(AcDbEntity::desc()) == entity;
   if (!fits) kind.rxClass = nullptr;
-  const wchar_t* const application = fits ? kind.rxClass->appName() : nullptr;
-  kind.isHosts = application != nullptr && (std::wstring_view(application) == L"ObjectDBX Classes" ||
-                                            std::wstring_view(application) == L"krhost");
+  kind.isHosts = fits && krio::isHosts(*kind.rxClass);
   return kind;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/io/HostClasses.h"
 #include "host/io/ProxyGraphics.h"
 #include "host/io/dxf/Dxf.h"
 #include "host/io/dxf/DxfHeader.h"
@@ -15,11 +16,6 @@ namespace {
 constexpr int kProxyEntityClass = 498;
 constexpr int kProxyObjectClass = 499;
 constexpr int kOwnFormat = 23;  // AC1015
-
-bool isHosts(const AcRxClass& rxClass) {
-  const std::wstring_view application = rxClass.appName() != nullptr ? rxClass.appName() : L"";
-  return application == L"ObjectDBX Classes" || application == L"krhost";
-}
 
 /// Whether the class that a record names is there: objects of it that are proxies all the same were refused by it.
 bool isLoaded(const AcDbClassRecord& record) {

@@ -1,0 +1,129 @@
+#include "host/io/DrawingMend.h"
+
+#include <algorithm>
+#include <string>
+
+#include "host/db/db.h"
+
+namespace krio {
+
+namespace {
+
+std::wstring handleText(const AcDbStub& stub) {
+  char text[AcDbHandle::kStrSize];
+  AcDbHandle(stub.handle).getIntoAsciiBuffer(text);
+  return {text, text + std::char_traits<char>::length(text)};
+}
+
+bool isLost(AcDbObjectId id) {
+  return !id.isNull() && !id.isResident();
+}
+
+/// The block that stands for one that isn't there.
+AcDbObjectId blockInPlaceOf(AcDbDatabase& db, AcDbObjectId lost) {
+  const std::wstring name = L"Lost_" + handleText(*lost.stub());
+  AcDbObjectId id;
+  {
+    const AcDbObjectPointer<AcDbBlockTable> table(db.blockTableId(), AcDb::kForRead);
+    if (table.openStatus() != Acad::eOk || table->getAt(name.c_str(), id) == Acad::eOk) return id;
+  }
+  auto* const block = new AcDbBlockTableRecord;
+  block->setName(name.c_str());
+  if (db.addAcDbObject(id, block, db.blockTableId(), AcDbHandle()) != Acad::eOk) {
+    delete block;
+    return {};
+  }
+  block->makeEnds();
+  block->close();
+  return id;
+}
+
+AcDbObjectId inPlaceOf(AcDbDatabase& db, const AcDbObject& object, AcDbObjectId lost) {
+  if (const auto* const insert = AcDbBlockReference::cast(&object))
+    return insert->data().block == lost ? blockInPlaceOf(db, lost) : AcDbObjectId();
+  if (const auto* const layer = AcDbLayerTableRecord::cast(&object))
+    return layer->linetypeObjectId() == lost ? db.roots().continuous : AcDbObjectId();
+  return {};
+}
+
+void mendCommon(const AcDbDatabase& db, AcDbEntity& entity) {
+  AcDbEntity::Common common = entity.common();
+  const bool linetype = isLost(common.linetype);
+  const bool plotStyle = isLost(common.plotStyle);
+  if (!linetype && !plotStyle) return;
+  if (linetype) {
+    common.linetype = db.byLayerLinetype();
+    common.linetypeForm = AcDbEntity::kLinetypeByLayer;
+  }
+  if (plotStyle) {
+    common.plotStyle.setNull();
+    common.plotStyleForm = AcDbEntity::kPlotStyleByLayer;
+  }
+  entity.setCommonAsRead(common);
+}
+
+AcDbStub* dictionaryThatLists(const AcDbDatabase& db, const AcDbStub& stub) {
+  for (const AcDbStub& each : db.handleTable().stubs()) {
+    const auto* const dictionary =
+        each.object != nullptr && !each.has(AcDbStub::kErased) ? AcDbDictionary::cast(each.object) : nullptr;
+    if (dictionary == nullptr) continue;
+    const auto& entries = dictionary->entries();
+    const auto isIt = [&](const auto& entry) { return entry.second.stub() == &stub; };
+    if (std::any_of(entries.begin(), entries.end(), isIt)) return dictionary->objectId().stub();
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+bool mendReferences(AcDbDatabase& db, AcDbStub& stub) {
+  const AcDbObjectPointer<AcDbObject> object(AcDbObjectId(&stub), AcDb::kForWrite);
+  if (object.openStatus() != Acad::eOk) return false;
+  if (auto* const entity = AcDbEntity::cast(object.object())) mendCommon(db, *entity);
+  // As an undo would: what the object is stays where it is.
+  AcDbMemoryDwgFiler filer(AcDb::kUndoFiler);
+  if (object->dwgOutFields(&filer) != Acad::eOk) return false;
+  bool changed = false;
+  filer.visitReferences([&](AcDbReferenceKind kind, AcDbObjectId& id) {
+    const bool hard = kind == AcDbReferenceKind::kHardPointer || kind == AcDbReferenceKind::kHardOwner;
+    if (!hard || !isLost(id)) return;
+    id = inPlaceOf(db, *object, id);
+    changed = true;
+  });
+  filer.seek(0);
+  return !changed || object->dwgInFields(&filer) == Acad::eOk;
+}
+
+bool adoptOrphan(AcDbDatabase& db, AcDbStub& stub) {
+  if (stub.object->isKindOf(AcDbEntity::desc())) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(db.modelSpaceId(), AcDb::kForWrite);
+    if (space.openStatus() != Acad::eOk) return false;
+    stub.owner = db.modelSpaceId().stub();
+    space->listAsRead(&stub);
+    return true;
+  }
+  if (stub.object->isKindOf(AcDbSymbolTableRecord::desc())) return false;
+  if (AcDbStub* const lister = dictionaryThatLists(db, stub)) {
+    stub.owner = lister;
+    return true;
+  }
+  const AcDbObjectPointer<AcDbDictionary> named(db.namedObjectsDictionaryId(), AcDb::kForWrite);
+  if (named.openStatus() != Acad::eOk) return false;
+  AcDbObjectId id;
+  if (named->getAt(kRecoveredDictionary, id) != Acad::eOk) {
+    auto* const made = new AcDbDictionary;
+    if (named->setAt(kRecoveredDictionary, made, id) != Acad::eOk) {
+      delete made;
+      return false;
+    }
+    made->close();
+  }
+  const AcDbObjectPointer<AcDbDictionary> recovered(id, AcDb::kForWrite);
+  if (recovered.openStatus() != Acad::eOk) return false;
+  const AcDbObjectPointer<AcDbObject> orphan(AcDbObjectId(&stub), AcDb::kForWrite);
+  if (orphan.openStatus() != Acad::eOk) return false;
+  AcDbObjectId entry;
+  return recovered->setAt(handleText(stub).c_str(), orphan.object(), entry) == Acad::eOk;
+}
+
+}  // namespace krio
