@@ -199,6 +199,29 @@ std::vector<Fault> faults() {
          static_cast<AcDbBlockReference*>(id.stub()->object)->dataAsRead().block = AcDbObjectId(nobody(*d.database()));
          return id;
        }},
+      {"EntryOfADictionaryNotThere", krio::kAuditReference, true, "its entry \"Layout7\" is object FFFFF0",
+       [](Drawing& d) {
+         const AcDbObjectId id = d.database()->layoutDictionaryId();
+         static_cast<AcDbDictionary*>(id.stub()->object)->appendAsRead(L"Layout7", AcDbObjectId(nobody(*d.database())));
+         return id;
+       }},
+      {"DefaultOfADictionaryNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
+       [](Drawing& d) {
+         AcDbObjectId id;
+         const AcDbObjectPointer<AcDbDictionary> names(d.database()->namedObjectsDictionaryId(), AcDb::kForWrite);
+         auto* const dictionary = new AcDbDictionaryWithDefault;
+         names->setAt(L"OWN", dictionary, id);
+         dictionary->setDefaultIdAsRead(AcDbObjectId(nobody(*d.database())));
+         dictionary->close();
+         return id;
+       }},
+      {"LayoutOfABlockNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
+       [](Drawing& d) {
+         const AcDbObjectId id = blockThatInserts(*d.database(), L"PLAIN", d.database()->paperSpaceId());
+         static_cast<AcDbBlockTableRecord*>(id.stub()->object)->dataAsRead().layout =
+             AcDbObjectId(nobody(*d.database()));
+         return id;
+       }},
       {"ObjectOfARecordOfValuesNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
        [](Drawing& d) {
          AcDbObjectId id;

@@ -107,6 +107,8 @@ class AcDbDatabase : public AcRxObject {
   /// Takes the objects by role (tables, spaces, layer 0, ...) from the header's references, and where these are missing
   /// by name. Puts right what a drawing can't do without: eOk, or what is missing still (eKeyNotFound).
   Acad::ErrorStatus finishRead();
+  /// The part of it that is about tables: afterwards every one is there, and a reader can list further records in it.
+  void settleTables();
   /// Brings up to date what the header tells of the objects, and makes what a valid file needs and the drawing lacks
   /// (dictionaries, layouts, BLOCK and ENDBLK, the application ACAD, ...).
   void prepareForSave();

@@ -393,16 +393,22 @@ void endSequences(AcDbDatabase& db) {
   }
 }
 
-Acad::ErrorStatus AcDbDatabase::finishRead() {
+void AcDbDatabase::settleTables() {
   for (const Role& role : kTableRoles) {
-    if ((roots_.*role.root).isNull()) roots_.*role.root = header_.id(role.header);
-  }
-  for (const Role& role : kRecordRoles) {
     if ((roots_.*role.root).isNull()) roots_.*role.root = header_.id(role.header);
   }
   dropStrangers(roots_);
   Founder make(*this, false);
   makeTables(make, roots_);
+}
+
+Acad::ErrorStatus AcDbDatabase::finishRead() {
+  settleTables();
+  for (const Role& role : kRecordRoles) {
+    if ((roots_.*role.root).isNull()) roots_.*role.root = header_.id(role.header);
+  }
+  dropStrangers(roots_);
+  Founder make(*this, false);
   makeRecords(make, roots_);
   makeSpaces(make, roots_);
   const AcDbObjectPointer<AcDbDimStyleTable> styles(roots_.dimStyleTable, AcDb::kForRead);

@@ -139,11 +139,19 @@ void Auditor::auditReferences(AcDbStub& stub) {
     if (entity != nullptr && entity->layerReference() == id) return;
     found_.push_back(about(stub, kAuditReference, "it needs object " + handleOf(*id.stub()) + ", which isn't there"));
   });
-  // What a module's object needs it alone can tell.
-  if (found_.size() == before || isOfModule(*stub.object->isA())) return;
+  // A copy leaves the entries of a dictionary out.
+  if (const auto* const dictionary = AcDbDictionary::cast(stub.object)) {
+    for (const auto& [name, id] : dictionary->entries()) {
+      if (id.isNull() || id.isResident()) continue;
+      found_.push_back(
+          about(stub, kAuditReference,
+                "its entry \"" + os::toUtf8(name) + "\" is object " + handleOf(*id.stub()) + ", which isn't there"));
+    }
+  }
+  if (found_.size() == before) return;
   const bool fixed = fix_ && mendReferences(db_, stub);
   for (std::size_t i = before; i < found_.size(); ++i) {
-    found_[i].remedy = "does with another, or without";
+    if (fixed || !fix_) found_[i].remedy = "does with another, or without";
     found_[i].fixed = fixed;
   }
 }

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "host/db/db.h"
+#include "host/io/HostClasses.h"
 
 namespace krio {
 
@@ -74,24 +76,52 @@ AcDbStub* dictionaryThatLists(const AcDbDatabase& db, const AcDbStub& stub) {
   return nullptr;
 }
 
+void dropLostEntries(AcDbDictionary& dictionary) {
+  std::vector<std::wstring> names;
+  for (const auto& [name, id] : dictionary.entries()) {
+    if (isLost(id)) names.push_back(name);
+  }
+  for (const std::wstring& name : names) dictionary.remove(name.c_str());
+}
+
+bool isHard(AcDbReferenceKind kind) {
+  return kind == AcDbReferenceKind::kHardPointer || kind == AcDbReferenceKind::kHardOwner;
+}
+
+bool needsLost(const AcDbObject& object) {
+  AcDbMemoryDwgFiler filer;
+  if (object.dwgOutFields(&filer) != Acad::eOk) return true;
+  bool needs = false;
+  filer.visitReferences(
+      [&](AcDbReferenceKind kind, AcDbObjectId& id) { needs = needs || (isHard(kind) && isLost(id)); });
+  return needs;
+}
+
 }  // namespace
 
 bool mendReferences(AcDbDatabase& db, AcDbStub& stub) {
   const AcDbObjectPointer<AcDbObject> object(AcDbObjectId(&stub), AcDb::kForWrite);
   if (object.openStatus() != Acad::eOk) return false;
   if (auto* const entity = AcDbEntity::cast(object.object())) mendCommon(db, *entity);
-  // As an undo would: what the object is stays where it is.
-  AcDbMemoryDwgFiler filer(AcDb::kUndoFiler);
-  if (object->dwgOutFields(&filer) != Acad::eOk) return false;
-  bool changed = false;
-  filer.visitReferences([&](AcDbReferenceKind kind, AcDbObjectId& id) {
-    const bool hard = kind == AcDbReferenceKind::kHardPointer || kind == AcDbReferenceKind::kHardOwner;
-    if (!hard || !isLost(id)) return;
-    id = inPlaceOf(db, *object, id);
-    changed = true;
-  });
-  filer.seek(0);
-  return !changed || object->dwgInFields(&filer) == Acad::eOk;
+  if (auto* const dictionary = AcDbDictionary::cast(object.object())) dropLostEntries(*dictionary);
+  if (auto* const block = AcDbBlockTableRecord::cast(object.object()); block != nullptr && isLost(block->data().layout))
+    block->dataAsRead().layout.setNull();
+  if (auto* const dictionary = AcDbDictionaryWithDefault::cast(object.object());
+      dictionary != nullptr && isLost(dictionary->defaultId())) {
+    dictionary->setDefaultId(dictionary->entries().empty() ? AcDbObjectId() : dictionary->entries().front().second);
+  }
+  const bool own = isHosts(*object->isA()) || object->isA()->appName() == nullptr;
+  if (own && needsLost(*object)) {
+    // As an undo would: what the object is stays where it is.
+    AcDbMemoryDwgFiler filer(AcDb::kUndoFiler);
+    if (object->dwgOutFields(&filer) != Acad::eOk) return false;
+    filer.visitReferences([&](AcDbReferenceKind kind, AcDbObjectId& id) {
+      if (isHard(kind) && isLost(id)) id = inPlaceOf(db, *object, id);
+    });
+    filer.seek(0);
+    if (object->dwgInFields(&filer) != Acad::eOk) return false;
+  }
+  return !needsLost(*object);
 }
 
 bool adoptOrphan(AcDbDatabase& db, AcDbStub& stub) {

@@ -22,12 +22,13 @@ bool Reader::finish() {
   if (!breakOwnerCircles() || !dropLooseParts() || !listParts()) return false;
   listInserts();
   numberViewports();
+  database_.settleTables();
+  dropForeignTables();
+  adoptStrays();
   if (database_.finishRead() != Acad::eOk) {
     report_.error("the file lacks what no drawing can be without");
     return false;
   }
-  dropForeignTables();
-  adoptStrays();
   if (!readAllExtendedData()) return false;
   if (context_->dangling() != 0) {
     report_.note(std::to_string(context_->dangling()) + " references name objects that the file doesn't have");

@@ -123,8 +123,8 @@ void Reader::dropForeignTables() {
   }
 }
 
-/// Records whose table was lost go into the one that stands for it now. It has its own records by then: what a space
-/// holds goes into the one of that name, and another block gets a name of its own.
+/// Records whose table was lost go into the one that stands for it now. Where that has one of the name, what a space
+/// holds goes into that one, and other records get names of their own.
 void Reader::adoptStrays() {
   const AcDbObjectId ids[] = {database_.blockTableId(),    database_.layerTableId(),     database_.linetypeTableId(),
                               database_.dimStyleTableId(), database_.textStyleTableId(), database_.viewportTableId(),
@@ -135,44 +135,47 @@ void Reader::adoptStrays() {
     const auto* const id = std::ranges::find_if(ids, [&](AcDbObjectId each) {
       return record.isKindOf(static_cast<AcDbSymbolTable*>(each.stub()->object)->recordClass());
     });
-    if (id != std::end(ids) && stub->owner == id->stub()) continue;
+    if (id == std::end(ids)) {
+      report_.warn("the record belongs to no table", stub->handle, -1, false);
+      continue;
+    }
+    auto& table = static_cast<AcDbSymbolTable&>(*id->stub()->object);
+    if (stub->owner == id->stub()) continue;
     if (moveSpace(stub)) {
       report_.warn("the space belonged to no table; what it holds was put into the one of its name", stub->handle, -1,
                    true);
       continue;
     }
-    const bool isNew = id != std::end(ids) && !hasRecord(*id, record.nameText());
-    if (!isNew && !record.isKindOf(AcDbBlockTableRecord::desc())) {
-      report_.warn("the record belongs to no table", stub->handle, -1, false);
-      continue;
-    }
-    if (!isNew)
-      record.setNameAsRead(freeName(record.nameText(), [&](const auto& name) { return !hasRecord(*id, name); }));
+    const auto isFree = [&](const std::wstring& name) { return !hasRecord(*id, name); };
+    const bool manyOfAName = table.isKindOf(AcDbViewportTable::desc());
+    if (!manyOfAName && !isFree(record.nameText())) record.setNameAsRead(freeName(record.nameText(), isFree));
     stub->owner = id->stub();
-    static_cast<AcDbSymbolTable*>(id->stub()->object)->listAsRead(record);
+    table.listAsRead(record);
     report_.warn("the record belonged to no table; it was put into that of its kind", stub->handle, -1, true);
   }
 }
 
-/// Moves what a space that no table lists holds into the drawing's space of that name. False for other records.
+/// Moves what a space that no table lists holds into the one of its name that the table has. False where it has none,
+/// and for other records.
 bool Reader::moveSpace(AcDbStub* stub) {
   auto* const block = AcDbBlockTableRecord::cast(stub->object);
-  if (block == nullptr) return false;
-  for (const AcDbObjectId space : {database_.modelSpaceId(), database_.paperSpaceId()}) {
-    auto* const target = static_cast<AcDbBlockTableRecord*>(space.stub()->object);
-    if (block == target || acdbFoldedName(block->nameText().c_str()) != acdbFoldedName(target->nameText().c_str()))
-      continue;
-    for (AcDbStub* const entity : block->entities()) {
-      entity->owner = space.stub();
-      target->listAsRead(entity);
-    }
-    block->setEntitiesAsRead({});
-    // What is left of the lost space goes: no form of a file has a place for it.
-    for (AcDbStub* const each : {stub, block->blockBeginId().stub(), block->blockEndId().stub()})
-      if (each != nullptr) each->flags |= AcDbStub::kErased;
-    return true;
+  if (block == nullptr || (block->nameText() != ACDB_MODEL_SPACE && block->nameText() != ACDB_PAPER_SPACE))
+    return false;
+  AcDbObjectId space;
+  {
+    const AcDbObjectPointer<AcDbBlockTable> table(database_.blockTableId(), AcDb::kForRead);
+    if (table->getAt(block->nameText().c_str(), space) != Acad::eOk) return false;
   }
-  return false;
+  auto* const target = static_cast<AcDbBlockTableRecord*>(space.stub()->object);
+  for (AcDbStub* const entity : block->entities()) {
+    entity->owner = space.stub();
+    target->listAsRead(entity);
+  }
+  block->setEntitiesAsRead({});
+  // What is left of the lost space goes: no form of a file has a place for it.
+  for (AcDbStub* const each : {stub, block->blockBeginId().stub(), block->blockEndId().stub()})
+    if (each != nullptr) each->flags |= AcDbStub::kErased;
+  return true;
 }
 
 }  // namespace krio::dwg
