@@ -46,6 +46,16 @@ AcDbBlockTableRecord* blockOf(AcDbDatabase& database) {
   return static_cast<AcDbBlockTableRecord*>(database.modelSpaceId().stub()->object);
 }
 
+/// Adds an entity with something else in what every entity has.
+template <class Change>
+AcDbObjectId withCommon(Drawing& drawing, AcDbEntity* entity, Change change) {
+  const AcDbObjectId id = drawing.append(entity);
+  AcDbEntity::Common common = entity->common();
+  change(common);
+  entity->setCommonAsRead(common);
+  return id;
+}
+
 /// A block of that name, with an insert of another or, for none, of itself.
 AcDbObjectId blockThatInserts(AcDbDatabase& database, const wchar_t* name, AcDbObjectId inner) {
   const AcDbObjectPointer<AcDbBlockTable> table(database.blockTableId(), AcDb::kForWrite);
@@ -84,12 +94,8 @@ std::vector<Fault> faults() {
        }},
       {"LayerNotThere", krio::kAuditLayer, true, "no such layer",
        [](Drawing& d) {
-         const AcDbObjectId id = d.append(line());
-         auto& entity = static_cast<AcDbEntity&>(*id.stub()->object);
-         AcDbEntity::Common common = entity.common();
-         common.layer = AcDbObjectId(nobody(*d.database()));
-         entity.setCommonAsRead(common);
-         return id;
+         const AcDbObjectId none(nobody(*d.database()));
+         return withCommon(d, line(), [&](AcDbEntity::Common& common) { common.layer = none; });
        }},
       {"NeededObjectNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
        [](Drawing& d) {
@@ -141,12 +147,9 @@ std::vector<Fault> faults() {
        }},
       {"LayerOfAMemberNotThere", krio::kAuditLayer, true, "no such layer",
        [](Drawing& d) {
-         const AcDbObjectId id = d.append(everyclass::samples()[0].make(Superior).release());
-         auto& entity = static_cast<AcDbEntity&>(*id.stub()->object);
-         AcDbEntity::Common common = entity.common();
-         common.layer = AcDbObjectId(nobody(*d.database()));
-         entity.setCommonAsRead(common);
-         return id;
+         const AcDbObjectId none(nobody(*d.database()));
+         return withCommon(d, everyclass::samples()[0].make(Superior).release(),
+                           [&](AcDbEntity::Common& common) { common.layer = none; });
        }},
       {"OwnerOfADictionaryNotThere", krio::kAuditOwner, true, "no such object",
        [](Drawing& d) {
@@ -169,23 +172,19 @@ std::vector<Fault> faults() {
        }},
       {"LinetypeNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
        [](Drawing& d) {
-         const AcDbObjectId id = d.append(line());
-         auto& entity = static_cast<AcDbEntity&>(*id.stub()->object);
-         AcDbEntity::Common common = entity.common();
-         common.linetype = AcDbObjectId(nobody(*d.database()));
-         common.linetypeForm = AcDbEntity::kLinetypeById;
-         entity.setCommonAsRead(common);
-         return id;
+         const AcDbObjectId none(nobody(*d.database()));
+         return withCommon(d, line(), [&](AcDbEntity::Common& common) {
+           common.linetype = none;
+           common.linetypeForm = AcDbEntity::kLinetypeById;
+         });
        }},
       {"PlotStyleNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
        [](Drawing& d) {
-         const AcDbObjectId id = d.append(line());
-         auto& entity = static_cast<AcDbEntity&>(*id.stub()->object);
-         AcDbEntity::Common common = entity.common();
-         common.plotStyle = AcDbObjectId(nobody(*d.database()));
-         common.plotStyleForm = AcDbEntity::kPlotStyleById;
-         entity.setCommonAsRead(common);
-         return id;
+         const AcDbObjectId none(nobody(*d.database()));
+         return withCommon(d, line(), [&](AcDbEntity::Common& common) {
+           common.plotStyle = none;
+           common.plotStyleForm = AcDbEntity::kPlotStyleById;
+         });
        }},
       {"LinetypeOfALayerNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
        [](Drawing& d) {

@@ -197,6 +197,32 @@ TEST(OwnersInACircle, AreDroppedWithAWarningSoThatTheDrawingCanBeSaved) {
   expectSavedAndOpened(*read.database, 1);
 }
 
+TEST(HandlesOfADwg, BeyondTheLimitCostTheirObjectsAndNoOthers) {
+  AcDbDatabase database;
+  const Adesk::UInt64 kept = appendLine(database);
+  for (const Adesk::UInt64 handle : {kLimit + 1, 4 * kLimit}) {
+    AcDbStub* const stub = database.stubOf(handle);
+    auto line = std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0));
+    ASSERT_EQ(database.putRead(line.get(), stub, database.modelSpaceId().stub()), Acad::eOk);
+    static_cast<void>(line.release());
+    AcDbBlockTableRecord::cast(database.modelSpaceId().stub()->object)->listAsRead(stub);
+  }
+  Bytes bytes;
+  krio::Report report;
+  ASSERT_EQ(krio::writeDwg(database, bytes, report), Acad::eOk) << textOf(report);
+
+  const dwgtools::Opened strict(bytes);
+  EXPECT_NE(strict.status, Acad::eOk);
+  EXPECT_THAT(textOf(strict.report), HasSubstr("a handle is too large"));
+  const dwgtools::Opened recovered(bytes, true);
+  ASSERT_EQ(recovered.status, Acad::eOk) << textOf(recovered.report);
+  expectDifferentHandles(*recovered.database);
+  const auto& entities = AcDbBlockTableRecord::cast(recovered.database->modelSpaceId().stub()->object)->entities();
+  ASSERT_EQ(entities.size(), 1U);
+  EXPECT_EQ(entities[0]->handle, kept);
+  EXPECT_EQ(dwgtools::Opened(dwgtools::saved(*recovered.database)).status, Acad::eOk);
+}
+
 TEST(Handles, BeyondTheLimitAreRefusedByTheDatabase) {
   AcDbDatabase database;
   const Adesk::UInt64 seed = database.handseed().value();

@@ -258,6 +258,10 @@ Acad::ErrorStatus AcDbMText::dxfOutFields(AcDbDxfFiler* filer) const {
   filer->writeString(AcDb::kDxfTextStyleName, entities::styleName(data_.style).c_str());
   if (data_.normal != AcGeVector3d::kZAxis) filer->writeItem(AcDb::kDxfNormalX, data_.normal);
   filer->writeItem(AcDb::kDxfXCoord + 1, data_.direction);
+  if (data_.extentsWidth != 0 || data_.extentsHeight != 0) {
+    filer->writeItem(AcDb::kDxfReal + 2, data_.extentsWidth);
+    filer->writeItem(AcDb::kDxfReal + 3, data_.extentsHeight);
+  }
   filer->writeItem(AcDb::kDxfInt16 + 3, data_.spacingStyle);
   filer->writeItem(AcDb::kDxfReal + 4, data_.spacing);
   return filer->filerStatus();

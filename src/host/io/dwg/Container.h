@@ -95,6 +95,8 @@ class Container {
   ByteSpan classes() const { return classes_; }
   /// All objects in ascending order of their handles.
   const std::vector<MapEntry>& map() const { return map_; }
+  /// Forgets the object of the highest handle.
+  void dropLast() { map_.pop_back(); }
   /// MEASUREMENT: 0 English, 1 metric.
   int measurement() const { return measurement_; }
   /// The images of the preview, behind their sentinel and size and up to the end sentinel, with addresses turned into

@@ -140,9 +140,9 @@ bool Reader::makeStubs() {
   const auto& map = container_.map();
   if (map.empty() && !policy_.recover()) return policy_.goOn("the drawing has no objects", 0);
   const std::uint64_t declared = readHandseed(BitReader(container_.variables()));
-  if (!map.empty() && map.back().handle > kMaxHandle) {
-    policy_.report().error("a handle is too large", map.back().handle, 0);
-    return false;
+  while (!map.empty() && map.back().handle > kMaxHandle) {
+    if (!policy_.goOn("a handle is too large; its object was left out", 0, map.back().handle)) return false;
+    container_.dropLast();
   }
   const std::uint64_t needed = map.empty() ? 1 : map.back().handle + 1;
   std::uint64_t seed = std::max(declared, needed);
