@@ -7,6 +7,7 @@
 
 #include "Budget.h"
 #include "frame/Module.h"
+#include "host/io/DrawingAudit.h"
 #include "host/io/DrawingFile.h"
 
 namespace fuzz {
@@ -205,6 +206,17 @@ void writeOtherwise(const Format& other, AcDbDatabase& database) {
     fail("a drawing in the other format has other entities", report);
 }
 
+/// An audit that mends leaves a drawing in which it has nothing more to mend, and that can be saved.
+void mendAndWrite(const Format& format, AcDbDatabase& database) {
+  krio::auditDrawing(database, true);
+  for (const krio::AuditFinding& finding : krio::auditDrawing(database, true)) {
+    if (finding.fixed) fail("an audit mends twice: " + std::to_string(finding.number) + " " + finding.what);
+  }
+  bool could = false;
+  const std::vector<std::byte> bytes = written(format, database, could);
+  if (could) readAndWrite(format, bytes, &database);
+}
+
 bool tryReading(const Format& format, const Format& other, std::span<const std::byte> bytes, bool recover) {
   const auto database = std::make_unique<AcDbDatabase>(false);
   krio::Report report;
@@ -221,6 +233,7 @@ bool tryReading(const Format& format, const Format& other, std::span<const std::
   drawAll(*database);
   writeAndReadAgain(format, *database);
   writeOtherwise(other, *database);
+  mendAndWrite(format, *database);
   return true;
 }
 

@@ -48,6 +48,7 @@ inline constexpr Format kDxf{krio::readDxf, krio::writeDxf};
 /// What any bytes must lead to: strictly read, a drawing or an error in the report; recovered, the same. A drawing can
 /// be audited and drawn, nothing of it stays open, and what can be written of it is read strictly and written again as
 /// the same bytes. What can be written in the other format is read strictly too, with as many entities in each block.
+/// What an audit mends of it is mended at once, and can be saved.
 void tryDrawing(const Format& format, const Format& other, std::span<const std::byte> bytes);
 
 /// A small stream of pseudorandom numbers, for mutators, which get a seed.

@@ -74,7 +74,9 @@ class AcDbOpener {
   static bool isOnLockedLayer(const AcDbStub& stub) {
     if (!stub.object->hasTrait(AcDbObject::kIsEntity)) return false;
     const AcDbStub* const layer = static_cast<const AcDbEntity*>(stub.object)->layerId_.stub();
-    if (layer == nullptr || layer->object == nullptr) return false;
+    // What a damaged file names as a layer may be anything.
+    if (layer == nullptr || layer->object == nullptr || layer->object->isA() != AcDbLayerTableRecord::desc())
+      return false;
     // A layer that something holds open for write is asked all the same: its state is what it holds now.
     return (static_cast<const AcDbLayerTableRecord*>(layer->object)->states_ & AcDbLayerTableRecord::kLocked) != 0;
   }

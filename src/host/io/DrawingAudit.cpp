@@ -84,7 +84,7 @@ class OwnAudits final : public AcDbAuditInfo {
 
 class Auditor {
  public:
-  Auditor(AcDbDatabase& db, bool fix) : db_(db), fix_(fix) {}
+  Auditor(AcDbDatabase& db, bool fix) : db_(db), fix_(fix), orphanage_(db) {}
 
   std::vector<AuditFinding> run();
 
@@ -100,6 +100,7 @@ class Auditor {
 
   AcDbDatabase& db_;
   bool fix_;
+  Orphanage orphanage_;
   std::vector<AuditFinding> found_;
   enum class Walk : char { kOpen, kClean, kCyclic };
   std::unordered_map<const AcDbStub*, Walk> walked_;
@@ -158,11 +159,8 @@ void Auditor::auditReferences(AcDbStub& stub) {
 
 void Auditor::auditOwner(AcDbStub& stub) {
   if (stub.owner == nullptr || stub.owner->object != nullptr) return;
-  const bool record = stub.object->isKindOf(AcDbSymbolTableRecord::desc());
-  const bool entity = stub.object->isKindOf(AcDbEntity::desc());
-  const char* const remedy = record ? "" : entity ? "put into model space" : "put into a dictionary";
-  found_.push_back(about(stub, kAuditOwner, "owner: no such object", remedy));
-  found_.back().fixed = fix_ && adoptOrphan(db_, stub);
+  found_.push_back(about(stub, kAuditOwner, "owner: no such object", Orphanage::remedyFor(*stub.object)));
+  found_.back().fixed = fix_ && orphanage_.take(stub);
 }
 
 void Auditor::auditReach(AcDbStub& stub) {
@@ -279,6 +277,9 @@ std::vector<AuditFinding> Auditor::run() {
     auditOwners(*stub);
     auditReferences(*stub);
     auditReach(*stub);
+  }
+  if (!orphanage_.close()) {
+    found_.push_back({kAuditOwner, 0, {}, "there is no dictionary to put objects without an owner into", {}, false});
   }
   auditInserts();
   askObjects();

@@ -64,16 +64,12 @@ void mendCommon(const AcDbDatabase& db, AcDbEntity& entity) {
   entity.setCommonAsRead(common);
 }
 
-AcDbStub* dictionaryThatLists(const AcDbDatabase& db, const AcDbStub& stub) {
-  for (const AcDbStub& each : db.handleTable().stubs()) {
-    const auto* const dictionary =
-        each.object != nullptr && !each.has(AcDbStub::kErased) ? AcDbDictionary::cast(each.object) : nullptr;
-    if (dictionary == nullptr) continue;
-    const auto& entries = dictionary->entries();
-    const auto isIt = [&](const auto& entry) { return entry.second.stub() == &stub; };
-    if (std::any_of(entries.begin(), entries.end(), isIt)) return dictionary->objectId().stub();
-  }
-  return nullptr;
+/// Whether an entity has a place only with another one, or with its block.
+bool isPart(const AcDbObject& object) {
+  for (const AcRxClass* const each : {AcDbBlockBegin::desc(), AcDbBlockEnd::desc(), AcDbSequenceEnd::desc(),
+                                      AcDbVertex::desc(), AcDbAttribute::desc()})
+    if (object.isKindOf(each)) return true;
+  return false;
 }
 
 void dropLostEntries(AcDbDictionary& dictionary) {
@@ -124,36 +120,60 @@ bool mendReferences(AcDbDatabase& db, AcDbStub& stub) {
   return !needsLost(*object);
 }
 
-bool adoptOrphan(AcDbDatabase& db, AcDbStub& stub) {
-  if (stub.object->isKindOf(AcDbEntity::desc())) {
-    const AcDbObjectPointer<AcDbBlockTableRecord> space(db.modelSpaceId(), AcDb::kForWrite);
+const char* Orphanage::remedyFor(const AcDbObject& orphan) {
+  if (orphan.isKindOf(AcDbSymbolTableRecord::desc()) || isPart(orphan)) return "";
+  return orphan.isKindOf(AcDbEntity::desc()) ? "put into model space" : "put into a dictionary";
+}
+
+bool Orphanage::take(AcDbStub& orphan) {
+  if (*remedyFor(*orphan.object) == '\0') return false;
+  if (orphan.object->isKindOf(AcDbEntity::desc())) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(db_.modelSpaceId(), AcDb::kForWrite);
     if (space.openStatus() != Acad::eOk) return false;
-    stub.owner = db.modelSpaceId().stub();
-    space->listAsRead(&stub);
+    orphan.owner = db_.modelSpaceId().stub();
+    space->listAsRead(&orphan);
     return true;
   }
-  if (stub.object->isKindOf(AcDbSymbolTableRecord::desc())) return false;
-  if (AcDbStub* const lister = dictionaryThatLists(db, stub)) {
-    stub.owner = lister;
-    return true;
+  if (!looked_) {
+    looked_ = true;
+    for (const AcDbStub& each : db_.handleTable().stubs()) {
+      const auto* const dictionary =
+          each.object != nullptr && !each.has(AcDbStub::kErased) ? AcDbDictionary::cast(each.object) : nullptr;
+      if (dictionary == nullptr) continue;
+      for (const auto& [name, id] : dictionary->entries()) listers_.emplace(id.stub(), dictionary->objectId().stub());
+    }
   }
-  const AcDbObjectPointer<AcDbDictionary> named(db.namedObjectsDictionaryId(), AcDb::kForWrite);
+  const auto lister = listers_.find(&orphan);
+  if (lister == listers_.end() || lister->second == &orphan) {
+    waiting_.push_back(&orphan);
+  } else {
+    orphan.owner = lister->second;
+  }
+  return true;
+}
+
+bool Orphanage::close() {
+  if (waiting_.empty()) return true;
+  const AcDbObjectPointer<AcDbDictionary> named(db_.namedObjectsDictionaryId(), AcDb::kForWrite);
   if (named.openStatus() != Acad::eOk) return false;
   AcDbObjectId id;
-  if (named->getAt(kRecoveredDictionary, id) != Acad::eOk) {
-    auto* const made = new AcDbDictionary;
-    if (named->setAt(kRecoveredDictionary, made, id) != Acad::eOk) {
-      delete made;
-      return false;
-    }
-    made->close();
+  auto* const made = new AcDbDictionary;
+  std::wstring name = kRecoveredDictionary;
+  for (int i = 1; named->getAt(name.c_str(), id) == Acad::eOk; ++i) name = kRecoveredDictionary + std::to_wstring(i);
+  if (named->setAt(name.c_str(), made, id) != Acad::eOk) {
+    delete made;
+    return false;
   }
-  const AcDbObjectPointer<AcDbDictionary> recovered(id, AcDb::kForWrite);
-  if (recovered.openStatus() != Acad::eOk) return false;
-  const AcDbObjectPointer<AcDbObject> orphan(AcDbObjectId(&stub), AcDb::kForWrite);
-  if (orphan.openStatus() != Acad::eOk) return false;
-  AcDbObjectId entry;
-  return recovered->setAt(handleText(stub).c_str(), orphan.object(), entry) == Acad::eOk;
+  std::vector<std::pair<std::wstring, AcDbStub*>> entries;
+  for (AcDbStub* const orphan : waiting_) entries.emplace_back(handleText(*orphan), orphan);
+  std::sort(entries.begin(), entries.end());
+  for (const auto& [handle, orphan] : entries) {
+    made->appendAsRead(handle, AcDbObjectId(orphan));
+    orphan->owner = id.stub();
+  }
+  made->close();
+  waiting_.clear();
+  return true;
 }
 
 }  // namespace krio

@@ -1,13 +1,18 @@
 #pragma once
 
+#include <unordered_map>
+#include <vector>
+
 struct AcDbStub;
 class AcDbDatabase;
+class AcDbObject;
 
 // What an audit does about references that lead to nothing.
 
 namespace krio {
 
-/// The dictionary, among the named objects, of objects whose owner was lost; each under its handle.
+/// The dictionary, among the named objects, of objects whose owner was lost; each under its handle. Further ones have a
+/// number behind the name.
 inline constexpr const wchar_t* kRecoveredDictionary = L"KR_RECOVERED";
 
 /// Gives an object something else for what it needs and the drawing lacks: ByLayer or Continuous for a linetype, an
@@ -16,8 +21,24 @@ inline constexpr const wchar_t* kRecoveredDictionary = L"KR_RECOVERED";
 /// nothing now that isn't there.
 bool mendReferences(AcDbDatabase& db, AcDbStub& stub);
 
-/// Gives an object whose owner isn't there another: the dictionary that lists it, model space for an entity, and
-/// kRecoveredDictionary for the rest. False for records of tables, which only their table can own.
-bool adoptOrphan(AcDbDatabase& db, AcDbStub& stub);
+/// Gives objects whose owner isn't there another: the dictionary that lists one, model space for an entity, and
+/// kRecoveredDictionary for the rest. Records of tables, and what belongs to another entity or a block, have no other.
+class Orphanage {
+ public:
+  explicit Orphanage(AcDbDatabase& db) : db_(db) {}
+
+  /// Where an orphan goes, in words; empty for one that can't be helped.
+  static const char* remedyFor(const AcDbObject& orphan);
+  /// Gives it an owner; false as above. Those for kRecoveredDictionary wait for close().
+  bool take(AcDbStub& orphan);
+  /// Fills kRecoveredDictionary. False when that can't be had.
+  bool close();
+
+ private:
+  AcDbDatabase& db_;
+  bool looked_ = false;
+  std::unordered_map<const AcDbStub*, AcDbStub*> listers_;  // what stands in a dictionary, by the dictionary
+  std::vector<AcDbStub*> waiting_;
+};
 
 }  // namespace krio

@@ -111,6 +111,20 @@ TEST_F(Opening, EntitiesOnALockedLayerCantBeWritten) {
   EXPECT_EQ(tryOpen(AcDb::kForWrite), Acad::eOk);
 }
 
+// A damaged file can name anything as an entity's layer: only a layer's lock counts.
+TEST_F(Opening, NothingButALayerLocksAnEntity) {
+  auto& entity = *static_cast<AcDbEntity*>(id.stub()->object);
+  std::vector<AcDbObjectId> all;
+  for (const AcDbStub& stub : db.handleTable().stubs()) all.emplace_back(const_cast<AcDbStub*>(&stub));
+  ASSERT_GT(all.size(), 20U);
+  for (const AcDbObjectId each : all) {
+    AcDbEntity::Common common = entity.common();
+    common.layer = each;
+    entity.setCommonAsRead(common);
+    EXPECT_EQ(tryOpen(AcDb::kForWrite), Acad::eOk) << each.handle().value();
+  }
+}
+
 std::wstring lastAbort;
 
 TEST_F(Opening, WritingToAnObjectOpenForReadAborts) {

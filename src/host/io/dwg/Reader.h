@@ -9,6 +9,7 @@
 
 #include "host/io/dwg/Container.h"
 #include "host/io/dwg/Frame.h"
+#include "host/io/dwg/RecordNames.h"
 #include "host/io/dwg/Types.h"
 
 namespace krio::dwg {
@@ -94,7 +95,11 @@ class Reader {
   void dropForeignEnds();
   bool breakOwnerCircles();
   void listRecords();
-  void nameAlone(std::unordered_set<std::wstring>& names, AcDbSymbolTableRecord& record);
+  struct TableNames {
+    std::unordered_set<std::wstring> taken;
+    RecordNames further;
+  };
+  void nameAlone(TableNames& names, AcDbSymbolTableRecord& record);
   bool dropLooseParts();
   void dropForeignTables();
   void adoptStrays();

@@ -3,7 +3,6 @@
 
 #include "host/db/OwnerChain.h"
 #include "host/io/dwg/Reader.h"
-#include "host/io/dwg/RecordNames.h"
 #include "host/io/dwg/ValueBytes.h"
 #include "host/os/os.h"
 
@@ -77,10 +76,10 @@ void Reader::dropForeignEnds() {
 
 /// Gives a record that has the name of another of its table one of its own: by their names the exchange format refers
 /// to records, and so do people.
-void Reader::nameAlone(std::unordered_set<std::wstring>& names, AcDbSymbolTableRecord& record) {
-  if (names.insert(acdbFoldedName(record.nameText().c_str())).second) return;
-  const std::wstring name = freeName(
-      record.nameText(), [&](const std::wstring& each) { return names.insert(acdbFoldedName(each.c_str())).second; });
+void Reader::nameAlone(TableNames& names, AcDbSymbolTableRecord& record) {
+  const auto take = [&](const std::wstring& name) { return names.taken.insert(acdbFoldedName(name.c_str())).second; };
+  if (take(record.nameText())) return;
+  const std::wstring name = names.further.make(record.nameText(), take);
   report_.warn("the name \"" + os::toUtf8(record.nameText()) + "\" stands twice in a table; the second is now \"" +
                    os::toUtf8(name) + "\"",
                record.objectId().handle().value(), -1, true);
@@ -89,7 +88,7 @@ void Reader::nameAlone(std::unordered_set<std::wstring>& names, AcDbSymbolTableR
 
 void Reader::listRecords() {
   std::unordered_set<AcDbStub*> listed;
-  std::unordered_map<AcDbStub*, std::unordered_set<std::wstring>> names;
+  std::unordered_map<AcDbStub*, TableNames> names;
   const auto listIn = [&](AcDbStub* tableStub, AcDbStub* stub) {
     auto* const table = tableStub->object != nullptr ? AcDbSymbolTable::cast(tableStub->object) : nullptr;
     auto* const record = AcDbSymbolTableRecord::cast(stub->object);

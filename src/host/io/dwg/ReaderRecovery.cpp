@@ -2,7 +2,7 @@
 
 #include "host/io/dwg/Reader.h"
 #include "host/io/dwg/RecordFields.h"
-#include "host/io/dwg/RecordNames.h"
+#include "host/os/os.h"
 
 // What a reader puts right in damaged files alone.
 
@@ -32,7 +32,11 @@ constexpr NamedRole kNamedRoles[] = {{AcDbHeader::kBLOCK_MODEL_SPACE, kBlockReco
 /// Entities name neither their space nor the usual linetypes: where the variables that do are damaged, the records are
 /// found by their names, ahead of all that refers to them.
 void Reader::findNamedRecords() {
-  std::unordered_map<std::uint64_t, std::wstring> names[std::size(kNamedRoles)];
+  AcDbHeader& header = database_.header();
+  struct Found {
+    bool asTold = false;
+    std::uint64_t first = 0;
+  } found[std::size(kNamedRoles)];
   std::size_t budget = file_.size();
   for (const MapEntry& entry : container_.map()) {
     const auto object = container_.objectAt(entry.address);
@@ -47,24 +51,20 @@ void Reader::findNamedRecords() {
     AcDbSymbolTableRecord::FilePart part;
     codeFilePart(decoder, name, part);
     if (decoder.failed()) continue;
+    const std::wstring folded = acdbFoldedName(name.c_str());
     for (std::size_t i = 0; i < std::size(kNamedRoles); ++i) {
-      if (frame->type == kNamedRoles[i].type) names[i].emplace(entry.handle, acdbFoldedName(name.c_str()));
+      const NamedRole& role = kNamedRoles[i];
+      if (frame->type != role.type || folded != acdbFoldedName(role.name)) continue;
+      if (header.id(role.variable).handle().value() == entry.handle) found[i].asTold = true;
+      if (found[i].first == 0) found[i].first = entry.handle;
     }
   }
-  AcDbHeader& header = database_.header();
   for (std::size_t i = 0; i < std::size(kNamedRoles); ++i) {
+    if (found[i].asTold || found[i].first == 0) continue;
     const NamedRole& role = kNamedRoles[i];
-    const std::wstring wanted = acdbFoldedName(role.name);
-    const auto told = names[i].find(header.id(role.variable).handle().value());
-    if (told != names[i].end() && told->second == wanted) continue;
-    std::uint64_t found = 0;
-    for (const auto& [handle, name] : names[i]) {
-      if (name == wanted && (found == 0 || handle < found)) found = handle;
-    }
-    if (found == 0) continue;
-    report_.warn("the variables don't name \"" + os::toUtf8(role.name) + "\"; the record of that name was taken", found,
-                 -1, true);
-    header.setId(role.variable, AcDbObjectId(database_.handleTable().find(found)));
+    report_.warn("the variables don't name \"" + os::toUtf8(role.name) + "\"; the record of that name was taken",
+                 found[i].first, -1, true);
+    header.setId(role.variable, AcDbObjectId(database_.handleTable().find(found[i].first)));
   }
 }
 
@@ -129,6 +129,7 @@ void Reader::adoptStrays() {
   const AcDbObjectId ids[] = {database_.blockTableId(),    database_.layerTableId(),     database_.linetypeTableId(),
                               database_.dimStyleTableId(), database_.textStyleTableId(), database_.viewportTableId(),
                               database_.regAppTableId(),   database_.viewTableId(),      database_.UCSTableId()};
+  std::unordered_map<const AcDbStub*, RecordNames> names;
   for (AcDbStub* const stub : strays_) {
     if (stub->object == nullptr || stub->has(AcDbStub::kErased)) continue;
     auto& record = static_cast<AcDbSymbolTableRecord&>(*stub->object);
@@ -148,7 +149,8 @@ void Reader::adoptStrays() {
     }
     const auto isFree = [&](const std::wstring& name) { return !hasRecord(*id, name); };
     const bool manyOfAName = table.isKindOf(AcDbViewportTable::desc());
-    if (!manyOfAName && !isFree(record.nameText())) record.setNameAsRead(freeName(record.nameText(), isFree));
+    if (!manyOfAName && !isFree(record.nameText()))
+      record.setNameAsRead(names[id->stub()].make(record.nameText(), isFree));
     stub->owner = id->stub();
     table.listAsRead(record);
     report_.warn("the record belonged to no table; it was put into that of its kind", stub->handle, -1, true);
