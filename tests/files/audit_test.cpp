@@ -339,6 +339,45 @@ TEST(AuditOfADrawing, PutsInPlaceOfWhatIsLostWhatComesNearest) {
   }
 }
 
+TEST(AuditOfADrawing, TellsALinetypeAndALayerThatAreOneLostObject) {
+  Drawing drawing;
+  const AcDbObjectId gone(nobody(*drawing.database()));
+  withCommon(drawing, line(), [&](AcDbEntity::Common& common) {
+    common.layer = gone;
+    common.linetype = gone;
+    common.linetypeForm = AcDbEntity::kLinetypeById;
+  });
+  const std::vector<AuditFinding> found = krio::auditDrawing(*drawing.database(), true);
+  ASSERT_EQ(found.size(), 2U) << textOf(found);
+  EXPECT_EQ(found[0].number, krio::kAuditReference);
+  EXPECT_EQ(found[1].number, krio::kAuditLayer);
+  EXPECT_TRUE(krio::auditDrawing(*drawing.database(), false).empty());
+}
+
+TEST(AuditOfADrawing, GivesNoOwnersThatFormACircle) {
+  Drawing drawing;
+  AcDbDatabase& database = *drawing.database();
+  const AcDbObjectId gone(nobody(database));
+  AcDbObjectId ids[2];
+  for (AcDbObjectId& id : ids) {
+    auto* const dictionary = new AcDbDictionary;
+    ASSERT_EQ(database.addAcDbObject(id, dictionary, gone, AcDbHandle()), Acad::eOk);
+    dictionary->close();
+  }
+  // Each lists the other, and the dictionary of named objects has lost its owner too.
+  for (int i = 0; i < 2; ++i) static_cast<AcDbDictionary*>(ids[i].stub()->object)->appendAsRead(L"OTHER", ids[1 - i]);
+  database.namedObjectsDictionaryId().stub()->owner = gone.stub();
+  const std::vector<AuditFinding> found = krio::auditDrawing(database, true);
+  ASSERT_EQ(found.size(), 3U) << textOf(found);
+  for (const AuditFinding& each : found) EXPECT_TRUE(each.fixed) << each.what;
+  EXPECT_TRUE(krio::auditDrawing(database, false).empty());
+  EXPECT_EQ(database.namedObjectsDictionaryId().stub()->owner, nullptr);
+  for (const Form form : {Form::kDwg, Form::kDxf}) {
+    Opened opened(saved(database, form));
+    EXPECT_TRUE(krio::auditDrawing(opened.database(), false).empty());
+  }
+}
+
 TEST(AuditOfARing, TellsEachBlockOfItAndNoneBesideIt) {
   AcDbDatabase database;
   const AcDbObjectId first = blockThatInserts(database, L"FIRST", AcDbObjectId::kNull);

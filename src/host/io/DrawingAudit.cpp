@@ -130,14 +130,20 @@ void Auditor::auditReferences(AcDbStub& stub) {
     found_.push_back(about(stub, kAuditReference, "the object can't be filed: " + os::toUtf8(acadErrorStatusText(es))));
     return;
   }
+  const auto* const entity = AcDbEntity::cast(stub.object);
+  bool layerPassed = false;
   std::unordered_set<const AcDbStub*> told;
   const std::size_t before = found_.size();
   filer.visitReferences([&](AcDbReferenceKind kind, AcDbObjectId& id) {
     const bool hard = kind == AcDbReferenceKind::kHardPointer || kind == AcDbReferenceKind::kHardOwner;
-    // What a proxy's data mean nobody knows. A layer that isn't there is told by the entity itself.
-    if (!hard || proxy || id.isNull() || id.isResident() || !told.insert(id.stub()).second) return;
-    const auto* const entity = AcDbEntity::cast(stub.object);
-    if (entity != nullptr && entity->layerReference() == id) return;
+    // What a proxy's data mean nobody knows.
+    if (!hard || proxy || id.isNull() || id.isResident()) return;
+    // A layer that isn't there is told by the entity itself; its linetype can be the same object.
+    if (entity != nullptr && !layerPassed && entity->layerReference() == id) {
+      layerPassed = true;
+      return;
+    }
+    if (!told.insert(id.stub()).second) return;
     found_.push_back(about(stub, kAuditReference, "it needs object " + handleOf(*id.stub()) + ", which isn't there"));
   });
   // A copy leaves the entries of a dictionary out.

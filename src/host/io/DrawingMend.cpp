@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "host/db/OwnerChain.h"
 #include "host/db/db.h"
 #include "host/io/HostClasses.h"
 
@@ -72,6 +73,11 @@ bool isPart(const AcDbObject& object) {
   return false;
 }
 
+/// Whether an object is one of those that nothing owns: a table, the dictionary of named objects.
+bool isRoot(const AcDbObject& object) {
+  return object.isKindOf(AcDbSymbolTable::desc()) || object.objectId() == object.database()->namedObjectsDictionaryId();
+}
+
 void dropLostEntries(AcDbDictionary& dictionary) {
   std::vector<std::wstring> names;
   for (const auto& [name, id] : dictionary.entries()) {
@@ -122,7 +128,8 @@ bool mendReferences(AcDbDatabase& db, AcDbStub& stub) {
 
 const char* Orphanage::remedyFor(const AcDbObject& orphan) {
   if (orphan.isKindOf(AcDbSymbolTableRecord::desc()) || isPart(orphan)) return "";
-  return orphan.isKindOf(AcDbEntity::desc()) ? "put into model space" : "put into a dictionary";
+  if (orphan.isKindOf(AcDbEntity::desc())) return "put into model space";
+  return isRoot(orphan) ? "does without" : "put into a dictionary";
 }
 
 bool Orphanage::take(AcDbStub& orphan) {
@@ -134,6 +141,10 @@ bool Orphanage::take(AcDbStub& orphan) {
     space->listAsRead(&orphan);
     return true;
   }
+  if (isRoot(*orphan.object)) {
+    orphan.owner = nullptr;
+    return true;
+  }
   if (!looked_) {
     looked_ = true;
     for (const AcDbStub& each : db_.handleTable().stubs()) {
@@ -143,12 +154,15 @@ bool Orphanage::take(AcDbStub& orphan) {
       for (const auto& [name, id] : dictionary->entries()) listers_.emplace(id.stub(), dictionary->objectId().stub());
     }
   }
+  AcDbStub* const gone = orphan.owner;
   const auto lister = listers_.find(&orphan);
-  if (lister == listers_.end() || lister->second == &orphan) {
-    waiting_.push_back(&orphan);
-  } else {
+  if (lister != listers_.end()) {
     orphan.owner = lister->second;
+    // Dictionaries may list each other.
+    if (!isInOwnerCircle(orphan)) return true;
   }
+  orphan.owner = gone;
+  waiting_.push_back(&orphan);
   return true;
 }
 

@@ -21,8 +21,9 @@ inline constexpr const wchar_t* kRecoveredDictionary = L"KR_RECOVERED";
 /// nothing now that isn't there.
 bool mendReferences(AcDbDatabase& db, AcDbStub& stub);
 
-/// Gives objects whose owner isn't there another: the dictionary that lists one, model space for an entity, and
-/// kRecoveredDictionary for the rest. Records of tables, and what belongs to another entity or a block, have no other.
+/// Gives objects whose owner isn't there another: the dictionary that lists one, model space for an entity, none for a
+/// table or the dictionary of named objects, and kRecoveredDictionary for the rest. Records of tables, and what belongs
+/// to another entity or a block, have no other.
 class Orphanage {
  public:
   explicit Orphanage(AcDbDatabase& db) : db_(db) {}

@@ -677,6 +677,16 @@ TEST(DxfProxy, KeepsTheHandleThatStandsAheadOfItsOwnGroups) {
   }
 }
 
+// Some programs end a line at a return alone.
+TEST(DxfProxy, KeepsAReturnWithinAValueAsOtherTextsDo) {
+  const Read read = readText(entitiesFile(groups({{0, "SPLINE"}, {8, "0"}, {100, "AcDbSpline"}, {1, "ab\rcd"}})));
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  const std::string text = writeText(*read.db);
+  EXPECT_EQ(text.find('\r'), std::string::npos);
+  EXPECT_THAT(text, HasSubstr("\n  1\nab^Mcd\n"));
+  EXPECT_EQ(writeText(*readText(text).db), text);
+}
+
 // Written as what it stands for, such a name would end the section in the saved file.
 TEST(DxfReader, TakesNoNameThatStandsForAnother) {
   const auto statusOf = [](const char* name) {

@@ -30,13 +30,14 @@ std::vector<std::pair<int, std::string>> groupsOf(std::string_view text) {
 
 using Groups = std::vector<std::pair<int, std::string>>;
 
-TEST(PlainAscii, HasNoLetterBeyondAndNoneOfNothing) {
+TEST(PlainAscii, HasNoLetterBeyondNoneOfNothingAndNoReturn) {
   for (std::size_t length = 0; length <= 20; ++length) {
-    const std::string plain(length, '\x01');
+    std::string plain(length, '\x01');
+    for (std::size_t i = 0; i < length; i += 3) plain[i] = i % 2 == 0 ? '\x0C' : '\x0E';  // the neighbours of a return
     EXPECT_TRUE(krio::dxf::isPlainAscii(plain)) << length;
     EXPECT_TRUE(krio::dxf::isPlainAscii(std::string(length, '\x7F'))) << length;
     for (std::size_t place = 0; place < length; ++place) {
-      for (const char odd : {'\0', '\x80', '\xFF'}) {
+      for (const char odd : {'\0', '\r', '\x80', '\xFF'}) {
         std::string text = plain;
         text[place] = odd;
         EXPECT_FALSE(krio::dxf::isPlainAscii(text)) << length << " with one at " << place;

@@ -77,6 +77,8 @@ class FrameReader {
   bool readFields(AcDbObject& object, bool markers, bool isHosts, std::string& why);
   /// Keeps the groups up to the extended data.
   void keepGroups(AcDbProxyData& data);
+  /// A value as a proxy keeps it: a return within it, where other programs end the line, stands as ^M.
+  std::string keptText(std::string_view value) const;
   /// Reads the groups of a proxy's record as another program wrote it. The picture goes to the frame.
   void readProxyRecord(AcDbProxyData& data);
   void describe(AcDbProxyData& data, std::string_view dxfName, const ObjectKind& kind);

@@ -331,10 +331,16 @@ void FrameReader::keepGroups(AcDbProxyData& data) {
     if (isPlainAscii(value)) {
       groups_.push_back(in_.code(), value);
     } else {
-      groups_.push_back(in_.code(), os::toUtf8(in_.page().decode(value)));
+      groups_.push_back(in_.code(), keptText(value));
     }
   }
   data.groups = groups_;
+}
+
+std::string FrameReader::keptText(std::string_view value) const {
+  std::string text;
+  for (const char c : os::toUtf8(in_.page().decode(value))) text += c == '\r' ? "^M" : std::string(1, c);
+  return text;
 }
 
 void FrameReader::describe(AcDbProxyData& data, std::string_view dxfName, const ObjectKind& kind) {
