@@ -354,6 +354,41 @@ TEST(AuditOfADrawing, TellsALinetypeAndALayerThatAreOneLostObject) {
   EXPECT_TRUE(krio::auditDrawing(*drawing.database(), false).empty());
 }
 
+TEST(AuditOfADrawing, GivesALayoutItsBlockAgainOrTakesItOut) {
+  Drawing drawing;
+  AcDbDatabase& database = *drawing.database();
+  saved(database, Form::kDwg);  // makes the layouts
+  const auto layoutNamed = [](AcDbDatabase& in, const wchar_t* name) {
+    AcDbObjectId id;
+    for (const wchar_t* const key : {L"ACAD_LAYOUT", name}) {
+      const AcDbObjectPointer<AcDbDictionary> dictionary(id.isNull() ? in.namedObjectsDictionaryId() : id,
+                                                         AcDb::kForRead);
+      if (dictionary.openStatus() != Acad::eOk || dictionary->getAt(key, id) != Acad::eOk) return AcDbObjectId();
+    }
+    return id;
+  };
+  const AcDbObjectId model = layoutNamed(database, L"Model");
+  const AcDbObjectId paper = layoutNamed(database, L"Layout1");
+  ASSERT_TRUE(model.isResident() && paper.isResident());
+  for (const AcDbObjectId id : {model, paper})
+    static_cast<AcDbLayout*>(id.stub()->object)->layoutDataAsRead().block = AcDbObjectId(nobody(database));
+  auto* const space = static_cast<AcDbBlockTableRecord*>(database.paperSpaceId().stub()->object);
+  space->dataAsRead().layout.setNull();
+  const std::vector<AuditFinding> found = krio::auditDrawing(database, true);
+  ASSERT_EQ(found.size(), 2U) << textOf(found);
+  for (const AuditFinding& each : found) EXPECT_TRUE(each.fixed);
+  EXPECT_EQ(static_cast<AcDbLayout*>(model.stub()->object)->layoutData().block.handle(),
+            database.modelSpaceId().handle());
+  EXPECT_TRUE(paper.isErased());
+  for (const Form form : {Form::kDwg, Form::kDxf}) {
+    Opened opened(saved(database, form));
+    EXPECT_TRUE(krio::auditDrawing(opened.database(), false).empty());
+    // A save makes a new one for the space that has none.
+    EXPECT_TRUE(layoutNamed(opened.database(), L"Layout1").isResident());
+    EXPECT_NE(layoutNamed(opened.database(), L"Layout1").handle(), paper.handle());
+  }
+}
+
 TEST(AuditOfADrawing, GivesNoOwnersThatFormACircle) {
   Drawing drawing;
   AcDbDatabase& database = *drawing.database();

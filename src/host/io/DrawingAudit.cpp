@@ -92,6 +92,7 @@ class Auditor {
   void auditOwners(const AcDbStub& stub);
   void auditOwner(AcDbStub& stub);
   void auditReferences(AcDbStub& stub);
+  void auditLayout(AcDbStub& stub);
   void auditReach(AcDbStub& stub);
   void auditListing();
   void auditInserts();
@@ -167,6 +168,16 @@ void Auditor::auditOwner(AcDbStub& stub) {
   if (stub.owner == nullptr || stub.owner->object != nullptr) return;
   found_.push_back(about(stub, kAuditOwner, "owner: no such object", Orphanage::remedyFor(*stub.object)));
   found_.back().fixed = fix_ && orphanage_.take(stub);
+}
+
+void Auditor::auditLayout(AcDbStub& stub) {
+  auto* const layout = AcDbLayout::cast(stub.object);
+  if (layout == nullptr) return;
+  const AcDbStub* const block = layout->layoutData().block.stub();
+  if (isThere(block) && block->object->isKindOf(AcDbBlockTableRecord::desc())) return;
+  found_.push_back(
+      about(stub, kAuditReference, "the layout's block isn't there", "shows the block that names it, or goes"));
+  found_.back().fixed = fix_ && mendLayout(db_, stub);
 }
 
 void Auditor::auditReach(AcDbStub& stub) {
@@ -282,6 +293,8 @@ std::vector<AuditFinding> Auditor::run() {
     auditOwner(*stub);
     auditOwners(*stub);
     auditReferences(*stub);
+    auditLayout(*stub);
+    if (!isThere(stub)) continue;
     auditReach(*stub);
   }
   if (!orphanage_.close()) {

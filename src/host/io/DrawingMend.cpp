@@ -126,6 +126,25 @@ bool mendReferences(AcDbDatabase& db, AcDbStub& stub) {
   return !needsLost(*object);
 }
 
+bool mendLayout(AcDbDatabase& db, AcDbStub& stub) {
+  const AcDbObjectPointer<AcDbLayout> layout(AcDbObjectId(&stub), AcDb::kForWrite);
+  if (layout.openStatus() != Acad::eOk) return false;
+  const AcDbObjectPointer<AcDbBlockTable> table(db.blockTableId(), AcDb::kForRead);
+  if (table.openStatus() != Acad::eOk) return false;
+  for (const AcDbObjectId id : table->recordIds()) {
+    if (!id.isResident() || id.isErased()) continue;
+    if (static_cast<const AcDbBlockTableRecord*>(id.stub()->object)->data().layout.stub() != &stub) continue;
+    layout->layoutDataAsRead().block = id;
+    return true;
+  }
+  const auto* const owner = stub.owner != nullptr ? stub.owner->object : nullptr;
+  if (AcDbDictionary::cast(owner) != nullptr) {
+    const AcDbObjectPointer<AcDbDictionary> dictionary(AcDbObjectId(stub.owner), AcDb::kForWrite);
+    if (dictionary.openStatus() == Acad::eOk) dictionary->remove(AcDbObjectId(&stub));
+  }
+  return layout->erase() == Acad::eOk;
+}
+
 const char* Orphanage::remedyFor(const AcDbObject& orphan) {
   if (orphan.isKindOf(AcDbSymbolTableRecord::desc()) || isPart(orphan)) return "";
   if (orphan.isKindOf(AcDbEntity::desc())) return "put into model space";

@@ -677,6 +677,16 @@ TEST(DxfProxy, KeepsTheHandleThatStandsAheadOfItsOwnGroups) {
   }
 }
 
+// No program reads a point of one coordinate; kept as it was, it would cost the whole drawing elsewhere.
+TEST(DxfProxy, GetsTheSecondCoordinateOfAPointWhenRecovered) {
+  const std::string spline =
+      groups({{0, "SPLINE"}, {8, "0"}, {100, "AcDbSpline"}, {10, "5.0"}, {11, "1.0"}, {21, "2.0"}, {210, "1.0"}});
+  const Read read = readText(entitiesFile(spline) + "no code\n", true);
+  ASSERT_EQ(read.status, Acad::eOk) << messages(read.report);
+  EXPECT_THAT(messages(read.report), HasSubstr("a point has one coordinate"));
+  EXPECT_THAT(writeText(*read.db), HasSubstr("\n 10\n5.0\n 20\n0.0\n 11\n1.0\n 21\n2.0\n210\n1.0\n220\n0.0\n"));
+}
+
 // Some programs end a line at a return alone.
 TEST(DxfProxy, KeepsAReturnWithinAValueAsOtherTextsDo) {
   const Read read = readText(entitiesFile(groups({{0, "SPLINE"}, {8, "0"}, {100, "AcDbSpline"}, {1, "ab\rcd"}})));

@@ -409,7 +409,7 @@ void EntityReader::keepSequence(AcDbProxyData& data) {
     }
     const bool last = in_.value() == "SEQEND";
     data.groups.push_back(0, in_.value());
-    while (in_.nextField()) data.groups.push_back(in_.code(), frames_.keptText(in_.value()));
+    while (in_.nextField()) frames_.keepGroup(data.groups);
     if (last) return;
   }
   in_.warn(kNoSequenceEnd, frame_.handle);

@@ -77,6 +77,9 @@ class FrameReader {
   bool readFields(AcDbObject& object, bool markers, bool isHosts, std::string& why);
   /// Keeps the groups up to the extended data.
   void keepGroups(AcDbProxyData& data);
+  /// Keeps the group read last. Recovering, one that isn't of its kind becomes 0, and a point gets its second
+  /// coordinate.
+  void keepGroup(AcDbProxyGroups& groups);
   /// A value as a proxy keeps it: a return within it, where other programs end the line, stands as ^M.
   std::string keptText(std::string_view value) const;
   /// Reads the groups of a proxy's record as another program wrote it. The picture goes to the frame.

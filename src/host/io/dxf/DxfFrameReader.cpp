@@ -51,6 +51,11 @@ bool isOfItsKind(int code, std::string_view value) {
   }
 }
 
+/// Whether a group is the first coordinate of a point: no program reads one without the second.
+constexpr bool isFirstOfPoint(int code) {
+  return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || code == 210 || code == 211;
+}
+
 }  // namespace
 
 bool isStructural(std::string_view name, const CodePage& page) {
@@ -322,19 +327,28 @@ void FrameReader::keepGroups(AcDbProxyData& data) {
       in_.scanner().pushBack();
       break;
     }
-    std::string_view value = in_.value();
-    if (in_.recovers() && !isOfItsKind(in_.code(), value)) {
-      // Kept as it is, it would make the saved file faulty again.
-      in_.fault("a value isn't of its group's kind");
-      value = dxf::kindOf(in_.code()) == Kind::kBinary ? "" : "0";
-    }
-    if (isPlainAscii(value)) {
-      groups_.push_back(in_.code(), value);
-    } else {
-      groups_.push_back(in_.code(), keptText(value));
-    }
+    keepGroup(groups_);
   }
   data.groups = groups_;
+}
+
+void FrameReader::keepGroup(AcDbProxyGroups& groups) {
+  const int code = in_.code();
+  std::string_view value = in_.value();
+  if (in_.recovers() && !isOfItsKind(code, value)) {
+    // Kept as it is, it would make the saved file faulty again.
+    in_.fault("a value isn't of its group's kind");
+    value = dxf::kindOf(code) == Kind::kBinary ? "" : "0";
+  }
+  if (isPlainAscii(value)) {
+    groups.push_back(code, value);
+  } else {
+    groups.push_back(code, keptText(value));
+  }
+  constexpr int kToNextCoordinate = 10;
+  if (!in_.recovers() || !isFirstOfPoint(code) || in_.peekCode() == code + kToNextCoordinate) return;
+  in_.fault("a point has one coordinate");
+  groups.push_back(code + kToNextCoordinate, "0.0");
 }
 
 std::string FrameReader::keptText(std::string_view value) const {
