@@ -201,7 +201,10 @@ std::vector<Fault> faults() {
       {"EntryOfADictionaryNotThere", krio::kAuditReference, true, "its entry \"Layout7\" is object FFFFF0",
        [](Drawing& d) {
          const AcDbObjectId id = d.database()->layoutDictionaryId();
-         static_cast<AcDbDictionary*>(id.stub()->object)->appendAsRead(L"Layout7", AcDbObjectId(nobody(*d.database())));
+         auto& dictionary = *static_cast<AcDbDictionary*>(id.stub()->object);
+         // One of that name is there, too.
+         dictionary.appendAsRead(L"Layout7", dictionary.entries().front().second);
+         dictionary.appendAsRead(L"Layout7", AcDbObjectId(nobody(*d.database())));
          return id;
        }},
       {"DefaultOfADictionaryNotThere", krio::kAuditReference, true, "FFFFF0, which isn't there",
@@ -374,6 +377,8 @@ TEST(AuditOfADrawing, GivesALayoutItsBlockAgainOrTakesItOut) {
     static_cast<AcDbLayout*>(id.stub()->object)->layoutDataAsRead().block = AcDbObjectId(nobody(database));
   auto* const space = static_cast<AcDbBlockTableRecord*>(database.paperSpaceId().stub()->object);
   space->dataAsRead().layout.setNull();
+  // It stands in two dictionaries.
+  static_cast<AcDbDictionary*>(database.namedObjectsDictionaryId().stub()->object)->appendAsRead(L"ZZZ", paper);
   const std::vector<AuditFinding> found = krio::auditDrawing(database, true);
   ASSERT_EQ(found.size(), 2U) << textOf(found);
   for (const AuditFinding& each : found) EXPECT_TRUE(each.fixed);

@@ -102,6 +102,7 @@ class Auditor {
   AcDbDatabase& db_;
   bool fix_;
   Orphanage orphanage_;
+  bool layoutsGone_ = false;
   std::vector<AuditFinding> found_;
   enum class Walk : char { kOpen, kClean, kCyclic };
   std::unordered_map<const AcDbStub*, Walk> walked_;
@@ -178,6 +179,7 @@ void Auditor::auditLayout(AcDbStub& stub) {
   found_.push_back(
       about(stub, kAuditReference, "the layout's block isn't there", "shows the block that names it, or goes"));
   found_.back().fixed = fix_ && mendLayout(db_, stub);
+  layoutsGone_ = layoutsGone_ || !isThere(&stub);
 }
 
 void Auditor::auditReach(AcDbStub& stub) {
@@ -297,6 +299,7 @@ std::vector<AuditFinding> Auditor::run() {
     if (!isThere(stub)) continue;
     auditReach(*stub);
   }
+  if (layoutsGone_) forgetLayouts(db_);
   if (!orphanage_.close()) {
     found_.push_back({kAuditOwner, 0, {}, "there is no dictionary to put objects without an owner into", {}, false});
   }

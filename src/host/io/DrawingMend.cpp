@@ -79,11 +79,13 @@ bool isRoot(const AcDbObject& object) {
 }
 
 void dropLostEntries(AcDbDictionary& dictionary) {
-  std::vector<std::wstring> names;
+  // By what they are: a damaged dictionary may have two of a name.
+  std::vector<AcDbObjectId> lost;
   for (const auto& [name, id] : dictionary.entries()) {
-    if (isLost(id)) names.push_back(name);
+    if (isLost(id)) lost.push_back(id);
   }
-  for (const std::wstring& name : names) dictionary.remove(name.c_str());
+  // From the end, so that few entries move up.
+  for (auto id = lost.rbegin(); id != lost.rend(); ++id) dictionary.remove(*id);
 }
 
 bool isHard(AcDbReferenceKind kind) {
@@ -137,12 +139,23 @@ bool mendLayout(AcDbDatabase& db, AcDbStub& stub) {
     layout->layoutDataAsRead().block = id;
     return true;
   }
-  const auto* const owner = stub.owner != nullptr ? stub.owner->object : nullptr;
-  if (AcDbDictionary::cast(owner) != nullptr) {
-    const AcDbObjectPointer<AcDbDictionary> dictionary(AcDbObjectId(stub.owner), AcDb::kForWrite);
-    if (dictionary.openStatus() == Acad::eOk) dictionary->remove(AcDbObjectId(&stub));
-  }
   return layout->erase() == Acad::eOk;
+}
+
+void forgetLayouts(AcDbDatabase& db) {
+  for (const AcDbStub& stub : db.handleTable().stubs()) {
+    auto* const dictionary =
+        stub.object != nullptr && !stub.has(AcDbStub::kErased) ? AcDbDictionary::cast(stub.object) : nullptr;
+    if (dictionary == nullptr) continue;
+    std::vector<AcDbObjectId> gone;
+    for (const auto& [name, id] : dictionary->entries()) {
+      if (id.isErased() && AcDbLayout::cast(id.stub()->object) != nullptr) gone.push_back(id);
+    }
+    if (gone.empty()) continue;
+    const AcDbObjectPointer<AcDbDictionary> open(dictionary->objectId(), AcDb::kForWrite);
+    if (open.openStatus() != Acad::eOk) continue;
+    for (const AcDbObjectId id : gone) open->remove(id);
+  }
 }
 
 const char* Orphanage::remedyFor(const AcDbObject& orphan) {

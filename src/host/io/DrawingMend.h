@@ -24,6 +24,8 @@ bool mendReferences(AcDbDatabase& db, AcDbStub& stub);
 /// Gives a layout whose block isn't there the one that names it as its layout, or else erases it: a layout shows a
 /// block and is nothing without. False where it can't be opened.
 bool mendLayout(AcDbDatabase& db, AcDbStub& stub);
+/// Takes erased layouts out of the dictionaries that list them.
+void forgetLayouts(AcDbDatabase& db);
 
 /// Gives objects whose owner isn't there another: the dictionary that lists one, model space for an entity, none for a
 /// table or the dictionary of named objects, and kRecoveredDictionary for the rest. Records of tables, and what belongs
