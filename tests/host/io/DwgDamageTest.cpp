@@ -33,6 +33,17 @@ Bytes smallDrawing() {
   return saved(database);
 }
 
+/// The outer form of a whole file.
+struct OuterForm {
+  explicit OuterForm(const Bytes& bytes)
+      : policy(report, false), container({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, policy) {
+    EXPECT_TRUE(container.read());
+  }
+  krio::Report report;
+  krio::dwg::FaultPolicy policy;
+  krio::dwg::Container container;
+};
+
 bool hasError(const krio::Report& report) {
   return std::any_of(report.findings.begin(), report.findings.end(),
                      [](const auto& finding) { return finding.severity == krio::Severity::Error; });
@@ -165,11 +176,8 @@ TEST(DwgDamage, ABrokenObjectMapIsMadeAnewByRecovery) {
 
 TEST(DwgDamage, AnObjectWithAWrongChecksumIsNamedAndLeftOutByRecovery) {
   Bytes bytes = smallDrawing();
-  krio::Report report;
-  krio::dwg::FaultPolicy policy(report, false);
-  krio::dwg::Container container({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, policy);
-  ASSERT_TRUE(container.read());
-  const krio::dwg::MapEntry last = container.map().back();
+  const OuterForm outer(bytes);
+  const krio::dwg::MapEntry last = outer.container.map().back();
   bytes[last.address + 12] ^= std::byte(1);
   const Opened strict(bytes);
   EXPECT_EQ(strict.status, Acad::eDwgObjectImproperlyRead);
@@ -194,17 +202,14 @@ std::size_t entitiesInModelSpace(const AcDbDatabase& database) {
 // The spaces belong to no table then, and a new one without them would lose what they hold in the other form.
 TEST(DwgDamage, ALostTableLosesNoneOfItsRecords) {
   const Bytes whole = smallDrawing();
-  krio::Report report;
-  krio::dwg::FaultPolicy policy(report, false);
-  krio::dwg::Container container({reinterpret_cast<const std::uint8_t*>(whole.data()), whole.size()}, policy);
-  ASSERT_TRUE(container.read());
+  const OuterForm outer(whole);
   const Opened before(whole);
   const AcDbDatabase& drawing = *before.database;
   for (const bool all : {false, true}) {
     Bytes bytes = whole;
     std::vector<AcDbObjectId> lost{drawing.blockTableId()};
     if (all) lost.insert(lost.end(), {drawing.layerTableId(), drawing.linetypeTableId(), drawing.dimStyleTableId()});
-    for (const krio::dwg::MapEntry& entry : container.map()) {
+    for (const krio::dwg::MapEntry& entry : outer.container.map()) {
       const auto isLost = [&](AcDbObjectId id) { return id.handle().value() == entry.handle; };
       if (std::any_of(lost.begin(), lost.end(), isLost)) bytes[entry.address + 3] ^= std::byte(1);
     }
@@ -231,12 +236,9 @@ std::size_t tablesOfBlocks(const AcDbDatabase& database) {
 // them.
 TEST(DwgDamage, DamagedVariablesLoseNothingOfTheDrawing) {
   const Bytes whole = smallDrawing();
-  krio::Report report;
-  krio::dwg::FaultPolicy policy(report, false);
-  krio::dwg::Container container({reinterpret_cast<const std::uint8_t*>(whole.data()), whole.size()}, policy);
-  ASSERT_TRUE(container.read());
-  const std::size_t first = container.variablesPlace();
-  const std::size_t size = container.variables().size();
+  const OuterForm outer(whole);
+  const std::size_t first = outer.container.variablesPlace();
+  const std::size_t size = outer.container.variables().size();
   const Opened before(whole);
   const auto expected = digest(*before.database);
   constexpr std::size_t kStep = 3;  // every bit of every third byte
