@@ -38,6 +38,8 @@ endif()
 if(KR_PCH AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # So that ccache can keep what is made with a precompiled header.
   target_compile_options(kr_flags INTERFACE -fpch-preprocess)
+elseif(KR_PCH AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  target_compile_options(kr_flags INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
 endif()
 # kr_precompile(TARGET HEADER...): a header of its own for the target, compiled once.
 function(kr_precompile target)
