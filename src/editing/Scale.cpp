@@ -61,7 +61,7 @@ void scaleMark(AcDbEntity& entity, const PointScale& scale) {
 }
 
 bool isScale(double factor) {
-  return std::isfinite(factor) && factor > 0;
+  return canBeUndone(factor) && factor > 0;
 }
 
 /// A face-on hole stays round: its measures follow the second factor, whatever the first.

@@ -98,6 +98,8 @@ class Largest {
 
 std::optional<CutTraces::Trace> CutTraces::of(const KrPlanoCorte& cuts, int i) {
   const NoPlano& cut = cuts.GetNo(i);
+  // What a file tells as a plane may have no normal: it bounds nothing.
+  if (cut.plane.normal().isZeroLength()) return std::nullopt;
   AcGePlane plane = cut.plane;
   AcGePoint3d side = cut.side;
   plane.transformBy(frame_);

@@ -55,11 +55,6 @@ AcDbObjectIdArray living(const AcDbObjectIdArray& ids) {
   return kept;
 }
 
-/// Whether something can be shown at a scale: a regeneration divides by it.
-bool isScale(double factor) {
-  return isFinite(factor) && factor != 0;
-}
-
 /// An end of the axis: in a file its level is the point's own.
 void takeEnd(ItemReader& in, AcGePoint3d& end, double& level) {
   AcGePoint3d filed;
@@ -269,7 +264,7 @@ Acad::ErrorStatus KrObject::readLinksAndOutline(AcDbDwgFiler* filer) {
   readIds(in, relativePos_);
   if (in.status() != Acad::eOk) return in.status();
   tipoBarra_ = Barra;
-  return isScale(xScale_) && isScale(yScale_) && isScale(zScale_) ? Acad::eOk : Acad::eInvalidInput;
+  return canBeUndone(xScale_) && canBeUndone(yScale_) && canBeUndone(zScale_) ? Acad::eOk : Acad::eInvalidInput;
 }
 
 Acad::ErrorStatus KrObject::readHoles(AcDbDwgFiler* filer) {

@@ -17,6 +17,11 @@ inline bool isFinite(double number) {
   return std::fabs(number) <= kLargestNumber;
 }
 
+/// A factor whose effect can be undone: a member is drawn at real size and then brought to its scale.
+inline bool canBeUndone(double factor) {
+  return isFinite(factor) && factor != 0 && isFinite(1 / factor);
+}
+
 inline bool isFinite(const AcGePoint2d& p) {
   return isFinite(p.x) && isFinite(p.y);
 }

@@ -35,9 +35,9 @@ Acad::ErrorStatus storeNumber(AcDbObject& object, T& field, const T& value) {
   return isFinite(value) ? store(object, field, value) : Acad::eInvalidInput;
 }
 
-/// The same for a factor of the drawing scale, which is never 0.
+/// The same for a factor of the drawing scale.
 Acad::ErrorStatus storeScale(AcDbObject& object, double& field, double value) {
-  return value != 0 ? storeNumber(object, field, value) : Acad::eInvalidInput;
+  return canBeUndone(value) ? store(object, field, value) : Acad::eInvalidInput;
 }
 
 /// Copies a value out under a read assertion.

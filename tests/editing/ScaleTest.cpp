@@ -186,7 +186,7 @@ TEST(DrawingScale, OfNothingOrNoNumberIsRefused) {
   TestMember member;
   member.make(kAngle, Superior, 1000);
   const lists::Elements before = lists::of(member, Superior);
-  for (const double bad : {0.0, -1.0, std::nan(""), static_cast<double>(INFINITY)}) {
+  for (const double bad : {0.0, -1.0, 5e-310, std::nan(""), static_cast<double>(INFINITY)}) {
     EXPECT_EQ(member.ObjectScale(bad, 1, 1), Acad::eInvalidInput);
     EXPECT_EQ(member.ObjectScale(1, 1, bad), Acad::eInvalidInput);
   }

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "modifiers/CutBar.h"
+#include "object/ElementLists.h"
 #include "profiles/KrChapa.h"
 
 namespace {
@@ -318,6 +319,19 @@ TEST(StoredCut, APlaneAlongTheBarRipsIt) {
   ASSERT_EQ(bar.cutEdges().size(), 1U);
   EXPECT_TRUE(joins(bar.cutEdges()[0], {0, 10, 0}, {1000, 10, 0}));
   EXPECT_DOUBLE_EQ(bar.storedLength(), 1000);
+}
+
+TEST(StoredCut, OfAPlaneWithoutANormalHasNoTraceAndCutsNothing) {
+  CutBar bar;
+  const lists::Elements whole = lists::of(bar, Superior);
+  KrPlanoCorte none;
+  none.Add(AcGePlane(0, 0, 0, 7), {0, 0, -500});
+  bar.addCortes(none, 0);
+  bar.Gera_KrVector();
+  AcGeLine3d trace;
+  AcGePoint3d side;
+  for (const int noTurn : {0, 1}) EXPECT_EQ(bar.GetLinhaCorte(trace, side, 0, noTurn), 0);
+  EXPECT_THAT(lists::of(bar, Superior), lists::Are(whole));
 }
 
 TEST(StoredCut, ThatThrowsTheWholeBarAwayLeavesNoSteel) {

@@ -366,12 +366,12 @@ TEST_F(MemberLayouts, AListThatBreaksOffHasNoHalfReadLast) {
   EXPECT_EQ(ids.length(), 1);
 }
 
-// At a scale of 0 a regeneration would make numbers that are none.
+// At a scale of 0, or so near it that its reciprocal is no number, a regeneration would make numbers that are none.
 TEST_F(MemberLayouts, AFileOfScalesAtWhichNothingCanBeDrawnIsRefused) {
   constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
   constexpr double kEndless = std::numeric_limits<double>::infinity();
   for (double MemberLayout::*const scale : {&MemberLayout::xScale, &MemberLayout::yScale, &MemberLayout::zScale})
-    for (const double bad : {0.0, -0.0, kNone, kEndless}) {
+    for (const double bad : {0.0, -0.0, 5e-310, kNone, kEndless}) {
       MemberLayout layout = MemberLayout::plate();
       for (std::vector<KrVector>& list : layout.lists) list.clear();
       layout.*scale = bad;
