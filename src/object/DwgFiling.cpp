@@ -100,11 +100,12 @@ Acad::ErrorStatus KrObject::dwgOutFields(AcDbDwgFiler* filer) const {
   }
 
   writeIds(filer, relativeObj_);
-  filer->writeInt32(secao_.Qtd());
+  const int lastNode = secao_.lastFiled();
+  filer->writeInt32(secao_.Qtd() != 0 ? lastNode : 0);
   if (secao_.Qtd() != 0) {
     // The reference node goes with the counted ones; an outline that has none gets the one at its frame's origin.
     const NoGeratriz atOrigin{AcGeVector3d(), KrGeratriz::kReferenceBulge};
-    for (int i = 0; i <= secao_.Qtd(); ++i) {
+    for (int i = 0; i <= lastNode; ++i) {
       const NoGeratriz& node = i < secao_.numNodes() ? secao_.GetNo(i) : atOrigin;
       filer->writeVector3d(node.vertex);
       filer->writeDouble(node.bulge);

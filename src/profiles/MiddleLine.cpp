@@ -163,8 +163,8 @@ AcArray<double> strips(const KrGeratriz& line, double espessura) {
 void writeNodes(AcDbDwgFiler* filer, const KrGeratriz& line) {
   // A line that has no origin's node is filed with one: the reader expects it.
   const NoGeratriz none{AcGeVector3d::kIdentity, KrGeratriz::kReferenceBulge};
-  filer->writeInt32(line.Qtd());
-  for (int i = 0; i <= line.Qtd(); ++i) {
+  filer->writeInt32(line.lastFiled());
+  for (int i = 0; i <= line.lastFiled(); ++i) {
     const NoGeratriz& node = i < line.numNodes() ? line.GetNo(i) : none;
     filer->writeVector3d(node.vertex);
     filer->writeDouble(node.bulge);

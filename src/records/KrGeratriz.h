@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "host/ge/ge.h"
@@ -73,6 +74,9 @@ class KrGeratriz {
 
   /// Number of nodes, the reference node too.
   int numNodes() const { return static_cast<int>(nodes_); }
+  /// The count of nodes that a file tells, which is the place of the last one it holds: the number of counted nodes, as
+  /// the reference node stands behind them. More only where several nodes are such, so that each save keeps them all.
+  int lastFiled() const { return std::max(static_cast<int>(qtd_), numNodes() - 1); }
   /// All nodes in a row, the reference node last, if they lie in one piece; else null. A copy of an outline always
   /// does, and so does one that was reserved or has at most `kFirstNodes` nodes.
   const NoGeratriz* data() const { return nodes_ <= firstCapacity_ ? first_ : nullptr; }

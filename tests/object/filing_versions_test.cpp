@@ -243,6 +243,28 @@ TEST_F(MemberLayouts, NoCountOfNodesHasNoReferenceNodeEither) {
   EXPECT_EQ(member.outline().numNodes(), 0);
 }
 
+// Only one can be measured from. A file of several must not lose one at each save.
+TEST_F(MemberLayouts, AnOutlineOfSeveralReferenceNodesKeepsThem) {
+  MemberLayout layout = MemberLayout::plate();
+  layout.outline.insert(layout.outline.begin() + 1, {AcGeVector3d(7, 8, 0), KrGeratriz::kReferenceBulge});
+  TestMember member;
+  ASSERT_EQ(read(member, layout), Acad::eOk);
+  for (int round = 0; round < 2; ++round) {
+    AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+    ASSERT_EQ(member.dwgOutFieldsData(&filer), Acad::eOk);
+    filer.seek(0);
+    TestMember again;
+    ASSERT_EQ(again.dwgInFieldsData(&filer), Acad::eOk);
+    ASSERT_EQ(again.outline().numNodes(), static_cast<int>(layout.outline.size()));
+    for (int i = 0; i < again.outline().numNodes(); ++i) {
+      const MemberLayout::OutlineNode& want = layout.outline[static_cast<std::size_t>(i)];
+      EXPECT_EQ(again.outline().GetVertex(i), want.vertex);
+      EXPECT_EQ(again.outline().GetBulge(i), want.bulge);
+    }
+    member.outline() = again.outline();
+  }
+}
+
 TEST_F(MemberLayouts, WhatNoMemberCanHoldIsRefused) {
   MemberLayout noView = MemberLayout::plate();
   noView.view = static_cast<KrVistas>(4);

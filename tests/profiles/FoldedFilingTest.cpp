@@ -301,6 +301,31 @@ TEST_P(FoldedFiling, DwgOfALineLongerThanItCanCountIsRefused) {
   }
 }
 
+TEST_P(FoldedFiling, DwgOfALineOfSeveralOriginsKeepsThem) {
+  AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
+  MemberLayout layout;
+  layout.version = 2;
+  layout.write(filer);
+  filer.writeInt16(1);
+  for (const double parameter : GetParam().parameters) filer.writeDouble(parameter);
+  constexpr double kOrigin = KrGeratriz::kReferenceBulge;
+  filer.writeInt32(3);
+  for (const double bulge : {0.0, kOrigin, 0.0, kOrigin}) {
+    filer.writeVector3d(AcGeVector3d(100, bulge, 0));
+    filer.writeDouble(bulge);
+  }
+  filer.seek(0);
+  const std::unique_ptr<KrObject> once = GetParam().empty();
+  ASSERT_EQ(once->dwgInFieldsData(&filer), Acad::eOk);
+  AcDbMemoryDwgFiler saved(AcDb::kFileFiler);
+  ASSERT_EQ(once->dwgOutFieldsData(&saved), Acad::eOk);
+  saved.seek(0);
+  const std::unique_ptr<KrObject> twice = GetParam().empty();
+  ASSERT_EQ(twice->dwgInFieldsData(&saved), Acad::eOk);
+  EXPECT_EQ(folded::filedLine(*twice, static_cast<int>(GetParam().parameters.size())).size(), 4U);
+  EXPECT_EQ(ownItemsOf(*twice), ownItemsOf(*once));
+}
+
 TEST_P(FoldedFiling, CopyOfEverythingFilesTheSame) {
   const std::unique_ptr<KrObject> bar = GetParam().make();
   EXPECT_EQ(itemsOf(*GetParam().copy(*bar, 1)), itemsOf(*bar));
