@@ -308,9 +308,9 @@ TEST_P(FoldedFiling, DwgOfALineOfSeveralOriginsKeepsThem) {
   layout.write(filer);
   filer.writeInt16(1);
   for (const double parameter : GetParam().parameters) filer.writeDouble(parameter);
-  constexpr double kOrigin = KrGeratriz::kReferenceBulge;
+  constexpr double kOriginBulge = KrGeratriz::kReferenceBulge;
   filer.writeInt32(3);
-  for (const double bulge : {0.0, kOrigin, 0.0, kOrigin}) {
+  for (const double bulge : {0.0, kOriginBulge, 0.0, kOriginBulge}) {
     filer.writeVector3d(AcGeVector3d(100, bulge, 0));
     filer.writeDouble(bulge);
   }
