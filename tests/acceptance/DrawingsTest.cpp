@@ -536,6 +536,8 @@ TEST_F(Drawings, StayInAFolderThatCannotBeWritten) {
 // Whether the tests run under a sanitizer, where each start of the program takes many times as long.
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool kIsSanitized = true;
+#elif defined(__has_feature)
+constexpr bool kIsSanitized = __has_feature(address_sanitizer);
 #else
 constexpr bool kIsSanitized = false;
 #endif
