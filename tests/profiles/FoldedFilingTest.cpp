@@ -83,6 +83,16 @@ std::vector<Filed> withDxf() {
 }
 
 class FoldedFiling : public testing::TestWithParam<Filed> {};
+
+/// What stands in a file ahead of the middle line of a member that holds no outline.
+void writeAheadOfLine(AcDbMemoryDwgFiler& filer, const Filed& type) {
+  MemberLayout layout;
+  layout.version = 2;
+  layout.write(filer);
+  filer.writeInt16(1);
+  for (const double parameter : type.parameters) filer.writeDouble(parameter);
+}
+
 class FoldedDxf : public testing::TestWithParam<Filed> {};
 
 std::string nameOf(const testing::TestParamInfo<Filed>& info) {
@@ -283,11 +293,7 @@ TEST_P(FoldedFiling, DwgWithAnOutlineKeepsIt) {
 TEST_P(FoldedFiling, DwgOfALineLongerThanItCanCountIsRefused) {
   for (const Adesk::Int32 count : {65535, 65536}) {
     AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
-    MemberLayout layout;
-    layout.version = 2;
-    layout.write(filer);
-    filer.writeInt16(1);
-    for (const double parameter : GetParam().parameters) filer.writeDouble(parameter);
+    writeAheadOfLine(filer, GetParam());
     filer.writeInt32(count);
     for (Adesk::Int32 i = 0; i <= count; ++i) {
       filer.writeVector3d(AcGeVector3d(i, i % 2, 0));
@@ -303,11 +309,7 @@ TEST_P(FoldedFiling, DwgOfALineLongerThanItCanCountIsRefused) {
 
 TEST_P(FoldedFiling, DwgOfALineOfSeveralOriginsKeepsThem) {
   AcDbMemoryDwgFiler filer(AcDb::kFileFiler);
-  MemberLayout layout;
-  layout.version = 2;
-  layout.write(filer);
-  filer.writeInt16(1);
-  for (const double parameter : GetParam().parameters) filer.writeDouble(parameter);
+  writeAheadOfLine(filer, GetParam());
   constexpr double kOriginBulge = KrGeratriz::kReferenceBulge;
   filer.writeInt32(3);
   for (const double bulge : {0.0, kOriginBulge, 0.0, kOriginBulge}) {
